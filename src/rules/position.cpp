@@ -1,0 +1,149 @@
+#include "rules/position.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace tavlon12 {
+
+namespace {
+
+constexpr Long kClassicPieceSum = 40; // what the classic start counts as, although 60 men stand there
+
+/// Material of Black minus that of White, in hundredths of a man, with the men and the sum counted on the way.
+Long CountStart(Position& position) {
+    position.PieceSum = position.WhiteMen = position.BlackMen = 0;
+    Long balance = 0;
+    for (Long cell : position.Board) {
+        if (!IsLivePiece(cell)) continue;
+        position.PieceSum += Magnitude(cell);
+        balance -= cell;
+        if (cell == kMan) ++position.WhiteMen;
+        if (cell == -kMan) ++position.BlackMen;
+    }
+    return balance * 100;
+}
+
+void SetRootBalance(Position& position, Long balance) {
+    position.Tree.PlyValue[0] = position.Tree.GameValue[0] = balance;
+}
+
+void SetRootMaterial(Position& position) {
+    position.Tree.PlyMaterial[0] = position.Tree.GameMaterial[0] = position.PieceSum * 100;
+}
+
+} // namespace
+
+bool IsPromotionSquare(const Position& position, Long side, Long square, Long slots) {
+    const PromotionList& list = PromoSquares(position, side);
+    return std::find(list.begin(), list.begin() + slots, square) != list.begin() + slots;
+}
+
+void AdoptMovements(Position& position) {
+    position.DirTable = DirectionsOf(position.Rules);
+    RecognizeBoardKind(position);
+    ClassifySteps(position);
+}
+
+void RecognizeBoardKind(Position& position) {
+    for (const DirectionRow& row : position.DirTable) {
+        for (Long step : row) {
+            if (step == 1 || step == -1) position.Rules.PiecesOnBlack = 2;
+        }
+    }
+    position.DedupCaptures = position.Rules.LongKings == 1 && position.Rules.PiecesOnBlack == 2;
+}
+
+void ClassifySteps(Position& position) {
+    bool anySideways = false;
+    position.SidewaysStepsOnly = true;
+    for (const DirectionRow& row : position.DirTable) {
+        for (Long step : row) {
+            Long size = std::abs(step);
+            if (size == 1) anySideways = true;
+            if (size != 1 && size != -kEndOfSteps) position.SidewaysStepsOnly = false;
+        }
+    }
+    if (!anySideways) {
+        position.SidewaysManyMen = false;
+    } else if (position.WhiteMen > 12 && position.BlackMen > 12) {
+        position.SidewaysManyMen = true; // with fewer men it stays as it was
+    }
+}
+
+void ShiftPieces(Position& position, bool back) {
+    for (Long row = kFirstRow; row <= kLastRow; ++row) {
+        for (Long column = 1; column < kLastColumn; column += 2) {
+            Long odd = row * kBoardWidth + column;
+            bool toEven = (row % 2 == 0) != back;
+            Long from = toEven ? odd : odd + 1;
+            Long to = toEven ? odd + 1 : odd;
+            if (position.Board[from] == kEmpty) continue;
+            position.Board[to] = std::exchange(position.Board[from], kEmpty);
+        }
+    }
+}
+
+void ShiftPromotions(Position& position) {
+    for (PromotionList* list : {&position.Rules.PromoW, &position.Rules.PromoB}) {
+        for (Long& square : *list) {
+            if (square != kUnusedSlot) square += SquareColourShift(square, position.Rules.PiecesOnBlack).Shift;
+        }
+    }
+}
+
+void MatchPiecesToColour(Position& position) {
+    for (Long index = kFirstSquare; index <= kLastSquare; ++index) {
+        if (!IsLivePiece(position.Board[index])) continue;
+        Long oddSquare = index + SquareColourShift(index, 1).Shift;
+        bool onOdd = IsLivePiece(position.Board[oddSquare]);
+        if (position.Rules.PiecesOnBlack == 0 && onOdd) ShiftPieces(position, false);
+        if (position.Rules.PiecesOnBlack != 0 && !onOdd) ShiftPieces(position, true);
+        return;
+    }
+}
+
+void PlaceClassicStart(Position& position) {
+    position.Board = position.InitialBoard = ClassicStart();
+    position.PieceSum = kClassicPieceSum;
+    SetRootBalance(position, 0);
+}
+
+void PlaceSetup(Position& position, std::string_view digits) {
+    position.Board = position.InitialBoard = ReadPositionString(digits);
+    SetRootBalance(position, CountStart(position));
+}
+
+void FinishNewPosition(Position& position) {
+    RecognizeBoardKind(position);
+    ClassifySteps(position);
+    const RuleSet& rules = position.Rules;
+    // `InitialBoard` keeps the digits as they are written for the other colour.
+    if (rules.PiecesOnBlack == 0) ShiftPieces(position, false);
+    if (rules.PiecesOnBlack < 2 && rules.PiecesOnBlack != position.DefinedRules.PiecesOnBlack) {
+        ShiftPromotions(position);
+    }
+    position.Tree.SideToMove = rules.BlackStarts == 1 ? kBlack : kWhite;
+    SetRootMaterial(position);
+    position.Tree.WhiteOffBoard = position.Tree.BlackOffBoard = rules.ContractNumber;
+    ClearGameTree(position);
+}
+
+void AdoptBoard(Position& position) {
+    position.InitialBoard = position.Board;
+    Long balance = CountStart(position);
+    bool whiteToMove = position.Tree.SideToMove == kWhite;
+    SetRootBalance(position, whiteToMove ? -balance : balance);
+    SetRootMaterial(position);
+    position.Rules.BlackStarts = whiteToMove ? 0 : 1;
+}
+
+void ClearGameTree(Position& position) {
+    GameTree& tree = position.Tree;
+    tree.Ply = tree.TreeIndex = tree.PlyFirstMove[0] = 0;
+    tree.TreeTo.fill(0);
+    tree.TreeLastMan.fill(0);
+    tree.TreeKingMan.fill(0);
+}
+
+} // namespace tavlon12

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "rules/board.h"
+#include "rules/capture_table.h"
+#include "rules/directions.h"
+#include "rules/game_tree.h"
+#include "rules/move_list.h"
+#include "rules/position_key.h"
+#include "rules/rule_set.h"
+
+#include <array>
+#include <string>
+
+namespace tavlon12 {
+
+/// A limit that a generator has passed. The board is whole again; the search unwinds as on a stop.
+struct GeneratorFault {
+    enum class Kind { None, Jumps, Rows, Work } Limit = Kind::None;
+    Long Depth = 0; ///< jumps of the walk when the limit was passed
+    Long Rows = 0;  ///< captures recorded until then
+
+    bool Passed() const { return Limit != Kind::None; }
+};
+
+inline constexpr Long kStopCancel = 1; ///< the user cancelled, or the move list is full
+inline constexpr Long kStopTime = 2;
+
+/// The rules in force and everything that moves change. It is large: keep it on the heap or static.
+struct Position {
+    std::string VariantFile = "Canadian Checkers"; ///< file of the definition, without folder and extension
+    std::string VariantName = "Canadian Checkers"; ///< the name shown
+    RuleSet Rules;                                 ///< as they are played
+    RuleSet DefinedRules;                          ///< as the variant's definition file has them
+    DirectionTable DirTable = DirectionsOf(RuleSet());
+
+    // Follow from the rules and the start position
+    bool DedupCaptures = false;      ///< routes over the same pieces count as one capture
+    bool SidewaysStepsOnly = false;  ///< every step is one cell sideways or along the column
+    bool SidewaysManyMen = false;    ///< sideways steps, and more than 12 men each at the start
+    Long PieceSum = 0;               ///< magnitudes of the start position
+    Long WhiteMen = 0;               ///< men of the start position, when it was counted
+    Long BlackMen = 0;
+    bool CustomSetup = false;        ///< the start position was set by hand, loaded or drawn; a new game keeps it
+
+    BoardCells Board = EmptyBoard();
+    BoardCells InitialBoard = EmptyBoard();
+    GameTree Tree;
+    MoveList Moves{};
+    KillerMoves Killers{};
+    BestLineTable BestLine{};
+    std::array<PositionKey, kTreeSize> PositionKeys{}; ///< entry i: the placement after half-move i + 1
+
+    bool LastCapAnyPly = false; ///< the rule on the piece moved last also holds below the root
+    Long StopFlag = 0;
+    GeneratorFault Fault;
+    CaptureTable Captures;     ///< of the last call of `GenerateMoves`
+    CaptureTable ScanCaptures; ///< of the evaluation's move scan
+};
+
+/// Promotion squares of a side's men, as the rules in force have them.
+inline const PromotionList& PromoSquares(const Position& position, Long side) {
+    return side == kWhite ? position.Rules.PromoW : position.Rules.PromoB;
+}
+
+/// Whether a square is among the first `slots` promotion squares of a side.
+bool IsPromotionSquare(const Position& position, Long side, Long square, Long slots = kPromotionSlots);
+
+/// Takes over the steps of the rules: `DirTable` anew, then `RecognizeBoardKind` and `ClassifySteps`.
+void AdoptMovements(Position& position);
+
+/// A step of +1 or -1 makes all squares playable; flying kings on such a board make `DedupCaptures` 1.
+void RecognizeBoardKind(Position& position);
+
+/// Sets `SidewaysStepsOnly` and `SidewaysManyMen` from the steps and the men of the start.
+void ClassifySteps(Position& position);
+
+/// Moves every piece between the two squares of its column pair: `back` false from row + column odd to even, true the reverse.
+void ShiftPieces(Position& position, bool back);
+
+/// Moves each used promotion slot onto the playing colour.
+void ShiftPromotions(Position& position);
+
+/// Brings the pieces onto the playing colour after the rule on colour has changed.
+void MatchPiecesToColour(Position& position);
+
+/// The first three steps of a new game but the reading of the definition: the classic start on `Board` and `InitialBoard`, with
+/// a balance of 0 and the material sum 40 that such a start has.
+void PlaceClassicStart(Position& position);
+
+/// What a definition's `Setup` line gives: the digits on `Board` and `InitialBoard`, the men and the sum counted, the balance of
+/// the root seen from Black.
+void PlaceSetup(Position& position, std::string_view digits);
+
+/// The last two steps of a new game: the pieces and promotion squares onto the playing colour, the side to move from
+/// `BlackStarts`, the tree empty, the material of the root.
+void FinishNewPosition(Position& position);
+
+/// Makes the board, set by hand or drawn, the start of a game: `InitialBoard`, counts, balance and `BlackStarts` follow.
+void AdoptBoard(Position& position);
+
+/// Empties plies and half-moves; the side to move, the balance and the pieces off the board stay.
+void ClearGameTree(Position& position);
+
+} // namespace tavlon12

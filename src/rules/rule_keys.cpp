@@ -1,0 +1,126 @@
+#include "rules/rule_keys.h"
+
+#include "rules/notation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace tavlon12 {
+
+namespace {
+
+// The column at the end: whether a value unlike the definition's marks the variant as modified.
+const RuleKey kRuleKeys[] = {
+    {"MulJumps", &RuleSet::MulJumps, "Multiple captures in one move mandatory", true},
+    {"MaxCapMove", &RuleSet::MaxCapMove, "Move with most captures mandatory", true},
+    {"MaxCapMoveKings", &RuleSet::MaxCapMoveKings, "If even capture most Kings", true},
+    {"MaxCapMoveK", &RuleSet::MaxCapMoveK, "Finish a started capture move", true},
+    {"CapRequired", &RuleSet::CapRequired, "Captures mandatory", true},
+    {"KingCapMove", &RuleSet::KingCapMove, "Capture with King mandatory", true},
+    {"LastCap", &RuleSet::LastCap, "Capture last moved piece mandatory", true},
+    {"ManCapKing", &RuleSet::ManCapKing, "Man can capture King", true},
+    {"ManContJump", &RuleSet::ManContJump, "Man must continue jumping at last rank", true},
+    {"ManContJumpCrowned", &RuleSet::ManContJumpCrowned, "if yes promote to King", true},
+    {"ManCapMoveKing", &RuleSet::ManCapMoveKing, "Man move like a flying King when jumping", true},
+    {"LongKings", &RuleSet::LongKings, "Kings can move multiple squares", true},
+    {"KingFirst", &RuleSet::KingFirst, "Land on 1st square after last jumped piece", true},
+    {"CapReverse", &RuleSet::CapReverse, "Kings can reverse direction in capture", true},
+    {"RemovePieces", &RuleSet::RemovePieces, "Remove captured pieces after move", true},
+    {"JumpFriend", &RuleSet::JumpFriend, "Men can jump own pieces", true},
+    {"NumberFriends", &RuleSet::NumberFriends, "# pieces:", false},
+    {"KingMan", &RuleSet::KingMan, "King becomes Man after capturing", true},
+    {"ManKing", &RuleSet::ManKing, "Last Man becomes King", true},
+    {"ChangeSide", &RuleSet::ChangeSide, "Promoted Men change color", true},
+    {"BlackStarts", &RuleSet::BlackStarts, "Black begins", true},
+    {"RndColor", &RuleSet::RndColor, "Random", true},
+    {"PiecesOnBlack", &RuleSet::PiecesOnBlack, "Bottom left square is black", true},
+    {"AntiMode", &RuleSet::AntiMode, "Anti Mode", true},
+    {"WinAtPromo", &RuleSet::WinAtPromo, "Win when King returns", true},
+    {"KingWin", &RuleSet::KingWin, "Win when player gets first King", true},
+    {"NoLegalDraw", &RuleSet::NoLegalDraw, "Draw when no moves but pieces", true},
+    {"NumberPieces", &RuleSet::NumberPieces, "Loose when less than # pieces:", true},
+    {"ThreeKings", &RuleSet::ThreeKings, "Draw with 3 Kings versus 1 King", true},
+    {"NumberKings", &RuleSet::NumberKings, "After # moves:", true},
+    {"TwoKings", &RuleSet::TwoKings, "Draw with 2 Kings versus 1 King", true},
+    {"NumberKings2", &RuleSet::NumberKings2, "After # moves:", true},
+    {"RemoveMen", &RuleSet::RemoveMen, "Remove Men", true},
+    {"NumberMen", &RuleSet::NumberMen, "", true},
+    {"DoMoves", &RuleSet::DoMoves, "Automatic Moves", true},
+    {"NumberMoves", &RuleSet::NumberMoves, "", true},
+    {"canContract", &RuleSet::canContract, "Start with pieces off the board", true},
+    {"ContractNumber", &RuleSet::ContractNumber, "# pieces:", true},
+    {"ContractW1", &RuleSet::ContractW1, "White First Row:", true},
+    {"ContractW2", &RuleSet::ContractW2, "White Last Row:", true},
+    {"ContractB1", &RuleSet::ContractB1, "Black First Row:", true},
+    {"ContractB2", &RuleSet::ContractB2, "Black Last Row:", true},
+    {"PromoW", &RuleSet::PromoW, "White:", true},
+    {"PromoB", &RuleSet::PromoB, "Black:", true},
+    {"WhiteManMovement", &RuleSet::WhiteManMovement, "White Man:", true},
+    {"BlackManMovement", &RuleSet::BlackManMovement, "Black Man:", true},
+    {"WhiteKingMovement", &RuleSet::WhiteKingMovement, "White King:", true},
+    {"BlackKingMovement", &RuleSet::BlackKingMovement, "Black King:", true},
+    {"Setup", &RuleSet::Setup, "", false},
+};
+
+template <typename Number>
+bool ReadNumber(std::string_view text, Number& value) {
+    double number = std::nearbyint(ParseNumber(text)); // ties to even
+    if (number < std::numeric_limits<Number>::min() || number > std::numeric_limits<Number>::max()) return false;
+    value = static_cast<Number>(number);
+    return true;
+}
+
+bool ReadValue(std::string_view text, Byte& value) {
+    return ReadNumber(text, value);
+}
+
+bool ReadValue(std::string_view text, Long& value) {
+    return ReadNumber(text, value);
+}
+
+bool ReadValue(std::string_view text, PromotionList& value) {
+    value = ReadPromotionList(text);
+    return true;
+}
+
+bool ReadValue(std::string_view text, std::string& value) {
+    value = text;
+    return true;
+}
+
+} // namespace
+
+std::span<const RuleKey> RuleKeys() {
+    return kRuleKeys;
+}
+
+const RuleKey* FindRuleKey(std::string_view name) {
+    auto found = std::ranges::find(kRuleKeys, name, &RuleKey::Name);
+    return found == std::end(kRuleKeys) ? nullptr : found;
+}
+
+bool SetRuleValue(RuleSet& rules, const RuleKey& key, std::string_view text) {
+    return std::visit([&](auto member) { return ReadValue(text, rules.*member); }, key.Member);
+}
+
+PromotionList ReadPromotionList(std::string_view text) {
+    PromotionList list;
+    for (Long& slot : list) {
+        Long square = SquareNumber(text.substr(0, 2), kAlgebraic, 1); // the colour plays no part in algebraic text
+        slot = square == 0 ? kUnusedSlot : square;
+        text.remove_prefix(std::min<std::size_t>(2, text.size()));
+    }
+    return list;
+}
+
+std::string PromotionListText(const PromotionList& list) {
+    std::string text;
+    for (Long square : list) {
+        if (square != kUnusedSlot) text += UpperCase(SquareNotation(square, Padding::Blank, kAlgebraic));
+    }
+    return text;
+}
+
+} // namespace tavlon12
