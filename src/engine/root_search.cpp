@@ -1,0 +1,275 @@
+#include "engine/root_search.h"
+
+#include "engine/evaluate.h"
+#include "engine/position_memory.h"
+#include "rules/make_move.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstdlib>
+#include <limits>
+#include <optional>
+
+namespace tavlon12 {
+
+// How the root search works.
+//
+// The position is searched again and again, each iteration one ply deeper, until the limit of depth or time is reached.
+// What one iteration learns makes the next one quick: the best move is searched first, and the best line found leads
+// the order of moves at every ply.
+//
+// A search answers fastest when it is only asked whether a score lies in a narrow window (alpha, beta). So from the
+// second iteration on the first move gets a window of 100 on either side of the last score, the aspiration window. When
+// its score falls outside, the move is searched again, with the window opened on that side.
+//
+// After that the first move's score is the one to beat, and a later move is only asked whether it beats it: the window
+// is alpha to alpha + 1, in which no exact score fits (a null window). Nearly always the answer is no, and cheap. When
+// it is yes the move is searched again, with the window opened upwards, and if it is still better it becomes the new
+// best: it goes to the front of the list, so that the next iteration begins with it.
+//
+// Two more things happen at a root move. One that repeats a position of the game is worth a draw. And where the line
+// below a best move is suspiciously short, because a narrow window was left at once, the move is looked at one ply
+// deeper.
+//
+// Time is looked at only between root moves. When it is up, the iteration may still be finished if the best score has
+// fallen by more than half a man since the last one: then a better move may be yet to come.
+
+namespace {
+
+constexpr Long kAspirationMargin = 100;
+constexpr Long kMateLike = 30001; // an alpha at or beyond this comes from a forced end, or is the open window
+constexpr Long kFallingScore = 50;
+constexpr Long kDeepenFromIteration = 3;
+constexpr Long kShortLine = 3; // a best line with fewer moves, the root move included, is short
+constexpr Long kLazyMarginGrowth = 10;
+constexpr Long kDeepenAlways = std::numeric_limits<Long>::min();
+constexpr Long kSecondsPerDay = 86400;
+
+enum class Flow { GoesOn, Aborted };
+
+/// A root search under way.
+struct RootSearch {
+    Position& Pos;
+    SearchState& Search;
+    const RootSearchInput& Input;
+    const RootSearchHooks& Hooks;
+    RootMoveTable& Scores;
+    RootSearchResult Result;
+    const Long FirstSlot;
+    const Long MoveTotal;
+    const Long RootTreeIndex;
+
+    Long Iteration = 0;
+    Long Alpha = -kWin;
+    Long Beta = kWin;
+    Long PrevScore = 0;                 ///< of the best move at the end of the last iteration
+    std::optional<Long> EarlierScore{}; ///< of the root move under search, before its short line was deepened
+
+    RootSearch(Position& position, SearchState& search, const RootSearchInput& input, const RootSearchHooks& hooks,
+               RootMoveTable& moves)
+        : Pos(position), Search(search), Input(input), Hooks(hooks), Scores(moves), Result{input.LastScore, 0},
+          FirstSlot(position.Tree.PlyFirstMove[0]), MoveTotal(position.Tree.PlyFirstMove[1] - FirstSlot),
+          RootTreeIndex(position.Tree.TreeIndex) {}
+
+    void FillScores();
+    void Deepen();
+    void SetWindow();
+    void SearchMoves();
+    Flow SearchMoveAt(Long index);
+    Flow SearchFirst(Long& score);
+    Flow SearchLater(Long index, Long& score, bool& newBest);
+    Flow SearchAgain(Long index, Long& score, Long deepensAbove);
+    void NoteRepetition();
+    void SearchRootMove(Long& score);
+    void DeepenShortLine(Long index, Long& score);
+    void RecordBest(Long index, Long score);
+    void MoveToFront(Long index);
+    void ShowProgress();
+
+    Flow AfterTakeBack() const {
+        return std::abs(Alpha) < kMateLike && Search.SearchAborted ? Flow::Aborted : Flow::GoesOn;
+    }
+    Long Elapsed() const { return ElapsedSeconds(Input.StartTime, Hooks.Seconds()); }
+    bool TimeIsUp() const { return Input.StopsByTime && Elapsed() >= Input.TimeLimit; }
+    void StopOnTime() {
+        Pos.StopFlag = kStopTime;
+        Search.SearchAborted = true;
+    }
+};
+
+void RootSearch::FillScores() {
+    Scores.fill(RootMove());
+    for (Long index = 0; index < MoveTotal; ++index) {
+        const MoveRecord& move = Pos.Moves[FirstSlot + index];
+        Scores[index].From = move.From;
+        Scores[index].To = move.To;
+    }
+}
+
+void RootSearch::Deepen() {
+    for (Iteration = 1; Iteration <= Input.DepthLimit; ++Iteration) {
+        Hooks.IterationStarted(Iteration);
+        SetWindow();
+        Search.ExtensionLimit = Iteration + Search.Options.Plys;
+        SearchMoves();
+        Search.RepeatCount = 0;
+        if (TimeIsUp()) StopOnTime();
+        if (Search.SearchAborted) return;
+        PrevScore = Result.LastScore;
+        Hooks.IterationFinished(Iteration);
+    }
+}
+
+void RootSearch::SetWindow() {
+    if (Iteration == 1) {
+        Alpha = -kWin;
+        Beta = kWin;
+    } else {
+        Beta = Alpha + kAspirationMargin;
+        Alpha -= kAspirationMargin;
+    }
+}
+
+void RootSearch::SearchMoves() {
+    for (Long index = 0; index < MoveTotal; ++index) {
+        if (SearchMoveAt(index) == Flow::Aborted || Search.SearchAborted) return;
+    }
+}
+
+Flow RootSearch::SearchMoveAt(Long index) {
+    const Long slot = FirstSlot + index;
+    EarlierScore.reset();
+
+    // 1. Announce the move
+    Pos.BestLine[0][0].From = 0;
+    Hooks.MoveStarted(Iteration, slot);
+
+    // 2. Its first search, in the window as it stands
+    Long score;
+    PerformMove(Pos, slot);
+    NoteRepetition();
+    SearchRootMove(score);
+    if (index == 0) DeepenShortLine(index, score);
+    TakeBackMove(Pos, slot);
+    if (AfterTakeBack() == Flow::Aborted) return Flow::Aborted;
+
+    // 3. Further searches where the score lies outside the window
+    bool newBest = false;
+    Flow flow = index == 0 ? SearchFirst(score) : SearchLater(index, score, newBest);
+    if (flow == Flow::Aborted) return Flow::Aborted;
+
+    // 4. Progress and time
+    ShowProgress();
+
+    // 5. Keep the score: a move looked at more closely keeps the score that can be compared with those of the others
+    Scores[newBest ? 0 : index].Score = EarlierScore.value_or(newBest ? Alpha : score);
+    return Flow::GoesOn;
+}
+
+/// The first move: whatever its score, it is the best so far.
+Flow RootSearch::SearchFirst(Long& score) {
+    if (score >= Beta) {
+        Alpha = score;
+        Beta = kWin;
+        if (SearchAgain(0, score, kDeepenAlways) == Flow::Aborted) return Flow::Aborted;
+    }
+    if (score < Alpha) {
+        Alpha = -kWin;
+        Beta = score;
+        if (SearchAgain(0, score, kDeepenAlways) == Flow::Aborted) return Flow::Aborted;
+    }
+    RecordBest(0, score);
+    return Flow::GoesOn;
+}
+
+/// A later move: only one that beats the best score twice, in the null window and in the opened one, becomes the best.
+/// One that fails the second time leaves the window as it has opened it.
+Flow RootSearch::SearchLater(Long index, Long& score, bool& newBest) {
+    if (score <= Alpha) return Flow::GoesOn;
+    const Long old = Alpha;
+    Alpha = score;
+    Beta = kWin;
+    if (SearchAgain(index, score, old) == Flow::Aborted) return Flow::Aborted;
+    if (score <= old) return Flow::GoesOn;
+    newBest = true;
+    RecordBest(index, score);
+    return Flow::GoesOn;
+}
+
+Flow RootSearch::SearchAgain(Long index, Long& score, Long deepensAbove) {
+    PerformMove(Pos, FirstSlot + index);
+    SearchRootMove(score);
+    if (score > deepensAbove) DeepenShortLine(index, score);
+    TakeBackMove(Pos, FirstSlot + index);
+    return AfterTakeBack();
+}
+
+/// A root move that repeats a position of the game, and any move once the move limit has passed, is scored as a draw.
+void RootSearch::NoteRepetition() {
+    Search.RepeatCount = FindRepetition(Pos, RootTreeIndex - 1).RepeatCount;
+    if (Search.RepeatCount == 0 && Input.MoveLimitHit) Search.RepeatCount = 1;
+}
+
+void RootSearch::SearchRootMove(Long& score) {
+    score = -RunSearch(Input.Member, Pos, Search, -Beta, -Alpha, Iteration - 1);
+    if (Search.RepeatCount >= 1) score = 0;
+}
+
+void RootSearch::DeepenShortLine(Long index, Long& score) {
+    if (!Input.DeepensShortLines || Iteration < kDeepenFromIteration || BestLineLength(Pos) >= kShortLine) return;
+    Hooks.DeepeningStarted(Iteration, FirstSlot + index);
+    EarlierScore = score;
+    const bool fullWindow = DeepensWithFullWindow(Input.Member);
+    score = -RunSearch(Input.Member, Pos, Search, fullWindow ? -kWin : -Beta, fullWindow ? kWin : -Alpha, Iteration);
+    if (Search.RepeatCount >= 1) score = 0;
+
+    if (Pos.Tree.PlyValue[Pos.Tree.Ply] != 0) {
+        Search.LazyMargin += kLazyMarginGrowth;
+        if (Pos.SidewaysManyMen) Search.BackRankOn = false;
+    }
+}
+
+void RootSearch::RecordBest(Long index, Long score) {
+    Alpha = score;
+    Beta = Alpha + 1;
+    Result = {score, Iteration};
+    StoreBestLine(Pos, FirstSlot + index); // reads the record, so before it moves
+    MoveToFront(index);
+    Hooks.BestFound(Iteration, FirstSlot, score);
+}
+
+/// The moves before it go one place up and keep their order.
+void RootSearch::MoveToFront(Long index) {
+    auto first = Pos.Moves.begin() + FirstSlot;
+    std::rotate(first, first + index, first + index + 1);
+    std::rotate(Scores.begin(), Scores.begin() + index, Scores.begin() + index + 1);
+}
+
+void RootSearch::ShowProgress() {
+    if (!Input.StopsByTime) {
+        Hooks.MoveFinished();
+        return;
+    }
+    const Long elapsed = Elapsed();
+    Hooks.TimePassed(std::clamp(elapsed, 0, Input.TimeLimit));
+    if (elapsed >= Input.TimeLimit && Result.LastScore >= PrevScore - kFallingScore) StopOnTime();
+}
+
+} // namespace
+
+Long ElapsedSeconds(Long start, Long now) {
+    return now < start ? now - start + kSecondsPerDay : now - start;
+}
+
+RootSearchResult SearchRoot(Position& position, SearchState& search, const RootSearchInput& input,
+                            const RootSearchHooks& hooks, RootMoveTable& moves) {
+    assert(position.Tree.Ply == 0);
+    RootSearch root(position, search, input, hooks, moves);
+    assert(root.MoveTotal >= 0 && root.FirstSlot + root.MoveTotal < kMoveSlots);
+    root.FillScores();
+    root.Deepen();
+    position.Tree.NextMoveSlot = root.FirstSlot + root.MoveTotal; // the list holds the root moves alone again
+    return root.Result;
+}
+
+} // namespace tavlon12

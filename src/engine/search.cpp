@@ -1,0 +1,221 @@
+#include "engine/search.h"
+
+#include "engine/evaluate.h"
+#include "engine/position_memory.h"
+#include "rules/generate_moves.h"
+#include "rules/make_move.h"
+
+#include <array>
+#include <cassert>
+#include <iterator>
+#include <utility>
+
+namespace tavlon12 {
+
+// All members of the family are one negamax search with alpha-beta. What tells them apart stands in a table that is
+// read at compile time, so that each member becomes a procedure of its own with its generator and evaluation called
+// directly, and nothing is chosen at a node.
+//
+// Below depth 0 only captures are searched, down to the member's floor: there the side to move may also stand pat on
+// the static value. Captures and promotions near the window, and positions lost by the pieces, are searched a ply
+// deeper.
+
+namespace {
+
+enum class Generator { General };
+enum class Evaluator { General };
+
+/// The value of a node where the side to move has no move, at a depth above 0.
+enum class NoMove {
+    Loses,      ///< -32000, which the parent turns into a win that shrinks with the distance
+    LosesByPly, ///< -(31999 - ply)
+    Wins,       ///< 31999 - ply
+};
+
+using enum SearchMember;
+using enum NoMove;
+
+struct MemberTraits {
+    SearchMember Member;
+    Generator Moves;
+    Evaluator Value;
+    Long DepthFloor;     ///< the lowest depth at which captures are still searched
+    bool UnwindsAtEntry; ///< returns at once after any abort, otherwise only when a limit has been passed
+    bool StopsOnTime;    ///< stops on any stop flag, not only on a cancel
+    bool KnowsBruteForce;
+    bool ExtendsBelowZero; ///< extends captures and promotions also below depth 0
+    NoMove WithoutMoves;
+    bool DeepensWithFullWindow;
+};
+
+// clang-format off
+constexpr MemberTraits kMembers[] = {
+    // member                generator           evaluation         floor entry  time   brute  below0 no move     window
+    {SearchGeneral,          Generator::General, Evaluator::General, -4,  true,  true,  true,  true,  Loses,      false},
+    {SearchAnti,             Generator::General, Evaluator::General, -4,  true,  true,  true,  false, Wins,       true},
+    {SearchGoal,             Generator::General, Evaluator::General, -4,  true,  true,  true,  true,  LosesByPly, false},
+    {ScoreGeneral,           Generator::General, Evaluator::General, -1,  false, false, false, true,  Loses,      false},
+    {ScoreGeneralAllSquares, Generator::General, Evaluator::General,  0,  false, false, false, true,  Loses,      false},
+    {ScoreAnti,              Generator::General, Evaluator::General, -1,  false, false, false, true,  Wins,       false},
+    {ScoreAntiAllSquares,    Generator::General, Evaluator::General,  0,  false, false, false, true,  Wins,       false},
+};
+// clang-format on
+
+constexpr const MemberTraits& TraitsOf(SearchMember member) {
+    return kMembers[static_cast<std::size_t>(member)];
+}
+
+constexpr bool MembersStandInOrder() {
+    for (std::size_t i = 0; i < std::size(kMembers); ++i) {
+        if (kMembers[i].Member != static_cast<SearchMember>(i)) return false;
+    }
+    return true;
+}
+static_assert(MembersStandInOrder());
+
+template <Generator generator> void Generate(Position& position, Long mode) {
+    if constexpr (generator == Generator::General) GenerateMoves(position, mode);
+}
+
+template <Evaluator evaluator> Long StaticValue(Position& position, SearchState& search, Long alpha, Long beta) {
+    if constexpr (evaluator == Evaluator::General) {
+        return Evaluate(position, search, alpha, beta, position.Tree.SideToMove);
+    }
+}
+
+template <NoMove kind> Long ValueWithoutMoves(Long ply) {
+    if constexpr (kind == Loses) return -kWin;
+    Long distant = kWin - 1 - ply;
+    return kind == Wins ? distant : -distant;
+}
+
+/// Whether the node is searched one ply deeper than its depth says.
+template <SearchMember member>
+bool Extends(const Position& position, const SearchState& search, Long value, Long alpha, Long beta, Long depth) {
+    const GameTree& tree = position.Tree;
+    const SearchOptions& options = search.Options;
+    Long reach = tree.Ply + depth;
+    if (search.LostFlag && reach < search.ExtensionLimit + 1) return true;
+    if (!TraitsOf(member).ExtendsBelowZero && depth < 0) return false;
+    return tree.PlyForcing[tree.Ply] == 1 && options.ExtendedSearch == 1 && tree.Ply >= 2 &&
+           reach < search.ExtensionLimit && value >= alpha - options.Balance && value <= beta + options.Balance;
+}
+
+template <SearchMember member> Long Search(Position& position, SearchState& search, Long alpha, Long beta, Long depth) {
+    constexpr const MemberTraits& traits = TraitsOf(member);
+    GameTree& tree = position.Tree;
+    const Long ply = tree.Ply;
+    assert(ply >= 0 && ply <= kMaxPly);
+    assert(tree.PlyFirstMove[ply] >= 0 && tree.PlyFirstMove[ply] < kMoveSlots);
+
+    // 1. Let events be processed
+    ++search.NodeCount;
+    search.Yield();
+    if (search.SearchAborted && (traits.UnwindsAtEntry || position.Fault.Passed())) return 0;
+
+    // 2. No best line yet
+    position.BestLine[ply][ply].From = 0;
+
+    // 3. Static value and extension
+    const Long value = StaticValue<traits.Value>(position, search, alpha, beta);
+    if (Extends<member>(position, search, value, alpha, beta, depth)) ++depth;
+
+    // 4. A won position, or the end of the search. The last ply of the stacks ends it too: it lies beyond any depth
+    // that the limits allow.
+    if (value == kWin - ply || depth < traits.DepthFloor || ply >= kMaxPly) return value;
+
+    // 5. Stand pat
+    const bool bruteForce = traits.KnowsBruteForce && search.Options.BruteForce != 0;
+    if (value >= beta && depth + (search.LostFlag ? 1 : 0) <= 1 && !bruteForce) return value;
+
+    // 6. Moves: all of them above depth 0, captures alone below
+    Long best;
+    if (depth > 0) {
+        Generate<traits.Moves>(position, 0);
+        if (MoveCount(tree) == 0) Generate<traits.Moves>(position, 1);
+        best = -kWin;
+    } else {
+        Generate<traits.Moves>(position, depth);
+        best = value;
+    }
+
+    // 7. No move
+    if (MoveCount(tree) == 0 && depth > 0) best = ValueWithoutMoves<traits.WithoutMoves>(ply);
+
+    // 8. Stopped from outside, by a full move list or by a limit of the generator
+    if (traits.StopsOnTime ? position.StopFlag != 0 : position.StopFlag == kStopCancel) {
+        search.SearchAborted = true;
+        position.StopFlag = 0;
+        return 0;
+    }
+
+    // 9. The moves, the best of them first
+    for (Long slot = NextBestMove(position); slot >= 0; slot = NextBestMove(position)) {
+        PerformMove(position, slot);
+        const Long score = -Search<member>(position, search, -beta, -alpha, depth - 1);
+        TakeBackMove(position, slot);
+        assert(tree.Ply == ply);
+
+        if (score > best) best = score;
+        if (score >= beta) {
+            if (depth > 0) StoreBestLine(position, slot);
+            if (!bruteForce) {
+                StoreKiller(position, slot);
+                break;
+            }
+        }
+        if (score > alpha) {
+            if (depth > 0) StoreBestLine(position, slot);
+            alpha = score;
+        }
+    }
+
+    // 10. A win by the opponent's lack of moves counts its distance from here on
+    return best == kWin ? kWin - 1 - ply : best;
+}
+
+using SearchProcedure = Long (*)(Position&, SearchState&, Long, Long, Long);
+
+template <std::size_t... members>
+constexpr std::array<SearchProcedure, sizeof...(members)> ProceduresOf(std::index_sequence<members...>) {
+    return {&Search<static_cast<SearchMember>(members)>...};
+}
+
+constexpr auto kProcedures = ProceduresOf(std::make_index_sequence<std::size(kMembers)>());
+
+constexpr Long kUserMoveDepth = 3;
+
+} // namespace
+
+SearchMember SearchMemberOf(const Position& position, const SearchState&) {
+    const RuleSet& rules = position.Rules;
+    if (rules.AntiMode == 1) return SearchAnti;
+    return rules.WinAtPromo != 1 && rules.KingWin != 1 ? SearchGeneral : SearchGoal;
+}
+
+SearchMember ScoreMemberOf(const Position& position, const SearchState&) {
+    bool allSquares = position.Rules.PiecesOnBlack == 2;
+    if (position.Rules.AntiMode == 1) {
+        return allSquares ? ScoreAntiAllSquares : ScoreAnti;
+    }
+    return allSquares ? ScoreGeneralAllSquares : ScoreGeneral;
+}
+
+bool DeepensWithFullWindow(SearchMember member) {
+    return TraitsOf(member).DeepensWithFullWindow;
+}
+
+Long RunSearch(SearchMember member, Position& position, SearchState& search, Long alpha, Long beta, Long depth) {
+    return kProcedures[static_cast<std::size_t>(member)](position, search, alpha, beta, depth);
+}
+
+Long ScoreUserMove(Position& position, SearchState& search) {
+    return ScoreAtDepth(position, search, kUserMoveDepth);
+}
+
+Long ScoreAtDepth(Position& position, SearchState& search, Long depth) {
+    if (position.Rules.PiecesOnBlack == 2) --depth;
+    return -RunSearch(ScoreMemberOf(position, search), position, search, -kWin, kWin, depth);
+}
+
+} // namespace tavlon12

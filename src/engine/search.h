@@ -1,0 +1,36 @@
+#pragma once
+
+#include "engine/search_state.h"
+#include "rules/position.h"
+
+namespace tavlon12 {
+
+/// The members of the search family. Search members choose moves, Score members only give a score.
+enum class SearchMember {
+    SearchGeneral,
+    SearchAnti,
+    SearchGoal,
+    ScoreGeneral,
+    ScoreGeneralAllSquares,
+    ScoreAnti,
+    ScoreAntiAllSquares,
+};
+
+/// The member that searches moves under these rules, and the one that scores positions.
+SearchMember SearchMemberOf(const Position& position, const SearchState& search);
+SearchMember ScoreMemberOf(const Position& position, const SearchState& search);
+
+/// Whether the line below a winning root move is looked at again with an open window.
+bool DeepensWithFullWindow(SearchMember member);
+
+/// The value of the position for the side to move, by negamax with alpha-beta on the board in place. After a stop
+/// `SearchAborted` is set and the value means nothing.
+Long RunSearch(SearchMember member, Position& position, SearchState& search, Long alpha, Long beta, Long depth);
+
+/// The score of the position for the side that has just moved, at the depth for a person's move.
+Long ScoreUserMove(Position& position, SearchState& search);
+
+/// The same at a given depth, one less for the general member where all squares are used.
+Long ScoreAtDepth(Position& position, SearchState& search, Long depth);
+
+} // namespace tavlon12

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "engine/search_options.h"
+#include "rules/board.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <random>
+
+namespace tavlon12 {
+
+/// What the evaluation reads beside the position; built anew whenever a rule set comes into force.
+struct EvaluationTables {
+    std::array<std::array<Long, kBoardCells>, 2> SquareValue{};   ///< by side, then square
+    std::array<std::array<Long, kBoardCells>, 2> PromotionCone{}; ///< 1 where a man of the side can still promote
+    bool ConesMatter = false;  ///< some square lies outside the cones
+    bool PromoEven = false;    ///< both sides have as many promotion squares
+    Long PromoCountMax = -1;   ///< the larger number of used promotion slots, minus 1
+    bool ClosenessOn = true;   ///< neither winning square rule is on
+    Long VariantFamily = 0;    ///< 0 general, 1 American, 2 Italian, 3 German, 4 Russian
+};
+
+/// The search's own state: tables, margins, flags, the random source, the node count and the hook to the event loop.
+struct SearchState {
+    EvaluationTables Tables;
+    SearchOptions Options;
+
+    Long WhiteMenThreshold = 6;
+    Long BlackMenThreshold = 6;
+    Long LazyMargin = 150; ///< only grows while the program runs
+    Long NoiseRange = 0;   ///< amplitude of the random term
+    bool BackRankOn = true;
+    Long RepeatCount = 0; ///< above 0 while a root move that repeats the game is searched
+
+    bool LostFlag = false;    ///< the last evaluation found its side lost by the pieces or the winning squares
+    bool NoMovesDraw = false; ///< it found the side to move without moves where that is a draw
+    bool SearchAborted = false;
+    Long ExtensionLimit = 0; ///< plies from the root beyond which nothing is extended
+    std::uint64_t NodeCount = 0; ///< calls of search members since it was last set to 0
+
+    std::mt19937 Random{1};
+    std::function<void()> Yield = [] {}; ///< called at each node
+};
+
+} // namespace tavlon12

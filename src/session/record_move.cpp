@@ -1,0 +1,43 @@
+#include "session/record_move.h"
+
+#include "session/move_texts.h"
+#include "session/navigation.h"
+
+namespace tavlon12 {
+
+void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
+    GameTree& tree = session.Pos.Tree;
+    GameRecord& record = session.Record;
+    UiPort& port = session.Port;
+    const Long halfMove = tree.TreeIndex;
+
+    ForgetFuture(session);
+    // After going back the line of the half-move that is replaced still stands.
+    for (Long count = port.ListCount(ListId::List1); count >= halfMove; --count)
+        port.ListRemove(ListId::List1, count - 1);
+
+    record.MoveHistory[halfMove] = entry.Move;
+    record.MoveHistory[halfMove + 1].From = 0;
+    record.MoveComments[halfMove].clear();
+    record.MoveScores[halfMove] = entry.Score;
+    record.MoveChoices[halfMove] = entry.Choices;
+    record.LastMoveIndex = halfMove;
+    tree.GameValue[halfMove] = tree.PlyValue[tree.Ply];
+    tree.GameMaterial[halfMove] = tree.PlyMaterial[tree.Ply];
+
+    auto& row = record.GameRows[RowOfHalfMove(halfMove)];
+    row[TextColumn(halfMove)] = session.MoveText.MoveTextKey + " " + session.MoveText.MoveTextShown;
+    row[KindColumn(halfMove)] = entry.Kind;
+    row[kStrengthColumn] = entry.Depth;
+
+    port.ListAdd(ListId::List1, GameLine(halfMove, session.MoveText.MoveTextShown));
+    port.SetText(Control::Text1, "");
+    port.ListSelect(ListId::List1, halfMove - 1);
+}
+
+void PlayMoveSound(Session& session) {
+    if (session.Settings.UseSound == 1)
+        session.Port.PlaySound(session.ProgramFolder / "sounds" / "click.wav");
+}
+
+} // namespace tavlon12

@@ -1,0 +1,164 @@
+#include "session/reset_game.h"
+
+#include "engine/evaluation_tables.h"
+#include "rules/generate_moves.h"
+#include "session/move_texts.h"
+#include "session/screen.h"
+
+#include <cmath>
+#include <iostream>
+
+namespace tavlon12 {
+
+namespace {
+
+/// The values that a definition which does not name them gets, and not those of the variant before it.
+void SetDefinedDefaults(RuleSet& defined) {
+    const RuleSet defaults;
+    defined.MaxCapMove = defaults.MaxCapMove;
+    defined.MaxCapMoveK = defaults.MaxCapMoveK;
+    defined.MaxCapMoveKings = defaults.MaxCapMoveKings;
+    defined.ManCapKing = defaults.ManCapKing;
+    defined.CapRequired = defaults.CapRequired;
+    defined.KingCapMove = defaults.KingCapMove;
+    defined.MulJumps = defaults.MulJumps;
+    defined.BlackStarts = defaults.BlackStarts;
+    defined.WinAtPromo = defaults.WinAtPromo;
+    defined.KingWin = defaults.KingWin;
+    defined.PromoW = defaults.PromoW;
+    defined.PromoB = defaults.PromoB;
+}
+
+void DrawBeginner(Session& session) {
+    RuleSet& rules = session.Pos.Rules;
+    if (rules.RndColor != 1)
+        return;
+    rules.BlackStarts = std::bernoulli_distribution()(session.Search.Random) ? 1 : 0;
+    session.Pos.DefinedRules.BlackStarts = rules.BlackStarts;
+}
+
+bool BuildPosition(Session& session) {
+    Position& position = session.Pos;
+    PlaceClassicStart(position);
+    position.VariantName = "Canadian Checkers";
+    SetDefinedDefaults(position.DefinedRules);
+    session.RateableGame = true;
+    std::filesystem::path folder = VariantFolder(session.ProgramFolder, session.Settings.UseClassic);
+    if (auto failure = LoadVariant(folder, position, session.Texts)) {
+        std::cerr << failure->Message() << '\n';
+        FatalEnd(session);
+        return false;
+    }
+    DrawBeginner(session);
+    FinishNewPosition(position);
+    return true;
+}
+
+void ClearPosition(Position& position) {
+    GameTree& tree = position.Tree;
+    ClearGameTree(position);
+    position.PositionKeys.fill({});
+    position.LastCapAnyPly = false;
+    position.StopFlag = 0;
+    position.Fault = {};
+    tree.WhiteOffBoard = tree.BlackOffBoard = position.Rules.ContractNumber;
+    tree.PlyMaterial[0] = tree.GameMaterial[0] = position.PieceSum * 100;
+}
+
+void ClearRecord(GameRecord& record) {
+    record.LastMoveIndex = 0;
+    for (MoveRecord& move : record.MoveHistory)
+        move.From = 0;
+    record.MoveScores.fill(0);
+    record.MoveChoices.fill(0);
+    record.MoveComments.fill("");
+}
+
+void ClearGameState(Session& session) {
+    session.Input = BoardInput();
+    session.Busy = false;
+    session.GameOver = false;
+    session.GameTouched = false;
+    session.DrawReason = 0;
+    session.MoveLimitHit = false;
+    session.ThreeKingsFrom = session.TwoKingsFrom = 0;
+    session.ResultText.clear();
+    session.LastScore = 0;
+    session.PredictedFrom = session.PredictedTo = 0;
+    session.Stagnation = 0;
+    session.LastDrawAsk = 0;
+    session.MateAnnounced = false;
+    session.GameFileName.clear();
+    session.BookOpen = true;
+    session.BookStatusText.clear();
+    session.CaptureChar = session.Settings.ColonCapture == 1 ? ":" : "x";
+}
+
+void SetNames(Session& session) {
+    session.BlackPlayerName = session.PlayMode == kComputerComputer ? kComputerName : session.Settings.UserName;
+    session.WhitePlayerName = session.PlayMode == kPlayerPlayer ? session.Settings.UserName : kComputerName;
+}
+
+void ShowFreshGame(Session& session) {
+    UiPort& port = session.Port;
+    port.SetStatusText(1, SideToMoveText(session.Pos));
+    port.SetSearchLine("no calculation");
+    port.SetText(Control::Text1, "");
+    port.SetStatusText(3, session.BookStatusText);
+    port.SetListEnabled(ListId::List3, false);
+    for (Command command : {Command::Analyze, Command::Compute, Command::mnu_Play_Ccomputer}) {
+        port.SetCommandEnabled(command, true);
+    }
+    port.SetListEnabled(ListId::List2, true);
+    for (Command command : {Command::Moveback, Command::First, Command::MoveForward, Command::Last}) {
+        port.SetCommandEnabled(command, false);
+    }
+    port.SetProgress(0);
+    port.ListClear(ListId::List1);
+    if (session.PlayMode == kPlayerComputer) {
+        port.SetCommandEnabled(Command::Offerdraw, true);
+        port.SetCommandEnabled(Command::Resign, true);
+    }
+    if (session.PlayMode != kComputerComputer)
+        port.SetCommandEnabled(Command::Hint, true);
+}
+
+/// A board that is played on all squares has no numbers.
+void LeaveNumericNotation(Session& session) {
+    if (session.Pos.Rules.PiecesOnBlack != 2 || session.Settings.Notation == kAlgebraic)
+        return;
+    session.Settings.Notation = kAlgebraic;
+    session.Port.SetCommandChecked(Command::mnu_Board_Notation_Chess, true);
+    session.Port.SetCommandChecked(Command::mnu_Board_Notation_Checkers, false);
+    session.Port.SetCommandChecked(Command::Nonotation, false);
+}
+
+} // namespace
+
+bool ResetGame(Session& session) {
+    Position& position = session.Pos;
+    session.Search.Random.seed(static_cast<std::mt19937::result_type>(std::llround(session.Port.Clock() * 1000)));
+    if (!position.CustomSetup && !BuildPosition(session))
+        return false;
+
+    session.Port.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion));
+    ShowVariantName(session);
+    BuildEvaluationTables(position, session.Search.Tables);
+    ClearPosition(position);
+    ClearRecord(session.Record);
+    ClearGameState(session);
+    ShowFreshGame(session);
+    RefreshLegalMoves(session);
+    if (position.Fault.Passed())
+        return false;
+    SetNames(session);
+    session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
+    LeaveNumericNotation(session);
+    return true;
+}
+
+void ClearCandidates(Session& session) {
+    session.RootMoves.fill(RootMove());
+}
+
+} // namespace tavlon12

@@ -1,0 +1,152 @@
+#include "session/screen.h"
+
+#include "rules/rule_keys.h"
+
+namespace tavlon12 {
+
+namespace {
+
+constexpr const char* kWhiteMoves = "White moves";
+constexpr const char* kBlackMoves = "Black moves";
+
+void ShowCounts(Session& session) {
+    const Position& position = session.Pos;
+    PieceCensus census = CountPieces(position.Board);
+    session.EqualKingsOnly = census.WhiteSum == census.BlackSum && !census.AnyMan;
+    bool blackFirst = position.Rules.BlackStarts == 1;
+    session.Port.SetText(Control::Label5, std::to_string(blackFirst ? census.BlackSum : census.WhiteSum));
+    session.Port.SetText(Control::Label6, std::to_string(blackFirst ? census.WhiteSum : census.BlackSum));
+    if (position.Rules.canContract != 1)
+        return;
+    session.Port.SetText(Control::Label12, std::to_string(position.Tree.BlackOffBoard));
+    session.Port.SetText(Control::Label14, std::to_string(position.Tree.WhiteOffBoard));
+}
+
+/// Announcements and results in panel 1 stay until the logic itself clears them.
+void ShowSideToMove(Session& session) {
+    std::string text = SideToMoveText(session.Pos);
+    std::string shown = session.Port.GetStatusText(1);
+    if (shown != text && (shown.empty() || shown == kWhiteMoves || shown == kBlackMoves)) {
+        session.Port.SetStatusText(1, text);
+    }
+}
+
+bool RulesModified(const RuleSet& rules, const RuleSet& defined) {
+    for (const RuleKey& key : RuleKeys()) {
+        bool same = std::visit([&](auto member) { return rules.*member == defined.*member; }, key.Member);
+        if (key.MarksModified && !same)
+            return true;
+    }
+    return false;
+}
+
+void EndSession(Session& session) {
+    session.Settings.AskExit = 0;
+    session.Quitting = true;
+    session.Port.EndProgram();
+}
+
+} // namespace
+
+// Turned by half a circle, both the row and the column are counted from the other end.
+Long CellOfView(Long view, Long boardTurned) {
+    Long row = view / 12;
+    Long column = view % 12;
+    return boardTurned == 1 ? (row + kFirstRow) * kBoardWidth + kLastColumn - column
+                            : (kLastRow - row) * kBoardWidth + 1 + column;
+}
+
+Long ViewOfCell(Long cell, Long boardTurned) {
+    Long row = RowOf(cell);
+    Long column = ColumnOf(cell);
+    return boardTurned == 1 ? (row - kFirstRow) * 12 + kLastColumn - column : (kLastRow - row) * 12 + column - 1;
+}
+
+void DrawBoard(Session& session, int overlay) {
+    session.Port.PaintBoard(overlay);
+    ShowCounts(session);
+    UpdatePlayerLabels(session);
+}
+
+void RedrawFromSquares(Session& session) {
+    const GameTree& tree = session.Pos.Tree;
+    for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.PlyFirstMove[tree.Ply + 1]; ++slot) {
+        Long from = session.Pos.Moves[slot].From;
+        if (from != kOffBoard)
+            session.Port.ShowSquare(ViewOfCell(from, session.Settings.BoardTurned));
+    }
+}
+
+void UpdatePlayerLabels(Session& session) {
+    UiPort& port = session.Port;
+    bool blackFirst = session.Pos.Rules.BlackStarts == 1;
+    port.SetText(Control::Label3, blackFirst ? "Black" : "White");
+    port.SetText(Control::Label4, blackFirst ? "White" : "Black");
+    port.SetText(Control::Label1, session.BlackPlayerName);
+    port.SetText(Control::Label2, session.WhitePlayerName);
+    port.MarkPlayerToMove((session.Pos.Tree.SideToMove == kBlack) == blackFirst);
+    ShowSideToMove(session);
+}
+
+std::string ShownVariantName(const Position& position) {
+    constexpr std::string_view kBoardSize = " 12x12";
+    const RuleSet& rules = position.Rules;
+    bool ownPosition = position.CustomSetup && rules.RemoveMen != 1 && rules.DoMoves != 1;
+    std::string name = position.VariantName;
+    if (ownPosition || RulesModified(rules, position.DefinedRules))
+        name += " (M)";
+    if (EndsWithNoCase(name, kBoardSize))
+        name.resize(name.size() - kBoardSize.size());
+    return name;
+}
+
+void ShowVariantName(Session& session) {
+    session.Port.SetText(Control::Label8, ShownVariantName(session.Pos));
+}
+
+void ShowStrengthLine(Session& session) {
+    const SearchLimits& limits = session.Settings.Limits;
+    std::string text = "Strength:" + Str(10 - limits.StrengthStep);
+    if (limits.FixedDepth == 1) {
+        text += "   Depth:" + Str(limits.DepthLimit) + " ply";
+    } else {
+        text += "   Time:" + Str(limits.TimeLimit) + " sec";
+    }
+    session.Port.SetStrengthLine(text);
+}
+
+std::string SideToMoveText(const Position& position) {
+    return position.Tree.SideToMove == kBlack ? kBlackMoves : kWhiteMoves;
+}
+
+void ShowMessage(Session& session, const std::string& text, const std::string& title, MessageKind kind) {
+    if (!session.Quitting)
+        session.Port.ShowMessage(text, title, kind);
+}
+
+void WaitSeconds(Session& session, double seconds) {
+    if (!session.Quitting)
+        session.Port.Wait(seconds);
+}
+
+void FatalEnd(Session& session) {
+    ShowMessage(session, "Error found! Tavlon12 will exit", "Error", MessageKind::Exclamation);
+    EndSession(session);
+}
+
+bool EndOnGeneratorFault(Session& session) {
+    const GeneratorFault& fault = session.Pos.Fault;
+    if (!fault.Passed())
+        return false;
+    if (session.Quitting)
+        return true; // shown already, or nobody is there to see it
+    std::string text = "X=" + Str(fault.Depth) + "   K=" + Str(fault.Rows) + "\n\nFatal Error! Tavlon12 will exit.\n";
+    if (session.Pos.Rules.RemovePieces != 1) {
+        text += "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";
+    }
+    ShowMessage(session, text, "Error", MessageKind::Exclamation);
+    EndSession(session);
+    return true;
+}
+
+} // namespace tavlon12

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "engine/root_search.h"
+#include "session/session.h"
+
+#include <string>
+
+namespace tavlon12 {
+
+/// What the screen shows of a root search under way.
+struct ThinkingDisplay {
+    std::string Verb = "Thinking..."; ///< how the status line begins
+    std::string BestText;             ///< depth, best move and score, as last shown in the search line
+    Long Progress = 0;
+    Long ProgressMaximum = 0;
+};
+
+/// 65 seconds are "00:01.05".
+std::string TimeString(Long seconds);
+
+/// Seconds since midnight without their fraction.
+Long WholeSeconds(const Session& session);
+
+/// Rebuilds `MainLineText` from row 0 of the best lines, with the predicted reply, and shows it.
+void DisplayMainVariant(Session& session);
+
+/// All commands but Cancel, Exit and those of the menus View and Help.
+void ShutCommandsForThinking(Session& session);
+
+/// Enables again what the state of the game allows. No half-move lies ahead of the position.
+void OpenCommandsAfterThinking(Session& session);
+
+/// The limits of a search of the root moves in the list, from the settings; one iteration is enough for a single move.
+RootSearchInput RootInputOf(const Session& session);
+
+/// Empties the progress bar and sets its range for such a search.
+void StartProgress(Session& session, const RootSearchInput& input, ThinkingDisplay& display);
+
+/// Shows the search in status line, search line and progress bar. Both references must outlive the hooks.
+RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display);
+
+/// The root moves without scores, in the order of the list.
+void FillCandidates(Session& session);
+
+/// The best candidate first.
+void SortCandidates(Session& session);
+
+/// "Computer is losing in 3 moves! " for a score of at most -31980, else "Computer is winning in 3 moves! ".
+std::string ForcedEndText(const Session& session, Long score);
+
+} // namespace tavlon12

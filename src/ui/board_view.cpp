@@ -1,0 +1,230 @@
+#include "ui/board_view.h"
+
+#include "session/screen.h"
+#include "ui/shown_text.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace tavlon12 {
+
+namespace {
+
+const QColor kFrameColour(70, 44, 24);
+const QColor kLabelColour(84, 68, 52);
+const QColor kNumberColour(255, 244, 214);
+constexpr int kFrameWidth = 2;
+
+} // namespace
+
+BoardView::BoardView(Session& session, QWidget* parent) : QWidget(parent), Game(session), Geometry(&GeometryOfSkin(0)) {
+    setObjectName(QStringLiteral("Board"));
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void BoardView::SetGeometry(const WindowGeometry& geometry) {
+    Geometry = &geometry;
+    update();
+}
+
+void BoardView::PaintBoard(int overlay) {
+    Long number = 0;
+    for (Long row = kLastRow; row >= kFirstRow; --row) {
+        for (Long column = 1; column <= kLastColumn; ++column) {
+            Long cell = row * kBoardWidth + column;
+            Long view = ViewOfCell(cell, Game.Settings.BoardTurned);
+            ShowSquare(view);
+            Byte colour = Game.Pos.Rules.PiecesOnBlack;
+            if (overlay == 1 && colour < 2 && SquareColourShift(cell, colour).SquareIsDark) {
+                Squares[static_cast<std::size_t>(view)].Number = ++number;
+            }
+        }
+    }
+    update();
+}
+
+void BoardView::ShowSquare(Long view) {
+    Long cell = CellOfView(view, Game.Settings.BoardTurned);
+    Long value = Game.Pos.Board[static_cast<std::size_t>(cell)];
+    ShownSquare& square = Squares[static_cast<std::size_t>(view)];
+    square.Boxed = false;
+    square.Number = 0;
+    // A piece that is marked as jumped keeps the picture that it had.
+    if (Magnitude(value) <= kKing) {
+        Byte colour = Game.Pos.Rules.PiecesOnBlack;
+        bool dark = SquareColourShift(cell, colour).SquareIsDark;
+        square.Image = ImageOf(dark || (value != kEmpty && colour < 2), value);
+    }
+    update(SquareRect(view).adjusted(-1, -1, 1, 1));
+}
+
+void BoardView::DrawHighlightBox(Long view) {
+    Squares[static_cast<std::size_t>(view)].Boxed = true;
+    update(SquareRect(view).adjusted(-1, -1, 1, 1));
+}
+
+void BoardView::LiftPiece(Long view) {
+    Long cell = CellOfView(view, Game.Settings.BoardTurned);
+    bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
+    Squares[static_cast<std::size_t>(view)] = {ImageOf(dark, kEmpty)};
+    update(SquareRect(view).adjusted(-1, -1, 1, 1));
+}
+
+void BoardView::CarryPiece(Long value) {
+    QPixmap piece = PiecePixmap(Pictures, value, Geometry->SquareEdge, devicePixelRatioF());
+    setCursor(QCursor(piece, Geometry->SquareEdge / 2, Geometry->SquareEdge / 2));
+}
+
+void BoardView::DropCursor() {
+    unsetCursor();
+}
+
+Long BoardView::ViewAt(const QPointF& point) const {
+    int edge = Geometry->SquareEdge;
+    QPointF inGrid = point - QPointF(SquareRect(0).topLeft());
+    int column = static_cast<int>(std::floor(inGrid.x() / edge));
+    int row = static_cast<int>(std::floor(inGrid.y() / edge));
+    if (column < 0 || column >= kGridSquares || row < 0 || row >= kGridSquares) return -1;
+    return row * kGridSquares + column;
+}
+
+QRect BoardView::SquareRect(Long view) const {
+    Place square = SquarePlace(*Geometry, view);
+    Place board = PlaceOf(*Geometry, "Board", false);
+    return {square.Left - board.Left, square.Top - board.Top, square.Width, square.Height};
+}
+
+// Everything but the texts is drawn in device pixels, with the edges of the squares rounded one by one: at a ratio such as 1.25
+// neighbours then share their edge, and no seam shows.
+void BoardView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    PaintCoordinates(painter);
+
+    QTransform toDevice = painter.deviceTransform();
+    auto deviceRect = [&](const QRect& rect) {
+        QRectF mapped = toDevice.mapRect(QRectF(rect));
+        QPoint topLeft(static_cast<int>(std::lround(mapped.left())), static_cast<int>(std::lround(mapped.top())));
+        QPoint end(static_cast<int>(std::lround(mapped.right())), static_cast<int>(std::lround(mapped.bottom())));
+        return QRect(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()));
+    };
+    painter.setWorldTransform(toDevice.inverted());
+
+    QRect grid = deviceRect(SquareRect(0).united(SquareRect(kSquareCount - 1)));
+    int ratio = std::max(1, static_cast<int>(std::lround(toDevice.m11())));
+    int frame = kFrameWidth * ratio;
+    painter.fillRect(QRect(grid.left() - frame, grid.top() - frame, grid.width() + 2 * frame, frame), kFrameColour);
+    painter.fillRect(QRect(grid.left() - frame, grid.bottom() + 1, grid.width() + 2 * frame, frame), kFrameColour);
+    painter.fillRect(QRect(grid.left() - frame, grid.top(), frame, grid.height()), kFrameColour);
+    painter.fillRect(QRect(grid.right() + 1, grid.top(), frame, grid.height()), kFrameColour);
+
+    QFont numberFont = font();
+    numberFont.setPixelSize(std::max(1, deviceRect(SquareRect(0)).height() / 4));
+    numberFont.setBold(true);
+    painter.setFont(numberFont);
+
+    for (Long view = 0; view < static_cast<Long>(kSquareCount); ++view) {
+        QRect place = SquareRect(view);
+        if (!event->region().intersects(place.adjusted(-1, -1, 1, 1))) continue;
+        QRect target = deviceRect(place);
+        const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
+        painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
+        if (square.Boxed) {
+            Long cell = CellOfView(view, Game.Settings.BoardTurned);
+            bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
+            // One pixel from the edge, two pixels wide.
+            QRect outer = target.adjusted(ratio, ratio, -ratio, -ratio);
+            QRegion box = QRegion(outer).subtracted(outer.adjusted(2 * ratio, 2 * ratio, -2 * ratio, -2 * ratio));
+            for (const QRect& side : box) painter.fillRect(side, dark ? Pictures.DarkHighlight : Pictures.LightHighlight);
+        }
+        if (square.Number != 0) {
+            QRect corner = target.adjusted(3 * ratio, 2 * ratio, 0, 0);
+            QString text = QString::number(square.Number);
+            painter.setPen(QColor(0, 0, 0, 200));
+            painter.drawText(corner.translated(ratio, ratio), Qt::AlignLeft | Qt::AlignTop, text);
+            painter.setPen(kNumberColour);
+            painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop, text);
+        }
+    }
+}
+
+void BoardView::PaintCoordinates(QPainter& painter) const {
+    Byte notation = Game.Settings.Notation;
+    bool turned = Game.Settings.BoardTurned == 1;
+    bool capitals = Game.Settings.NotationCapitals == 1;
+    painter.setPen(kLabelColour);
+    QRect last = SquareRect(kSquareCount - 1);
+    for (Long i = 1; i <= kGridSquares; ++i) {
+        QRect column = SquareRect(i - 1);
+        column.setTop(last.bottom() + 1 + kFrameWidth);
+        column.setBottom(height() - 1);
+        painter.drawText(column, Qt::AlignCenter, Shown(ColumnLabel(i, notation, turned, capitals)));
+        QRect row = SquareRect((kGridSquares - i) * kGridSquares);
+        row.setLeft(0);
+        row.setRight(kGridLeft - kFrameWidth - 1);
+        painter.drawText(row, Qt::AlignCenter, Shown(RowLabel(i, notation, turned, capitals)));
+    }
+}
+
+void BoardView::mousePressEvent(QMouseEvent* event) {
+    FlushRelease();
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    // With no other button down nothing can be left of an earlier press, even if its release went to a message box.
+    if (event->buttons() == event->button()) {
+        PressedView = -1;
+        Game.Input.RightPressed = -1;
+    }
+    // The pointer may have come here without a move (a touch, a window that opened under it): a press follows a move.
+    if (event->position() != LastPoint) MoveTo(event->position());
+    if (PressedView == -1) PressedView = ViewAt(event->position());
+    if (PressedView != -1) SquareDown(PressedView, event->button());
+}
+
+// The second press of two quick ones is a press like any other.
+void BoardView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void BoardView::mouseMoveEvent(QMouseEvent* event) {
+    FlushRelease();
+    if (event->buttons() == Qt::NoButton) PressedView = -1;
+    MoveTo(event->position());
+}
+
+void BoardView::MoveTo(const QPointF& point) {
+    LastPoint = point;
+    Long view = PressedView != -1 ? PressedView : ViewAt(point);
+    if (view == -1) {
+        OutsideMove();
+        return;
+    }
+    QPointF offset = point - QPointF(SquareRect(view).topLeft());
+    SquareMove(view, static_cast<int>(std::floor(offset.x())), static_cast<int>(std::floor(offset.y())));
+}
+
+// A release may start the computer's move, which lasts. It is handled right after the event, so that the toolkit does not go on
+// sending the mouse here while the computer thinks.
+void BoardView::mouseReleaseEvent(QMouseEvent* event) {
+    FlushRelease();
+    if (PressedView == -1) return;
+    if (event->buttons() == Qt::NoButton) PressedView = -1;
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    PendingRelease = event->button();
+    QMetaObject::invokeMethod(this, [this] { FlushRelease(); }, Qt::QueuedConnection);
+}
+
+void BoardView::FlushRelease() {
+    if (!PendingRelease) return;
+    Qt::MouseButton button = *PendingRelease;
+    PendingRelease.reset();
+    SquareUp(button);
+}
+
+void BoardView::leaveEvent(QEvent*) {
+    if (PressedView == -1) OutsideMove();
+}
+
+} // namespace tavlon12

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "session/session.h"
+#include "ui/board_geometry.h"
+#include "ui/skin.h"
+
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace tavlon12 {
+
+/// The board with its frame and coordinates. Of each square it keeps the picture that it shows, so that a piece can be lifted and
+/// boxes can lie on squares without the position knowing of it.
+class BoardView : public QWidget {
+public:
+    BoardView(Session& session, QWidget* parent);
+
+    // What the logic and the mouse ask for; views are 0 to 143 from the top left.
+    void SetGeometry(const WindowGeometry& geometry);
+    void PaintBoard(int overlay);
+    void ShowSquare(Long view);
+    void DrawHighlightBox(Long view);
+    void LiftPiece(Long view); ///< shows the empty square
+    void CarryPiece(Long value); ///< the cursor becomes the piece
+    void DropCursor();           ///< and returns to normal
+
+    bool ShowsEmptySquare(Long view) const { return IsEmptySquareImage(Squares[static_cast<std::size_t>(view)].Image); }
+    bool ShowsBox(Long view) const { return Squares[static_cast<std::size_t>(view)].Boxed; }
+    SquareImage ShownImage(Long view) const { return Squares[static_cast<std::size_t>(view)].Image; }
+    int SquareEdge() const { return Geometry->SquareEdge; }
+
+    /// The square at a point of this widget, -1 outside the grid.
+    Long ViewAt(const QPointF& point) const;
+    /// A square in this widget's coordinates.
+    QRect SquareRect(Long view) const;
+
+    Skin Pictures;
+
+    // Mouse events that concern the game. `x` and `y` count from the corner of the square.
+    std::function<void(Long view, Qt::MouseButton button)> SquareDown = [](Long, Qt::MouseButton) {};
+    std::function<void(Long view, int x, int y)> SquareMove = [](Long, int, int) {};
+    std::function<void(Qt::MouseButton button)> SquareUp = [](Qt::MouseButton) {};
+    std::function<void()> OutsideMove = [] {};
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    struct ShownSquare {
+        SquareImage Image = SquareImage::LightSquare;
+        bool Boxed = false;
+        Long Number = 0; ///< printed in its corner, 0 for none
+    };
+
+    void MoveTo(const QPointF& point);
+    void FlushRelease();
+    void PaintCoordinates(QPainter& painter) const;
+
+    Session& Game;
+    const WindowGeometry* Geometry;
+    std::array<ShownSquare, kSquareCount> Squares{};
+    Long PressedView = -1; ///< keeps the mouse while a button is down
+    QPointF LastPoint;
+    std::optional<Qt::MouseButton> PendingRelease;
+};
+
+} // namespace tavlon12

@@ -1,0 +1,173 @@
+#include "ui/window_port.h"
+
+#include "ui/shown_text.h"
+
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QTime>
+#include <QTimer>
+#include <QUrl>
+
+#ifdef TAVLON12_HAVE_MULTIMEDIA
+#include <QSoundEffect>
+#endif
+
+#include <cmath>
+
+namespace tavlon12 {
+
+namespace {
+
+constexpr unsigned kNodesPerLook = 32; ///< calls of `Yield` between two looks at the clock
+constexpr std::chrono::milliseconds kEventPause{5};
+
+QMessageBox::StandardButton Ask(MainWindow& window, QMessageBox::Icon icon, const std::string& text, const std::string& title,
+                                QMessageBox::StandardButtons buttons) {
+    QMessageBox box(icon, Shown(title), Shown(text), buttons, &window);
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setTextFormat(Qt::PlainText);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+QMessageBox::Icon IconOf(MessageKind kind) {
+    switch (kind) {
+    case MessageKind::Exclamation:
+        return QMessageBox::Warning;
+    case MessageKind::Information:
+        return QMessageBox::Information;
+    case MessageKind::Plain:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void SetWidgetText(QWidget& widget, const std::string& text) {
+    QString shown = Shown(text);
+    if (auto* label = qobject_cast<QLabel*>(&widget)) label->setText(shown);
+    if (auto* line = qobject_cast<QLineEdit*>(&widget)) line->setText(shown);
+    if (auto* button = qobject_cast<QPushButton*>(&widget)) button->setText(shown);
+    if (auto* field = qobject_cast<QPlainTextEdit*>(&widget)) field->setPlainText(shown);
+}
+
+std::string WidgetText(const QWidget& widget) {
+    if (auto* label = qobject_cast<const QLabel*>(&widget)) return BytesOf(label->text());
+    if (auto* line = qobject_cast<const QLineEdit*>(&widget)) return BytesOf(line->text());
+    if (auto* button = qobject_cast<const QPushButton*>(&widget)) return BytesOf(button->text());
+    if (auto* field = qobject_cast<const QPlainTextEdit*>(&widget)) return BytesOf(field->toPlainText());
+    return "";
+}
+
+void MarkLabel(QLabel& label, bool toMove) {
+    QColor red(255, 0, 0);
+    QPalette colours = label.palette();
+    colours.setColor(QPalette::Window, toMove ? red : QColor(Qt::white));
+    colours.setColor(QPalette::WindowText, toMove ? QColor(Qt::white) : red);
+    label.setPalette(colours);
+}
+
+// Called at each node of the search: nearly always it only counts.
+void Yield(EventPump& pump) {
+    if (++pump.Calls % kNodesPerLook != 0 || pump.Inside) return;
+    if (std::chrono::steady_clock::now() - pump.Last < kEventPause) return;
+    pump.Inside = true;
+    QCoreApplication::processEvents();
+    pump.Inside = false;
+    pump.Last = std::chrono::steady_clock::now();
+}
+
+void Wait(const Session& session, double seconds) {
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.start(static_cast<int>(std::lround(seconds * 1000)));
+    while (timer.isActive() && !session.Quitting && session.Pos.StopFlag != kStopCancel) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
+void PlayWave(MainWindow& window, const std::filesystem::path& file) {
+#ifdef TAVLON12_HAVE_MULTIMEDIA
+    QString path = QString::fromStdString(file.string());
+    auto* effect = window.findChild<QSoundEffect*>(path);
+    if (effect == nullptr) {
+        effect = new QSoundEffect(&window);
+        effect->setObjectName(path);
+        effect->setSource(QUrl::fromLocalFile(path));
+    }
+    effect->play();
+#else
+    (void)window;
+    (void)file;
+#endif
+}
+
+} // namespace
+
+void ConnectPort(MainWindow& window) {
+    UiPort& port = window.Game.Port;
+    MainWindow* w = &window;
+
+    auto panel = [w](int number) { return w->StatusPanels[static_cast<std::size_t>(number - 1)]; };
+    port.SetStatusText = [panel](int number, const std::string& text) { panel(number)->setText(Shown(text)); };
+    port.GetStatusText = [panel](int number) { return BytesOf(panel(number)->text()); };
+    port.ShowMessage = [w](const std::string& text, const std::string& title, MessageKind kind) {
+        Ask(*w, IconOf(kind), text, title, QMessageBox::Ok);
+    };
+    port.AskYesNo = [w](const std::string& text, const std::string& title) {
+        return Ask(*w, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    };
+    port.SetWindowTitle = [w](const std::string& title) { w->setWindowTitle(Shown(title)); };
+    port.SetProgress = [w](Long value) { w->Progress->setValue(value); };
+    port.SetProgressRange = [w](Long minimum, Long maximum) { w->Progress->setRange(minimum, maximum); };
+    port.SetSearchLine = [w](const std::string& text) { w->Labels[9]->setText(Shown(text)); };
+    port.GetSearchLine = [w] { return BytesOf(w->Labels[9]->text()); };
+    port.SetStrengthLine = [w](const std::string& text) { w->Labels[7]->setText(Shown(text)); };
+
+    port.ListClear = [w](ListId list) { w->ListOf(list).clear(); };
+    port.ListAdd = [w](ListId list, const std::string& line) { w->ListOf(list).addItem(Shown(line)); };
+    port.ListRemove = [w](ListId list, Long line) { delete w->ListOf(list).takeItem(line); };
+    port.ListCount = [w](ListId list) { return Long{w->ListOf(list).count()}; };
+    port.ListSelect = [w](ListId list, Long line) {
+        GameList& shown = w->ListOf(list);
+        shown.setCurrentRow(line);
+        if (line < 0) shown.clearSelection();
+    };
+    port.ListSelected = [w](ListId list) { return Long{w->ListOf(list).currentRow()}; };
+    port.ListText = [w](ListId list, Long line) {
+        QListWidgetItem* item = w->ListOf(list).item(line);
+        return item == nullptr ? std::string() : BytesOf(item->text());
+    };
+    port.SetListEnabled = [w](ListId list, bool on) { w->ListOf(list).setEnabled(on); };
+    port.FocusList = [w](ListId list) { w->ListOf(list).setFocus(); };
+
+    port.SetText = [w](Control control, const std::string& text) { SetWidgetText(w->WidgetOf(control), text); };
+    port.GetText = [w](Control control) { return WidgetText(w->WidgetOf(control)); };
+    port.SetControlEnabled = [w](Control control, bool on) { w->WidgetOf(control).setEnabled(on); };
+    port.SetCommandEnabled = [w](Command command, bool on) {
+        w->ActionOf(command).setEnabled(on && RowOf(command).Procedure != nullptr);
+    };
+    port.SetCommandChecked = [w](Command command, bool on) {
+        w->Checked[static_cast<std::size_t>(command)] = on;
+        w->ActionOf(command).setChecked(on);
+    };
+
+    port.PlaySound = [w](const std::filesystem::path& file) { PlayWave(*w, file); };
+    port.OpenDocument = [](const std::string& address) { QDesktopServices::openUrl(QUrl::fromUserInput(Shown(address))); };
+
+    port.LayoutWindow = [w] { w->LayoutWindow(); };
+    port.LoadSkin = [w] { LoadSkin(w->Game, w->Board->Pictures); };
+    port.PaintBoard = [w](int overlay) { w->Board->PaintBoard(overlay); };
+    port.ShowSquare = [w](Long view) { w->Board->ShowSquare(view); };
+    port.DrawHighlightBox = [w](Long view) { w->Board->DrawHighlightBox(view); };
+    port.MarkPlayerToMove = [w](bool label1ToMove) {
+        MarkLabel(*w->Labels[1], label1ToMove);
+        MarkLabel(*w->Labels[2], !label1ToMove);
+    };
+
+    port.Clock = [] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; };
+    port.Wait = [w](double seconds) { Wait(w->Game, seconds); };
+    port.Yield = [w] { Yield(w->Pump); };
+    port.EndProgram = [w] { w->EndProgram(); };
+    window.Game.Search.Yield = port.Yield;
+}
+
+} // namespace tavlon12

@@ -1,0 +1,57 @@
+# cmake -DSOURCE_DIR=<project> -P include_order.cmake
+# Fails when a file includes a folder that stands above its own, the toolkit outside the window, or a file of the project
+# by anything but "folder/name".
+
+cmake_minimum_required(VERSION 3.25)
+set(order rules engine files session study ui)
+set(faults "")
+set(checked 0)
+
+# folder: where the file stands in the order. Adds one line per fault.
+function(check_file file folder)
+    list(FIND order "${folder}" own)
+    # Brackets and semicolons would split CMake's lists; neither stands in an include line that is fine.
+    file(READ "${file}" text)
+    string(REGEX REPLACE "[][;\\\\]" " " text "${text}")
+    string(REGEX MATCHALL "(^|\n)[ \t]*#[ \t]*include[ \t]*[<\"][^>\"\n]*[>\"]" lines "${text}")
+    cmake_path(RELATIVE_PATH file BASE_DIRECTORY "${SOURCE_DIR}" OUTPUT_VARIABLE shown)
+    foreach(line IN LISTS lines)
+        string(REGEX MATCH "[<\"]([^>\"]*)[>\"]" ignored "${line}")
+        set(included "${CMAKE_MATCH_1}")
+        if(included MATCHES "^Q[A-Za-z]*(/|$)" OR included MATCHES "^q[a-z]+\\.h$")
+            if(NOT folder STREQUAL "ui")
+                string(APPEND faults "${shown} includes the toolkit: ${included}\n")
+            endif()
+        elseif(included MATCHES "^([^/]+)/" AND CMAKE_MATCH_1 IN_LIST order)
+            list(FIND order "${CMAKE_MATCH_1}" theirs)
+            if(theirs GREATER own)
+                string(APPEND faults "${shown} includes upwards: ${included}\n")
+            endif()
+        elseif(line MATCHES "\"" AND NOT included MATCHES "\\.moc$" AND NOT file MATCHES "/tools/")
+            string(APPEND faults "${shown} does not name the folder: ${included}\n")
+        endif()
+    endforeach()
+    math(EXPR checked "${checked} + 1")
+    set(checked ${checked} PARENT_SCOPE)
+    set(faults "${faults}" PARENT_SCOPE)
+endfunction()
+
+foreach(folder IN LISTS order)
+    file(GLOB_RECURSE files "${SOURCE_DIR}/src/${folder}/*.h" "${SOURCE_DIR}/src/${folder}/*.cpp")
+    foreach(file IN LISTS files)
+        check_file("${file}" ${folder})
+    endforeach()
+endforeach()
+# The headless tool uses what the session uses.
+file(GLOB files "${SOURCE_DIR}/tools/lab/*.h" "${SOURCE_DIR}/tools/lab/*.cpp")
+foreach(file IN LISTS files)
+    check_file("${file}" session)
+endforeach()
+
+if(checked EQUAL 0)
+    message(FATAL_ERROR "No source found under ${SOURCE_DIR}/src")
+endif()
+if(faults)
+    message(FATAL_ERROR "${faults}")
+endif()
+message(STATUS "${checked} files keep the order")

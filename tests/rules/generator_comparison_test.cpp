@@ -1,0 +1,160 @@
+#include "rules/generate_moves.h"
+#include "rules/make_move.h"
+#include "support/comparison.h"
+#include "support/positions.h"
+#include "support/reference_generator.h"
+
+#include <cctype>
+#include <gtest/gtest.h>
+
+namespace tavlon12 {
+
+namespace {
+
+using namespace support;
+
+struct Tally {
+    Long Compared = 0;
+    Long Limit = 0;
+    Long Skipped = 0;
+
+    void Count(Comparison comparison) {
+        if (comparison == Comparison::Compared)
+            ++Compared;
+        if (comparison == Comparison::Limit)
+            ++Limit;
+        if (comparison == Comparison::Skipped)
+            ++Skipped;
+    }
+};
+
+void CompareAllModes(Position& position, Tally& tally) {
+    for (Long mode : {-1, 0, 1}) {
+        tally.Count(CompareGenerators(position, mode));
+        if (::testing::Test::HasFailure())
+            return;
+    }
+}
+
+/// Half of the positions stand below the root, where the rule on the piece moved last asks for `LastCapAnyPly`.
+void CompareRandomPositions(const RuleSet& rules, Long count, Random& random, Tally& tally) {
+    auto position = MakePosition(rules, EmptyBoard());
+    for (Long i = 0; i < count && !::testing::Test::HasFailure(); ++i) {
+        position->Tree.Ply = DrawOneIn(random, 2) ? 0 : 5;
+        position->Tree.PlyFirstMove[5] = 40;
+        position->LastCapAnyPly = DrawOneIn(random, 2);
+        PlacePiecesAtRandom(*position, random);
+        CompareAllModes(*position, tally);
+    }
+}
+
+void CompareRandomGame(const RuleSet& rules, Long halfMoves, Random& random, Tally& tally) {
+    auto position = StartPosition(rules);
+    for (Long i = 0; i < halfMoves; ++i) {
+        CompareAllModes(*position, tally);
+        if (::testing::Test::HasFailure() || PlayAtRandom(*position, 1, random) == 0)
+            return;
+    }
+}
+
+/// Leaves under moves that are legal, every slot of the list counted.
+Long Perft(Position& position, Long depth) {
+    Long count = GenerateLegalMoves(position);
+    if (depth == 1)
+        return count;
+    Long leaves = 0;
+    Long first = position.Tree.PlyFirstMove[position.Tree.Ply];
+    for (Long slot = first; slot < first + count; ++slot) {
+        PerformMove(position, slot);
+        leaves += Perft(position, depth - 1);
+        TakeBackMove(position, slot);
+    }
+    return leaves;
+}
+
+Long ReferencePerft(const ReferenceState& state, Long depth) {
+    std::vector<ReferenceMove> moves = GenerateReferenceMoves(state, 0).Moves;
+    if (moves.empty())
+        moves = GenerateReferenceMoves(state, 1).Moves;
+    if (depth == 1)
+        return static_cast<Long>(moves.size());
+    Long leaves = 0;
+    for (const ReferenceMove& move : moves)
+        leaves += ReferencePerft(AfterMove(state, move, false), depth - 1);
+    return leaves;
+}
+
+TEST(GeneratorComparison, RandomRulesOnRandomPositions) {
+    Tally tally;
+    for (Long seed = 1; seed <= Scaled(900) && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Random random(static_cast<std::uint64_t>(seed));
+        RuleSet rules = RandomRules(random);
+        CompareRandomPositions(rules, 12, random, tally);
+    }
+    RecordProperty("Limit", tally.Limit);
+    RecordProperty("Skipped", tally.Skipped);
+    EXPECT_GT(tally.Compared, Scaled(27000));
+}
+
+TEST(GeneratorComparison, RandomRulesInRandomGames) {
+    Tally tally;
+    for (Long seed = 1; seed <= Scaled(250) && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Random random(static_cast<std::uint64_t>(seed));
+        RuleSet rules = RandomRules(random);
+        CompareRandomGame(rules, 60, random, tally);
+    }
+    RecordProperty("Limit", tally.Limit);
+    RecordProperty("Skipped", tally.Skipped);
+    EXPECT_GT(tally.Compared, Scaled(20000));
+}
+
+class NamedRulesTest : public ::testing::TestWithParam<NamedRules> {};
+
+TEST_P(NamedRulesTest, PositionsAndGames) {
+    RuleSet rules = RulesWith(GetParam().Changed);
+    Random random(12);
+    Tally tally;
+    CompareRandomPositions(rules, Scaled(150), random, tally);
+    EXPECT_GT(tally.Compared, Scaled(400));
+    Tally games;
+    for (Long game = 0; game < Scaled(3) && !HasFailure(); ++game)
+        CompareRandomGame(rules, 150, random, games);
+    EXPECT_GT(games.Compared, 10);
+    EXPECT_EQ(games.Limit, 0) << "a real game should stay far from the limits";
+}
+
+TEST_P(NamedRulesTest, Perft) {
+    Random random(144);
+    for (Long halfMoves : {0, 20, 50}) {
+        if (halfMoves > Scaled(50))
+            break;
+        auto position = StartPosition(RulesWith(GetParam().Changed));
+        PlayAtRandom(*position, halfMoves, random);
+        ReferenceState state = StateOf(*position);
+        ASSERT_EQ(Perft(*position, 3), ReferencePerft(state, 3)) << DescribePosition(*position);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Games, NamedRulesTest, ::testing::ValuesIn(NamedRuleSets().begin(), NamedRuleSets().end()),
+                         [](const auto& row) {
+                             std::string name;
+                             for (char c : row.param.Name) {
+                                 if (std::isalnum(static_cast<unsigned char>(c)) != 0)
+                                     name += c;
+                             }
+                             return name;
+                         });
+
+// The counts for Canadian draughts as published.
+TEST(Perft, DefaultStart) {
+    auto position = StartPosition(RuleSet());
+    const Long published[] = {11, 121, 1222, 10053, 79049, 584100, 4369366};
+    for (Long depth = 1; depth <= (Scaled(10) == 10 ? 7 : 6); ++depth)
+        EXPECT_EQ(Perft(*position, depth), published[depth - 1]) << "depth " << depth;
+}
+
+} // namespace
+
+} // namespace tavlon12

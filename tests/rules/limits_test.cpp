@@ -1,0 +1,175 @@
+#include "rules/generate_moves.h"
+#include "rules/make_move.h"
+#include "rules/move_scan.h"
+#include "support/comparison.h"
+#include "support/positions.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+// Positions in which the number of routes explodes: a passed limit is told, the board is whole and nothing hangs.
+
+namespace tavlon12 {
+
+namespace {
+
+using namespace support;
+
+/// Black men between the nodes of a grid, two squares apart, from a1 on: every jump leads from node to node.
+BoardCells GridOfMen(Long columns, Long rows) {
+    BoardCells board = EmptyBoard();
+    for (Long row = 0; row < 2 * rows - 1; ++row) {
+        for (Long column = 0; column < 2 * columns - 1; ++column) {
+            if ((row + column) % 2 == 1)
+                board[kFirstSquare + kBoardWidth * row + column] = -kMan;
+        }
+    }
+    return board;
+}
+
+constexpr const char* kStraight = "MaxCapMove=0 | LongKings=0 | WhiteManMovement=NW;NE W;N;E;S";
+
+// 20 men in eight directions: over five million ways through the same few sets of pieces.
+constexpr const char* kManyRoutes = "W: Ka1; B: b1 d1 b2 c2 d2 e2 d3 a4 b4 d4 e4 b5 d5 a6 b6 c6 d6 e6 b7 d7";
+constexpr const char* kAllWays = "KingFirst=1 | PiecesOnBlack=2 | WhiteKingMovement=NW NW;NE;SE;SW;W;N;E;S";
+
+void ExpectLimit(Position& position, GeneratorFault::Kind kind) {
+    BoardCells board = position.Board;
+    GenerateMoves(position, 0);
+    EXPECT_EQ(position.Fault.Limit, kind);
+    EXPECT_EQ(position.StopFlag, kStopCancel);
+    EXPECT_EQ(MoveCount(position.Tree), 0);
+    EXPECT_EQ(position.Tree.PlyFirstMove[position.Tree.Ply + 1], position.Tree.PlyFirstMove[position.Tree.Ply]);
+    EXPECT_EQ(position.Board, board);
+    GeneratorFault fault = position.Fault;
+
+    position.Fault = {};
+    position.StopFlag = 0;
+    GenerateMoves1(position, -1);
+    EXPECT_EQ(position.Fault.Limit, kind) << "the move scan";
+    EXPECT_EQ(position.Fault.Depth, fault.Depth);
+    EXPECT_EQ(position.Fault.Rows, fault.Rows);
+    EXPECT_EQ(position.StopFlag, kStopCancel);
+    EXPECT_EQ(position.Board, board);
+
+    position.Fault = {};
+    position.StopFlag = 0;
+    EXPECT_EQ(GenerateLegalMoves(position), 0);
+    EXPECT_TRUE(position.Fault.Passed());
+    EXPECT_EQ(position.Board, board);
+}
+
+TEST(Limits, TooManyJumps) {
+    BoardCells board = GridOfMen(6, 6);
+    board[kFirstSquare] = kMan;
+    auto position = MakePosition(RulesWith(kStraight), board);
+    ExpectLimit(*position, GeneratorFault::Kind::Jumps);
+    EXPECT_EQ(position->Fault.Depth, kMaxJumps);
+}
+
+TEST(Limits, TooManyRows) {
+    BoardCells board = GridOfMen(4, 4);
+    board[kFirstSquare] = kMan;
+    auto position = MakePosition(RulesWith(kStraight), board);
+    ExpectLimit(*position, GeneratorFault::Kind::Rows);
+    EXPECT_EQ(position->Fault.Rows, kCaptureRows);
+}
+
+TEST(Limits, TooManyRoutes) {
+    auto position = MakePosition(RulesWith(kAllWays), kManyRoutes);
+    ExpectLimit(*position, GeneratorFault::Kind::Work);
+}
+
+TEST(Limits, AQuietMoveEndsTheScanBeforeTheWalk) {
+    BoardCells board = GridOfMen(6, 6);
+    board[kFirstSquare] = kMan;
+    auto position = MakePosition(RulesWith(kStraight), board);
+    EXPECT_TRUE(GenerateMoves1(*position, 1));
+    EXPECT_FALSE(position->Fault.Passed());
+}
+
+TEST(Limits, ThePositionIsFitForUseAfterwards) {
+    BoardCells board = GridOfMen(6, 6);
+    board[kFirstSquare] = kMan;
+    auto position = MakePosition(RulesWith(kStraight), board);
+    GenerateMoves(*position, 0);
+    ASSERT_TRUE(position->Fault.Passed());
+    position->Fault = {};
+    position->StopFlag = 0;
+    position->Board = BoardOf("W: a1; B: a2 b3");
+    GenerateMoves(*position, 0);
+    EXPECT_EQ(MoveTexts(*position), "a1xc3(a2,b3)");
+    EXPECT_FALSE(position->Fault.Passed());
+}
+
+// Twenty jumps are within the limits; the fixed text of 18 pieces that older records had is not one of them.
+TEST(Limits, TwentyJumpsAreMadeAndTakenBack) {
+    BoardCells board = GridOfMen(4, 4);
+    board[kFirstSquare] = kMan;
+    auto position = MakePosition(RulesWith("PiecesOnBlack=2 | KingFirst=1 | WhiteManMovement=NW;NE W;N;E;S"), board);
+    GenerateMoves(*position, 0);
+    ASSERT_FALSE(position->Fault.Passed());
+    ASSERT_GT(MoveCount(position->Tree), 0);
+    for (Long slot = 0; slot < position->Tree.NextMoveSlot; ++slot) {
+        ASSERT_EQ(position->Moves[slot].Captures.Count, 20);
+        PerformMove(*position, slot);
+        Long men = 0;
+        for (Long cell : position->Board)
+            men += cell == -kMan ? 1 : 0;
+        EXPECT_EQ(men, 4);
+        TakeBackMove(*position, slot);
+        EXPECT_EQ(position->Board, board);
+    }
+    EXPECT_EQ(CompareGenerators(*position, 0), Comparison::Compared);
+}
+
+// Kings in all directions on crowded boards, jumped pieces passable: the case that the limits are there for.
+TEST(Limits, ManyKingsOnAllSquares) {
+    RuleSet rules = RulesWith("PiecesOnBlack=2 | RemovePieces=0 | CapReverse=1 | MaxCapMove=0 | "
+                              "WhiteKingMovement=NW;NE;SE;SW;W;N;E;S NW;NE;SE;SW;W;N;E;S");
+    auto position = MakePosition(rules, EmptyBoard());
+    Random random(1);
+    Long passed = 0;
+    for (Long i = 0; i < Scaled(40); ++i) {
+        for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+            if (!IsSquare(square))
+                continue;
+            Long drawn = Draw(random, 6);
+            position->Board[square] = drawn == 0 ? kKing : drawn <= 2 ? -kMan : kEmpty;
+        }
+        BoardCells board = position->Board;
+        position->Fault = {};
+        position->StopFlag = 0;
+        GenerateMoves(*position, 0);
+        ASSERT_EQ(position->Board, board);
+        if (position->Fault.Passed()) {
+            ++passed;
+            EXPECT_EQ(MoveCount(position->Tree), 0);
+            EXPECT_EQ(position->StopFlag, kStopCancel);
+        }
+    }
+    EXPECT_GT(passed, 0);
+}
+
+// Rows of a broken definition: no placement, and no index outside the board.
+TEST(Limits, RowsThatAreNoRows) {
+    constexpr Long least = std::numeric_limits<Long>::min();
+    constexpr Long most = std::numeric_limits<Long>::max();
+    for (Long first : {least, -5, 0, 1, 2, 7, 13, 14, 200, most}) {
+        for (Long last : {least, -5, 0, 2, 13, 15, 16, 200, most}) {
+            RuleSet rules;
+            rules.canContract = 1;
+            rules.ContractNumber = 2;
+            rules.ContractW1 = rules.ContractB1 = first;
+            rules.ContractW2 = rules.ContractB2 = last;
+            for (Long side : {kWhite, kBlack}) {
+                auto position = MakePosition(rules, "W: c3; B: d0", side);
+                EXPECT_EQ(CompareGenerators(*position, 1), Comparison::Compared);
+            }
+        }
+    }
+}
+
+} // namespace
+
+} // namespace tavlon12

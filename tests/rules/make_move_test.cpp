@@ -1,0 +1,299 @@
+#include "rules/make_move.h"
+
+#include "rules/generate_moves.h"
+#include "support/positions.h"
+#include "support/reference_generator.h"
+
+#include <gtest/gtest.h>
+
+namespace tavlon12 {
+
+namespace {
+
+using namespace support;
+
+/// All that a move and its taking back must leave in order: the present state and everything below it on the stacks.
+struct Snapshot {
+    BoardCells Board;
+    BoardCells InitialBoard;
+    GameTree Tree;
+    RuleSet Rules;
+};
+
+Snapshot SnapshotOf(const Position& position) {
+    return {position.Board, position.InitialBoard, position.Tree, position.Rules};
+}
+
+/// Entries above the current ply and half-move are stale and play no part.
+template <typename Array> bool SameUpTo(const Array& a, const Array& b, Long last) {
+    return std::equal(a.begin(), a.begin() + last + 1, b.begin());
+}
+
+void ExpectSame(const Position& position, const Snapshot& before) {
+    const GameTree& now = position.Tree;
+    const GameTree& was = before.Tree;
+    EXPECT_EQ(PlacementOf(position.Board), PlacementOf(before.Board));
+    EXPECT_EQ(position.Board, before.Board);
+    EXPECT_EQ(position.InitialBoard, before.InitialBoard);
+    EXPECT_EQ(position.Rules, before.Rules);
+    EXPECT_EQ(now.Ply, was.Ply);
+    EXPECT_EQ(now.TreeIndex, was.TreeIndex);
+    EXPECT_EQ(now.SideToMove, was.SideToMove);
+    EXPECT_EQ(now.WhiteOffBoard, was.WhiteOffBoard);
+    EXPECT_EQ(now.BlackOffBoard, was.BlackOffBoard);
+    EXPECT_TRUE(SameUpTo(now.PlyFirstMove, was.PlyFirstMove, was.Ply));
+    EXPECT_TRUE(SameUpTo(now.PlyValue, was.PlyValue, was.Ply));
+    EXPECT_TRUE(SameUpTo(now.PlyMaterial, was.PlyMaterial, was.Ply));
+    EXPECT_TRUE(SameUpTo(now.PlyLastTo, was.PlyLastTo, was.Ply));
+    EXPECT_TRUE(SameUpTo(now.PlyForcing, was.PlyForcing, was.Ply));
+    EXPECT_TRUE(SameUpTo(now.TreeTo, was.TreeTo, was.TreeIndex));
+    EXPECT_TRUE(SameUpTo(now.TreeLastMan, was.TreeLastMan, was.TreeIndex));
+    EXPECT_TRUE(SameUpTo(now.TreeKingMan, was.TreeKingMan, was.TreeIndex));
+}
+
+/// Material of the board, seen from a side.
+Long BalanceOf(const BoardCells& board, Long side) {
+    Long sum = 0;
+    for (Long cell : board)
+        sum += cell == kBorder ? 0 : cell;
+    return 100 * side * sum;
+}
+
+Long MaterialOf(const BoardCells& board) {
+    Long sum = 0;
+    for (Long cell : board)
+        sum += cell == kBorder ? 0 : Magnitude(cell);
+    return 100 * sum;
+}
+
+/// These rules change the kept balance by fixed amounts instead of by what happens on the board.
+bool BalanceEqualsTheBoard(const RuleSet& rules) {
+    return rules.KingMan != 1 && rules.ChangeSide != 1 && rules.canContract != 1;
+}
+
+/// Makes the move and checks the board and counts against the reference.
+void MakeAndCheck(Position& position, Long slot) {
+    ReferenceState expected = AfterMove(StateOf(position), AsReference(position.Moves[slot]), position.LastCapAnyPly);
+    std::string text = MoveText(position.Moves[slot]);
+    PerformMove(position, slot);
+    const GameTree& tree = position.Tree;
+    EXPECT_EQ(PlacementOf(position.Board), PlacementOf(expected.Board)) << "after " << text;
+    EXPECT_EQ(tree.SideToMove, expected.SideToMove);
+    EXPECT_EQ(tree.WhiteOffBoard, expected.OffBoard[0]);
+    EXPECT_EQ(tree.BlackOffBoard, expected.OffBoard[1]);
+    EXPECT_EQ(tree.TreeTo[tree.TreeIndex], expected.LastTo);
+    EXPECT_EQ(tree.PlyLastTo[tree.Ply], expected.LastTo);
+    bool forcing = position.Moves[slot].IsCapture() || position.Moves[slot].Promotes != 0;
+    EXPECT_EQ(tree.PlyForcing[tree.Ply], forcing ? 1 : 0);
+    if (BalanceEqualsTheBoard(position.Rules)) {
+        EXPECT_EQ(tree.PlyValue[tree.Ply], BalanceOf(position.Board, tree.SideToMove)) << "after " << text;
+        EXPECT_EQ(tree.PlyMaterial[tree.Ply], MaterialOf(position.Board)) << "after " << text;
+    }
+}
+
+/// Counts the board for the root, as a set-up of the classic start leaves a sum that is not the board's.
+void CountRoot(Position& position) {
+    position.Tree.PlyValue[0] = BalanceOf(position.Board, position.Tree.SideToMove);
+    position.Tree.PlyMaterial[0] = MaterialOf(position.Board);
+}
+
+/// One line of random moves without accepting any, and all the way back.
+void DownAndUp(Position& position, Long depth, Random& random) {
+    struct Made {
+        Long Slot;
+        Snapshot Before;
+    };
+    std::vector<Made> line;
+    while (static_cast<Long>(line.size()) < depth && position.Tree.NextMoveSlot < 800) {
+        // Captures may also be played where they are not the only legal moves.
+        GenerateMoves(position, DrawOneIn(random, 4) ? 1 : 0);
+        if (MoveCount(position.Tree) == 0)
+            GenerateMoves(position, 1);
+        Long count = MoveCount(position.Tree);
+        if (count == 0 || position.Fault.Passed())
+            break;
+        Long slot = position.Tree.PlyFirstMove[position.Tree.Ply] + Draw(random, count);
+        line.push_back({slot, SnapshotOf(position)});
+        MakeAndCheck(position, slot);
+        if (::testing::Test::HasFailure())
+            return;
+    }
+    for (; !line.empty(); line.pop_back()) {
+        TakeBackMove(position, line.back().Slot);
+        ExpectSame(position, line.back().Before);
+        if (::testing::Test::HasFailure())
+            return;
+    }
+}
+
+/// Every move to the depth told, each made and taken back.
+void MakeAll(Position& position, Long depth) {
+    GenerateMoves(position, 1);
+    Long first = position.Tree.PlyFirstMove[position.Tree.Ply];
+    Long last = position.Tree.NextMoveSlot;
+    for (Long slot = first; slot < last; ++slot) {
+        Snapshot before = SnapshotOf(position);
+        MakeAndCheck(position, slot);
+        if (depth > 1)
+            MakeAll(position, depth - 1);
+        TakeBackMove(position, slot);
+        ExpectSame(position, before);
+        if (::testing::Test::HasFailure())
+            return;
+    }
+}
+
+TEST(MakeMove, RandomGamesUnderRandomRules) {
+    for (Long seed = 1; seed <= Scaled(2500) && !HasFailure(); ++seed) {
+        Random random(static_cast<std::uint64_t>(seed));
+        RuleSet rules = RandomRules(random);
+        SCOPED_TRACE("seed " + std::to_string(seed) + ", " + ChangedKeys(rules));
+        auto position = StartPosition(rules);
+        if (DrawOneIn(random, 2))
+            PlacePiecesAtRandom(*position, random);
+        PlayAtRandom(*position, Draw(random, 40), random);
+        if (position->Fault.Passed())
+            continue;
+        CountRoot(*position);
+        DownAndUp(*position, 40, random);
+    }
+}
+
+TEST(MakeMove, LinesAsDeepAsThePliesGo) {
+    Long deepest = 0;
+    for (const NamedRules& named : NamedRuleSets()) {
+        SCOPED_TRACE(named.Name);
+        Random random(7);
+        auto position = StartPosition(RulesWith(named.Changed));
+        CountRoot(*position);
+        DownAndUp(*position, kMaxPly - 1, random);
+        for (Long i = 0; i < kMaxPly && position->Tree.PlyLastTo[i + 1] != 0; ++i)
+            deepest = std::max(deepest, i + 1);
+        if (HasFailure())
+            return;
+    }
+    EXPECT_GT(deepest, 50);
+}
+
+TEST(MakeMove, EveryMoveOfSmallPositions) {
+    for (Long seed = 1; seed <= Scaled(400) && !HasFailure(); ++seed) {
+        Random random(static_cast<std::uint64_t>(seed));
+        RuleSet rules = RandomRules(random);
+        SCOPED_TRACE("seed " + std::to_string(seed) + ", " + ChangedKeys(rules));
+        auto position = MakePosition(rules, EmptyBoard());
+        PlacePiecesAtRandom(*position, random);
+        MakeAll(*position, 1);
+        // Few pieces, so that the last man of a side comes about.
+        for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+            if (IsSquare(square) && !DrawOneIn(random, 12))
+                position->Board[square] = kEmpty;
+        }
+        CountRoot(*position);
+        MakeAll(*position, 2);
+    }
+}
+
+struct AfterRow {
+    const char* Name;
+    const char* Changed;
+    const char* Placement;
+    Long Side;
+    const char* Move; ///< as `MoveText` has it
+    const char* After;
+    Long Value;    ///< change of the balance, seen from the opponent of the mover
+    Long Material; ///< change of the sum
+};
+
+const AfterRow kAfterRows[] = {
+    {"QuietMove", "", "W: c3; B: h8", kWhite, "c3-d4", "W: d4; B: h8", 0, 0},
+    {"CaptureOfAManAndAKing", "", "W: a1; B: b2 Kd4 h8", kWhite, "a1xe5(b2,Kd4)", "W: e5; B: h8", -300, -300},
+    {"Promotion", "", "W: ga; B: h8", kWhite, "ga-fb=K", "W: Kfb; B: h8", -100, 100},
+    {"PromotionOfBlack", "", "W: h8; B: h2", kBlack, "h2-g1=K", "W: h8; B: Kg1", -100, 100},
+    {"ARoundWalkLeavesThePieceWhereItWas", "", "W: e5; B: d6 d8 f8 f6 h2", kWhite, "e5xe5(d6,d8,f8,f6)", "W: e5; B: h2",
+     -400, -400},
+    {"KingManAfterACapture", "KingMan=1", "W: Ka1; B: b2 l2", kWhite, "a1xc3(b2)", "W: c3; B: l2", -200, -200},
+    {"KingManAfterAQuietMove", "KingMan=1", "W: Ka1; B: h8", kWhite, "a1-b2", "W: Kb2; B: h8", 0, 0},
+    {"KingManAfterARoundWalk", "KingMan=1 | KingFirst=1", "W: Ke5; B: d6 d8 f8 f6 l2", kWhite, "e5xe5(d6,d8,f8,f6)",
+     "W: Ke5; B: l2", -400, -400},
+    {"KingManDoesNotTouchMen", "KingMan=1", "W: a1; B: b2 h8", kWhite, "a1xc3(b2)", "W: c3; B: h8", -100, -100},
+    {"ChangeSideGivesTheKingAway", "ChangeSide=1", "W: ga; B: h8", kWhite, "ga-fb=K", "W:; B: h8 Kfb", 100, 100},
+    {"ChangeSideGivesBlacksKingAway", "ChangeSide=1", "W: h8; B: h2", kBlack, "h2-g1=K", "W: Kg1 h8; B:", 100, 100},
+    {"ChangeSideAfterARoundWalk", "ChangeSide=1 | PromoW=E5", "W: e5; B: d6 d8 f8 f6 h2", kWhite,
+     "e5xe5(d6,d8,f8,f6)=K", "W:; B: h2 Ke5", -300, -300},
+    {"LastManIsCrownedByACapture", "ManKing=1", "W: a1; B: b2 h8", kWhite, "a1xc3(b2)", "W: c3; B: Kh8", 0, 0},
+    {"LastManIsCrownedByAQuietMove", "ManKing=1", "W: a1; B: h8", kWhite, "a1-b2", "W: b2; B: Kh8", 100, 100},
+    {"TheMoversLastManIsNot", "ManKing=1", "W: a1; B: h8 j8", kWhite, "a1-b2", "W: b2; B: h8 j8", 0, 0},
+    {"ALastKingStaysAKing", "ManKing=1", "W: a1; B: Kh8", kWhite, "a1-b2", "W: b2; B: Kh8", 0, 0},
+    {"Placement", "canContract=1 | ContractNumber=3 | ContractW1=2 | ContractW2=2", "W:; B: h8", kWhite, "@c1",
+     "W: c1; B: h8", 0, 0},
+    {"PlacementOfBlack", "canContract=1 | ContractNumber=3 | ContractB1=13 | ContractB2=13", "W: h8; B:", kBlack, "@bb",
+     "W: h8; B: bb", 0, 0},
+    {"ALeapOverFriends", "JumpFriend=1 | NumberFriends=2", "W: a1 b2 c3", kWhite, "a1-d4", "W: b2 c3 d4; B:", 0, 0},
+};
+
+class AfterMoveRows : public ::testing::TestWithParam<AfterRow> {};
+
+void PrintTo(const AfterRow& row, std::ostream* stream) {
+    *stream << row.Name;
+}
+
+TEST_P(AfterMoveRows, MadeAndTakenBack) {
+    const AfterRow& row = GetParam();
+    auto position = MakePosition(RulesWith(row.Changed), row.Placement, row.Side);
+    position->Tree.PlyValue[0] = 1000;
+    position->Tree.PlyMaterial[0] = 5000;
+    Long slot = -1;
+    GenerateMoves(*position, 1);
+    for (Long i = 0; i < position->Tree.NextMoveSlot; ++i) {
+        if (slot < 0 && MoveText(position->Moves[i]) == row.Move)
+            slot = i;
+    }
+    ASSERT_GE(slot, 0) << "among " << MoveTexts(*position);
+    Snapshot before = SnapshotOf(*position);
+    PerformMove(*position, slot);
+    EXPECT_EQ(position->Board, BoardOf(row.After)) << PlacementOf(position->Board);
+    EXPECT_EQ(position->Tree.PlyValue[1], -1000 + row.Value);
+    EXPECT_EQ(position->Tree.PlyMaterial[1], 5000 + row.Material);
+    EXPECT_EQ(position->Tree.SideToMove, -row.Side);
+    EXPECT_EQ(position->Tree.Ply, 1);
+    EXPECT_EQ(position->Tree.TreeIndex, 1);
+    Long placed = *row.Move == '@' ? 1 : 0;
+    EXPECT_EQ(position->Tree.WhiteOffBoard, before.Tree.WhiteOffBoard - (row.Side == kWhite ? placed : 0));
+    EXPECT_EQ(position->Tree.BlackOffBoard, before.Tree.BlackOffBoard - (row.Side == kBlack ? placed : 0));
+    TakeBackMove(*position, slot);
+    ExpectSame(*position, before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AfterMoveRows, ::testing::ValuesIn(kAfterRows),
+                         [](const auto& row) { return std::string(row.param.Name); });
+
+// A game may run to its 1000th half-move and the search still looks ahead from there.
+TEST(MakeMove, AtTheEndOfAFullGame) {
+    auto position = MakePosition(RuleSet(), "W: Ka1; B: Kb0 d0");
+    position->Tree.TreeIndex = kMaxHalfMoves;
+    Random random(3);
+    CountRoot(*position);
+    DownAndUp(*position, kMaxPly - 1, random);
+    EXPECT_EQ(position->Tree.TreeIndex, kMaxHalfMoves);
+}
+
+TEST(InitGameTree, TakesTheBalanceOfTheMoveMade) {
+    auto position = MakePosition(RuleSet(), "W: a1; B: b2 h8");
+    position->Tree.PlyValue[0] = -100;
+    position->Tree.PlyMaterial[0] = 300;
+    InitGameTree(*position);
+    EXPECT_EQ(position->Tree.PlyValue[0], -100) << "at the root nothing changes";
+    GenerateMoves(*position, 0);
+    PerformMove(*position, 0);
+    InitGameTree(*position);
+    EXPECT_EQ(position->Tree.Ply, 0);
+    EXPECT_EQ(position->Tree.TreeIndex, 1);
+    EXPECT_EQ(position->Tree.PlyValue[0], 0);
+    EXPECT_EQ(position->Tree.PlyMaterial[0], 200);
+    EXPECT_EQ(position->Tree.TreeTo[1], SquareOf("c3"));
+    EXPECT_EQ(position->Tree.SideToMove, kBlack);
+}
+
+} // namespace
+
+} // namespace tavlon12

@@ -1,0 +1,96 @@
+#include "rules/notation.h"
+
+#include "rules/board.h"
+
+#include <gtest/gtest.h>
+
+namespace tavlon12 {
+
+namespace {
+
+TEST(SquareNotation, Rows) {
+    struct Row {
+        Long Square;
+        Padding Mode;
+        Byte Notation;
+        const char* Text;
+    };
+    const Row rows[] = {
+        {29, Padding::Blank, kAlgebraic, "a1"},      {184, Padding::Blank, kAlgebraic, "bb"},
+        {194, Padding::None, kAlgebraic, "lb"},      {155, Padding::Zero, kAlgebraic, "a0"},
+        {169, Padding::Zero, kAlgebraic, "aa"},      {141, Padding::Zero, kAlgebraic, "a9"},
+        {184, Padding::None, kNumeric, "1"},         {183, Padding::None, kNumeric, "1"},
+        {194, Padding::None, kNumeric, "6"},         {29, Padding::Blank, kNumeric, "67"},
+        {39, Padding::Zero, kNumeric, "72"},         {192, Padding::Blank, kNumeric, " 5"},
+        {192, Padding::None, kNumeric, "5"},         {192, Padding::Zero, kNumeric, "05"},
+        {178, Padding::Zero, kNumeric, "11"},        {192, Padding::Zero, kNoLabels, "05"},
+        {kOffBoard, Padding::Blank, kAlgebraic, ""}, {kOffBoard, Padding::Blank, kNumeric, ""},
+        {28, Padding::Blank, kAlgebraic, "--"},      {41, Padding::Blank, kNumeric, "--"},
+        {42, Padding::Blank, kAlgebraic, "--"},      {0, Padding::Blank, kAlgebraic, "--"},
+        {-1, Padding::Blank, kNumeric, "--"},        {195, Padding::Blank, kNumeric, "--"},
+        {100000, Padding::Blank, kAlgebraic, "--"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(SquareNotation(row.Square, row.Mode, row.Notation), row.Text)
+            << row.Square << " under notation " << static_cast<Long>(row.Notation);
+    }
+}
+
+TEST(SquareNumber, Rows) {
+    struct Row {
+        const char* Text;
+        Byte Notation;
+        Long PiecesOnBlack;
+        Long Square;
+    };
+    const Row rows[] = {
+        {"A0", kAlgebraic, 1, 155}, {"M1", kAlgebraic, 1, 0},
+        {"Ac", kAlgebraic, 1, 0},   {"LB", kAlgebraic, 1, 194},
+        {"Lb", kAlgebraic, 0, 194}, {"", kAlgebraic, 1, 0},
+        {"A", kAlgebraic, 1, 0},    {"A ", kAlgebraic, 1, 0},
+        {"1A", kAlgebraic, 1, 0},   {"@1", kAlgebraic, 1, 0},
+        {"1", kNumeric, 1, 184},    {"72", kNumeric, 1, 39},
+        {"1", kNumeric, 0, 183},    {"72", kNumeric, 0, 40},
+        {" 5", kNumeric, 1, 192},   {"05", kNumeric, 1, 192},
+        {"67", kNumeric, 1, 29},    {"0", kNumeric, 1, 0},
+        {"73", kNumeric, 1, 0},     {"-1", kNumeric, 1, 0},
+        {"", kNumeric, 1, 0},       {"x", kNumeric, 1, 0},
+        {"7", kNumeric, 1, 169},    {"1", kNoLabels, 1, 184},
+        {"1e9", kNumeric, 1, 0},    {"99999999999999999999", kNumeric, 1, 0},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(SquareNumber(row.Text, row.Notation, row.PiecesOnBlack), row.Square)
+            << "\"" << row.Text << "\" under notation " << static_cast<Long>(row.Notation);
+    }
+}
+
+TEST(Notation, RoundTripOverThePlayingSquares) {
+    for (Byte notation : {kAlgebraic, kNumeric, kNoLabels}) {
+        for (Long piecesOnBlack : {0, 1, 2}) {
+            if (notation != kAlgebraic && piecesOnBlack == 2)
+                continue; // numbers exist on boards of one colour only
+            Long count = 0;
+            for (Long square = 0; square < kBoardCells; ++square) {
+                if (!IsSquare(square) || !IsPlayingSquare(square, piecesOnBlack))
+                    continue;
+                for (Padding padding : {Padding::Blank, Padding::None, Padding::Zero}) {
+                    std::string text = UpperCase(SquareNotation(square, padding, notation).substr(0, 1)) +
+                                       SquareNotation(square, padding, notation).substr(1);
+                    EXPECT_EQ(SquareNumber(text, notation, piecesOnBlack), square) << text;
+                }
+                ++count;
+            }
+            EXPECT_EQ(count, piecesOnBlack == 2 ? 144 : 72);
+        }
+    }
+}
+
+// The rank is read in either case, the column letter in capitals only: the callers see to it.
+TEST(SquareNumber, CaseOfLetters) {
+    EXPECT_EQ(SquareNumber("AA", kAlgebraic, 1), SquareNumber("Aa", kAlgebraic, 1));
+    EXPECT_EQ(SquareNumber("a1", kAlgebraic, 1), 0);
+}
+
+} // namespace
+
+} // namespace tavlon12

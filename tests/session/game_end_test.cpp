@@ -1,0 +1,304 @@
+#include "session/game_end.h"
+#include "session/human_move.h"
+#include "session/input_move.h"
+#include "session/navigation.h"
+#include "support/game_setup.h"
+
+#include <gtest/gtest.h>
+
+namespace tavlon12 {
+namespace {
+
+using support::StartGame;
+using support::Texts;
+
+/// Plays moves of two persons, "c3d4 h8g7".
+void PlayAll(Session& game, std::string_view moves) {
+    for (std::size_t at = 0; at < moves.size(); at += 5) {
+        ASSERT_TRUE(InputMove(game, UpperCase(moves.substr(at, 4)))) << moves.substr(at, 4);
+        CommitHumanMove(game, MovePath::Board);
+    }
+}
+
+struct EndCase {
+    std::string_view Name;
+    std::string_view Rules;
+    std::string_view Placement;
+    Long SideToMove;
+    std::string_view Moves;
+    std::string_view Text;   ///< empty when the game goes on
+    std::string_view Result; ///< "1-0": the side that began has won
+};
+
+void PrintTo(const EndCase& test, std::ostream* stream) {
+    *stream << test.Name;
+}
+
+class EndOfGame : public testing::TestWithParam<EndCase> {};
+
+TEST_P(EndOfGame, IsToldOnceWithItsResult) {
+    const EndCase& test = GetParam();
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.PlayMode = kPlayerPlayer;
+    game.Settings.KingVersusKing = 1;
+    StartGame(fixture, test.Rules, test.Placement, test.SideToMove);
+    PlayAll(game, test.Moves);
+    EXPECT_EQ(game.ResultText, test.Result);
+    if (test.Text.empty()) {
+        EXPECT_FALSE(game.GameOver);
+        EXPECT_TRUE(fixture.Screen.Messages.empty());
+        return;
+    }
+    EXPECT_TRUE(game.GameOver);
+    const RecordedMessage expected{std::string(test.Text), "Congratulations", MessageKind::Exclamation};
+    EXPECT_EQ(fixture.Screen.Messages, std::vector{expected}) << testing::PrintToString(Texts(fixture.Screen.Messages));
+    EXPECT_EQ(fixture.Screen.Status[1], test.Text);
+    EXPECT_EQ(fixture.Screen.Waited, 0.5);
+    for (Command command : {Command::Compute, Command::Analyze, Command::Offerdraw, Command::Resign, Command::Hint,
+                            Command::mnu_Play_Ccomputer})
+        EXPECT_FALSE(fixture.Screen.Enabled.at(command)) << static_cast<int>(command);
+    EXPECT_FALSE(fixture.Screen.List(ListId::List2).Enabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, EndOfGame,
+    testing::Values(
+        EndCase{"GoesOn", "", "W: c3; B: h8", kWhite, "c3d4", "", ""},
+        EndCase{"LastPieceTaken", "", "W: c3; B: d4", kWhite, "c3e5", "White wins!", "1-0"},
+        EndCase{"LastPieceTakenByBlackWhoBegan", "", "W: d4; B: e5", kBlack, "e5c3", "Black wins!", "1-0"},
+        EndCase{"LastPieceTakenByTheSecond", "", "W: c3; B: a5 l8", kWhite, "c3b4 a5c3", "Black wins!", "0-1"},
+        EndCase{"Blocked", "", "W: b2 c1 e3; B: a3", kWhite, "e3f4", "White wins!", "1-0"},
+        EndCase{"BlockedIsDraw", "NoLegalDraw=1", "W: b2 c1 e3; B: a3", kWhite, "e3f4", "It's a draw!", "1/2-1/2"},
+        EndCase{"NoPiecesIsNoDraw", "NoLegalDraw=1", "W: c3; B: d4", kWhite, "c3e5", "White wins!", "1-0"},
+        EndCase{"AntiTakesLast", "AntiMode=1", "W: c3; B: d4", kWhite, "c3e5", "Black wins!", "0-1"},
+        EndCase{"AntiBlocked", "AntiMode=1", "W: b2 c1 e3; B: a3", kWhite, "e3f4", "Black wins!", "0-1"},
+        EndCase{"FirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, "aabb", "White wins!", ""},
+        EndCase{"FirstKingOfBlack", "KingWin=1", "W: h2 f2; B: b2 c9", kBlack, "b2a1", "Black wins!", ""},
+        EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, "b2a1", "White wins!", ""},
+        EndCase{"FewPieces", "NumberPieces=2 | MaxCapMove=0", "W: c3 e1 g1; B: d4 h8 ka", kWhite, "c3e5", "White wins!",
+                ""},
+        EndCase{"TwoKingsRuleOff", "", "W: Ka1 Kb2; B: Kl2", kWhite, "b2c3 l2k1", "", ""}),
+    [](const auto& test) { return std::string(test.param.Name); });
+
+/// White's king walks between a1 and b2, Black's between bb and ca, where they never meet.
+std::string Shuffle(Long halfMoves) {
+    constexpr std::string_view kMoves[] = {"a1b2 ", "bbca ", "b2a1 ", "cabb "};
+    std::string text;
+    for (Long i = 0; i < halfMoves; ++i)
+        text += kMoves[i % 4];
+    return text;
+}
+
+struct DrawCase {
+    std::string_view Name;
+    std::string_view Rules;
+    std::string_view Placement;
+    void (*Adjust)(UserSettings&);
+    Long EndsAt; ///< half-move, 0 for no end within 70
+    std::string_view Text;
+};
+
+void PrintTo(const DrawCase& test, std::ostream* stream) {
+    *stream << test.Name;
+}
+
+class DrawRules : public testing::TestWithParam<DrawCase> {};
+
+TEST_P(DrawRules, EndTheGameAtTheirHalfMove) {
+    const DrawCase& test = GetParam();
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.PlayMode = kPlayerPlayer;
+    StartGame(fixture, test.Rules, test.Placement);
+    game.Settings.ChessDraws = 0;
+    test.Adjust(game.Settings);
+    const std::string moves = Shuffle(70);
+    while (!game.GameOver && fixture.Pos->Tree.TreeIndex < 70)
+        PlayAll(game, std::string_view(moves).substr(static_cast<std::size_t>(fixture.Pos->Tree.TreeIndex) * 5, 5));
+    EXPECT_EQ(game.GameOver ? fixture.Pos->Tree.TreeIndex : 0, test.EndsAt);
+    const std::vector<std::string> expected(test.EndsAt == 0 ? 0 : 1, std::string(test.Text));
+    EXPECT_EQ(Texts(fixture.Screen.Messages), expected);
+    EXPECT_EQ(game.ResultText, test.EndsAt == 0 ? "" : "1/2-1/2");
+}
+
+constexpr std::string_view kMany = "W: Ka1 Kd2 Kj2; B: Kbb Kl8 Kl6";
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DrawRules,
+    testing::Values(
+        // The placement after half-move 1 stands there again after 5 and 9; whose turn it is plays no part.
+        DrawCase{"Repetition", "", kMany, [](UserSettings& s) { s.ChessDraws = 1; }, 9,
+                 "It's a draw! Triple Repetition"},
+        DrawCase{"RepetitionOff", "", kMany, [](UserSettings&) {}, 0, ""},
+        DrawCase{"KingVersusKing", "", "W: Ka1; B: Kbb", [](UserSettings& s) { s.KingVersusKing = 1; }, 1,
+                 "It's a draw! King versus King"},
+        DrawCase{"KingVersusKingOff", "", "W: Ka1; B: Kbb", [](UserSettings&) {}, 0, ""},
+        // The first list holds quiet moves too where captures are free.
+        DrawCase{"KingVersusKingWithFreeCaptures", "CapRequired=0", "W: Ka1; B: Kbb",
+                 [](UserSettings& s) { s.KingVersusKing = 1; }, 0, ""},
+        // From half-move 1 on: 30 - 1 + 2 exceeds 30.
+        DrawCase{"ThreeKings", "ThreeKings=1 | NumberKings=15", "W: Ka1 Kf2 Kh2; B: Kbb", [](UserSettings&) {}, 30,
+                 "It's a draw! 3 Kings versus 1 King"},
+        DrawCase{"ThreeKingsOfBlack", "ThreeKings=1 | NumberKings=2", "W: Ka1; B: Kbb Kl8 Kl6", [](UserSettings&) {}, 4,
+                 "It's a draw! 3 Kings versus 1 King"},
+        DrawCase{"ThreeKingsOff", "NumberKings=15", "W: Ka1 Kf2 Kh2; B: Kbb", [](UserSettings&) {}, 0, ""},
+        DrawCase{"TwoKings", "TwoKings=1 | NumberKings2=5", "W: Ka1 Kh2; B: Kbb", [](UserSettings&) {}, 10,
+                 "It's a draw! 2 Kings versus 1 King"},
+        DrawCase{"AManStopsTheCount", "TwoKings=1 | NumberKings2=5", "W: Ka1 e1 g1; B: Kbb", [](UserSettings&) {}, 0,
+                 ""}),
+    [](const auto& test) { return std::string(test.param.Name); });
+
+/// Plays half-moves of two kings that do not capture, through the record alone.
+void PretendQuietHalfMoves(Session& game, Long count) {
+    game.Pos.Tree.TreeIndex = game.Record.LastMoveIndex = count;
+    for (Long i = 1; i <= count; ++i)
+        game.Record.MoveHistory[i] = {29, 44, {}, 0, 0};
+    while (game.Port.ListCount(ListId::List1) < count)
+        game.Port.ListAdd(ListId::List1, "");
+}
+
+TEST(MoveLimit, ComesAtTheLimitOfItsCode) {
+    constexpr Long kLimits[] = {64, 100, 32, 40, 80};
+    for (Byte code = 0; code < 5; ++code) {
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        StartGame(fixture, "", kMany);
+        game.Settings.MoveLimitCode = code;
+        for (Long count : {kLimits[code] - 1, kLimits[code]}) {
+            PretendQuietHalfMoves(game, count);
+            UpdateDrawStatus(game);
+            EXPECT_EQ(game.DrawReason, count == kLimits[code] ? 2 : 0)
+                << "code " << int(code) << ", half-move " << count;
+            EXPECT_EQ(CheckMoveLimit(game, count - 1), count == kLimits[code]);
+        }
+    }
+}
+
+TEST(MoveLimit, StartsAnewAtACaptureAndAtAPromotion) {
+    for (bool capture : {true, false}) {
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        StartGame(fixture, "", kMany);
+        game.Settings.MoveLimitCode = 2; // 32 half-moves
+        PretendQuietHalfMoves(game, 60);
+        if (capture)
+            game.Record.MoveHistory[29].Captures.Add(74, kMan);
+        else
+            game.Record.MoveHistory[29].Promotes = 2;
+        // Half-move 29 has the index 28.
+        EXPECT_FALSE(CheckMoveLimit(game, 59));
+        EXPECT_TRUE(CheckMoveLimit(game, 60));
+        EXPECT_FALSE(CheckMoveLimit(game, 27));
+        UpdateDrawStatus(game);
+        EXPECT_EQ(game.DrawReason, 0);
+    }
+}
+
+TEST(DrawStatus, ADrawRuleThatIsOffStillMakesAGameWithoutMovesADraw) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.PlayMode = kPlayerPlayer;
+    StartGame(fixture, "", "W: b2 c1 e3; B: a3");
+    game.Settings.ChessDraws = 0;
+    PretendQuietHalfMoves(game, 110);
+    PlayAll(game, "e3f4");
+    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"It's a draw! 50 Moves Rule"});
+    EXPECT_EQ(game.ResultText, "1/2-1/2");
+}
+
+TEST(DrawStatus, TheCountOfKingsKeepsItsStartWhileTheRuleIsOff) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    StartGame(fixture, "LongKings=0", "W: Ka1 Kh2; B: Kbb");
+    game.TwoKingsFrom = 7;
+    PretendQuietHalfMoves(game, 20);
+    UpdateDrawStatus(game);
+    EXPECT_EQ(game.TwoKingsFrom, 7);
+    fixture.Pos->Board[support::SquareOf("c1")] = kMan;
+    UpdateDrawStatus(game);
+    EXPECT_EQ(game.TwoKingsFrom, 0);
+}
+
+TEST(Resigning, EndsTheGameWithoutAResultWhileBothSidesCanMove) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    StartGame(fixture, "", "W: c3; B: h8");
+    Resign(game);
+    EXPECT_TRUE(game.GameOver);
+    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"OK... Computer wins!"});
+    EXPECT_EQ(fixture.Screen.Status[1], "Computer wins!");
+    EXPECT_EQ(game.ResultText, "");
+    EXPECT_FALSE(fixture.Screen.Enabled.at(Command::Resign));
+}
+
+struct OfferCase {
+    bool GameTouched;
+    Long LastScore;
+    bool Accepted;
+};
+
+TEST(DrawOffer, IsAcceptedByAComputerThatIsNotAhead) {
+    for (const OfferCase& test : {OfferCase{false, 0, false}, OfferCase{true, 0, true}, OfferCase{true, -250, true},
+                                  OfferCase{true, 1, false}}) {
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        StartGame(fixture, "", "W: c3; B: h8");
+        game.GameTouched = test.GameTouched;
+        game.LastScore = test.LastScore;
+        OfferDraw(game);
+        EXPECT_EQ(game.GameOver, test.Accepted);
+        EXPECT_EQ(game.ResultText, test.Accepted ? "1/2-1/2" : "");
+        const RecordedMessage expected =
+            test.Accepted ? RecordedMessage{"OK... It's a draw!", "Congratulations", MessageKind::Exclamation}
+                          : RecordedMessage{"Offer rejected... Play on!", "Draw Offer", MessageKind::Exclamation};
+        EXPECT_EQ(fixture.Screen.Messages, std::vector{expected});
+    }
+}
+
+TEST(Winner, IsTheUserByColourAndName) {
+    for (Long begins : {kWhite, kBlack}) {
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        StartGame(fixture, "", "W: c3; B: h8", begins);
+        game.BlackPlayerName = "Player";
+        game.WhitePlayerName = "Computer";
+        EXPECT_TRUE(WinnerIsUser(game, begins));
+        EXPECT_FALSE(WinnerIsUser(game, -begins));
+        SwapPlayerNames(game);
+        EXPECT_FALSE(WinnerIsUser(game, begins));
+        EXPECT_TRUE(WinnerIsUser(game, -begins));
+    }
+}
+
+TEST(EndOfGameOnTheScreen, NothingCanBeginWhileTheLastMoveIsSeen) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.PlayMode = kPlayerPlayer;
+    StartGame(fixture, "", "W: c3; B: d4");
+    bool seen = false;
+    fixture.Screen.OnWait = [&] {
+        seen = true;
+        EXPECT_TRUE(game.Busy);
+        EXPECT_FALSE(fixture.Screen.ControlEnabled.at(Control::mnuGame));
+        EXPECT_FALSE(fixture.Screen.ControlEnabled.at(Control::Toolbar1));
+    };
+    PlayAll(game, "c3e5");
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(game.Busy);
+    EXPECT_TRUE(fixture.Screen.ControlEnabled.at(Control::mnuGame));
+}
+
+TEST(EndOfGameOnTheScreen, ClosingTheProgramMeanwhileShowsNothingMore) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.PlayMode = kPlayerPlayer;
+    StartGame(fixture, "", "W: c3; B: d4");
+    fixture.Screen.OnWait = [&] { game.Quitting = true; };
+    PlayAll(game, "c3e5");
+    EXPECT_TRUE(fixture.Screen.Messages.empty());
+    EXPECT_EQ(game.Record.LastMoveIndex, 1);
+}
+
+} // namespace
+} // namespace tavlon12

@@ -1,0 +1,224 @@
+#include "session/move_texts.h"
+
+#include "rules/generate_moves.h"
+#include "rules/make_move.h"
+#include "session/input_move.h"
+#include "session/reset_game.h"
+#include "support/session_play.h"
+
+#include <gtest/gtest.h>
+
+namespace tavlon12 {
+namespace {
+
+TEST(DisplayMove, WritesTheThreeTexts) {
+    MoveRecord quiet{59, 74, {}, 0, 0};
+    MoveRecord capture{59, 87, {}, 0, 0};
+    capture.Captures.Add(73, kMan);
+    MoveRecord promotion{171, 184, {}, 2, 0};
+    MoveRecord home{59, 59, capture.Captures, 0, 0};
+    MoveRecord placement{kOffBoard, 184, {}, 0, 0};
+    struct Row {
+        MoveRecord Move;
+        Byte Notation;
+        std::string CaptureChar;
+        std::string Shown;
+        std::string Key;
+        std::string Plain;
+    };
+    const Row rows[] = {
+        {quiet, kAlgebraic, "x", "c3-d4", "c3d4", "c3-d4"},   {quiet, kNumeric, "x", "56-50", "5650", "56-50"},
+        {quiet, kNoLabels, "x", "56-50", "5650", "56-50"},    {capture, kAlgebraic, "x", "c3xc5", "c3c5", "c3xc5"},
+        {capture, kAlgebraic, ":", "c3:c5", "c3c5", "c3:c5"}, {promotion, kAlgebraic, "x", "ca-bbK", "cabb", "ca-bbK"},
+        {promotion, kNumeric, "x", " 8- 1K", " 8 1", "8-1K"}, {home, kAlgebraic, "x", "c3xc3", "c3c3", "c3xc3"},
+        {placement, kAlgebraic, "x", "bb", "bb", "bb"},       {placement, kNumeric, "x", " 1", " 1", "1"},
+    };
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    for (const Row& row : rows) {
+        game.Pos.Moves[5] = row.Move;
+        game.Settings.Notation = row.Notation;
+        game.CaptureChar = row.CaptureChar;
+        DisplayMove(game, 5);
+        EXPECT_EQ(game.MoveText.MoveTextShown, row.Shown);
+        EXPECT_EQ(game.MoveText.MoveTextKey, row.Key);
+        EXPECT_EQ(game.MoveText.MoveTextPlain, row.Plain);
+    }
+}
+
+TEST(GameLine, AlignsThePairNumbers) {
+    const std::pair<Long, std::string> rows[] = {{1, "   1. c3-d4"},  {2, "      c3-d4"},   {3, "   2. c3-d4"},
+                                                 {19, "  10. c3-d4"}, {999, " 500. c3-d4"}, {1000, "      c3-d4"}};
+    for (const auto& [halfMove, line] : rows)
+        EXPECT_EQ(GameLine(halfMove, "c3-d4"), line);
+}
+
+TEST(RefreshLegalMoves, ListsTheMovesInTheirOrder) {
+    SessionFixture fixture;
+    ASSERT_TRUE(ResetGame(fixture.Game));
+    const std::vector<std::string> expected = {"a5-b6", "c5-b6", "c5-d6", "e5-d6", "e5-f6", "g5-f6",
+                                               "g5-h6", "i5-h6", "i5-j6", "k5-j6", "k5-l6"};
+    EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines, expected);
+    StartFrom(fixture.Game, {{"C3"}, {}, {"D4", "K0"}, {}});
+    EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines, std::vector<std::string>{"c3xe5"});
+}
+
+TEST(ShowCandidates, WritesOneLineForEachFilledRow) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    RecordedList& list = fixture.Screen.List(ListId::List3);
+    game.RootMoves[0] = {59, 74, 15};
+    game.RootMoves[1] = {171, 184, -7};
+    game.RootMoves[2] = {kOffBoard, 29, kNotFilled};
+    ShowCandidates(game, game.RootMoves[0].From);
+    EXPECT_EQ(list.Lines, (std::vector<std::string>{"c3d4  15", "cabb -7", "a1  n/a"}));
+    game.Settings.Notation = kNumeric;
+    ShowCandidates(game, game.RootMoves[0].From);
+    EXPECT_EQ(list.Lines, (std::vector<std::string>{"5650  15", "0801 -7", "67  n/a"}));
+    ShowCandidates(game, 0);
+    ShowCandidates(game, kNotFilled);
+    EXPECT_EQ(list.Lines.size(), 3u);
+}
+
+/// A line of the game's list without its number.
+std::string ShownPart(const std::string& line) {
+    return line.substr(6);
+}
+
+TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
+    for (const RulesRow& row : VariedRules()) {
+        SCOPED_TRACE(row.Name);
+        std::mt19937 random(7);
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        game.PlayMode = kPlayerPlayer;
+        UseRules(game.Pos, row);
+        StartFromRandom(game, random, 14);
+        for (int i = 0; i < 30 && !game.GameOver; ++i)
+            ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
+        const Long last = game.Record.LastMoveIndex;
+        ASSERT_GT(last, 2);
+        const auto cells = game.Record.GameRows;
+        const auto lines = fixture.Screen.List(ListId::List1).Lines;
+        const Long selected = fixture.Screen.List(ListId::List1).Selected;
+
+        RewriteGameTexts(game, kNumeric);
+        EXPECT_EQ(game.Settings.Notation, kNumeric);
+        // The texts are those that the moves would have been given in that notation.
+        for (Long halfMove = 1; halfMove <= last; ++halfMove) {
+            game.Pos.Moves[0] = game.Record.MoveHistory[halfMove];
+            DisplayMove(game, 0);
+            EXPECT_EQ(game.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)],
+                      game.MoveText.MoveTextKey + " " + game.MoveText.MoveTextShown);
+            const std::string& line = fixture.Screen.List(ListId::List1).Lines[static_cast<std::size_t>(halfMove - 1)];
+            EXPECT_EQ(ShownPart(line), game.MoveText.MoveTextShown);
+        }
+        bool numbers = game.Pos.Rules.PiecesOnBlack < 2;
+        EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines == lines, !numbers);
+
+        RewriteGameTexts(game, kAlgebraic);
+        EXPECT_TRUE(game.Record.GameRows == cells);
+        EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines, lines);
+        EXPECT_EQ(fixture.Screen.List(ListId::List1).Selected, selected);
+    }
+}
+
+TEST(InputMove, TakesTheTextOfEveryLegalMoveInEveryNotation) {
+    for (const RulesRow& row : VariedRules()) {
+        SCOPED_TRACE(row.Name);
+        std::mt19937 random(8);
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        game.PlayMode = kPlayerPlayer;
+        UseRules(game.Pos, row);
+        for (int round = 0; round < 20; ++round) {
+            StartFromRandom(game, random, 14);
+            game.Settings.Notation = static_cast<Byte>(round % 3);
+            const BoardCells start = game.Pos.Board;
+            const Long count = GenerateLegalMoves(game.Pos);
+            for (Long slot = 0; slot < count; ++slot) {
+                GenerateLegalMoves(game.Pos);
+                const MoveRecord wanted = game.Pos.Moves[slot];
+                DisplayMove(game, slot);
+                const std::string text = UpperCase(game.MoveText.MoveTextKey);
+                ASSERT_TRUE(InputMove(game, text)) << text;
+                const MoveRecord& made = game.Pos.Moves[game.LastMoveSlot];
+                EXPECT_EQ(made.From, wanted.From) << text;
+                EXPECT_EQ(made.To, wanted.To) << text;
+                EXPECT_LE(game.LastMoveSlot, slot) << "of two routes the first";
+                EXPECT_EQ(game.LastMoveCaptured, made.IsCapture());
+                EXPECT_EQ(game.LastMovePromoted, made.Promotes == 2);
+                TakeBackMove(game.Pos, game.LastMoveSlot);
+                ASSERT_EQ(game.Pos.Board, start) << text;
+            }
+        }
+    }
+}
+
+TEST(InputMove, RefusesWhatIsNoLegalMove) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    ASSERT_TRUE(ResetGame(game));
+    for (const char* text :
+         {"", "A", "A5", "A5B", "A5C7", "A5A5", "B8A7", "a5b6", "ZZZZ", "5143", "A5-B6", "\xFF\xFE??"}) {
+        EXPECT_FALSE(InputMove(game, text)) << text;
+        EXPECT_EQ(game.Pos.Board, game.Pos.InitialBoard);
+        EXPECT_EQ(game.Pos.Tree.TreeIndex, 0);
+        EXPECT_EQ(game.Pos.Tree.Ply, 0);
+    }
+    EXPECT_TRUE(InputMove(game, "A5B6 and more"));
+}
+
+TEST(InputMove, HoldsThePersonToTheTouchedPiece) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    ASSERT_TRUE(ResetGame(game));
+    game.Settings.TouchMove = 1;
+    game.TouchedCell = SquareOfText(game, "C5");
+    game.Pos.Tree.NextMoveSlot = 777;
+    EXPECT_FALSE(InputMove(game, "A5B6"));
+    EXPECT_EQ(game.Pos.Tree.NextMoveSlot, 777) << "refused before anything is generated";
+    EXPECT_TRUE(InputMove(game, "C5B6"));
+    EXPECT_EQ(game.TouchedCell, 0);
+
+    ASSERT_TRUE(ResetGame(game));
+    game.Settings.TouchMove = 0;
+    game.TouchedCell = SquareOfText(game, "C5");
+    EXPECT_TRUE(InputMove(game, "A5B6"));
+}
+
+TEST(InputMove, APlacementMatchesByItsSquareAndHidesNoOtherMove) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    UseRules(game.Pos, {"in hand",
+                        {{"canContract", "1"},
+                         {"ContractNumber", "2"},
+                         {"ContractW1", "2"},
+                         {"ContractW2", "4"},
+                         {"ContractB1", "13"},
+                         {"ContractB2", "11"}}});
+    auto start = [&] { StartFrom(game, {{}, {"D2"}, {}, {"KB"}}); };
+    start();
+    ASSERT_TRUE(InputMove(game, "C1"));
+    EXPECT_EQ(game.Pos.Moves[game.LastMoveSlot].From, kOffBoard);
+    start();
+    ASSERT_TRUE(InputMove(game, "A9G1"));
+    EXPECT_EQ(game.Pos.Moves[game.LastMoveSlot].From, kOffBoard);
+    start();
+    ASSERT_TRUE(InputMove(game, "D2C1"));
+    EXPECT_EQ(game.Pos.Moves[game.LastMoveSlot].From, SquareOfText(game, "D2"));
+}
+
+TEST(InputMove, ANewMoveIsJudgedAtTheRoot) {
+    // The rule on the piece moved last holds at the root alone: the move before must have become part of the game.
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    UseRules(game.Pos, {"last piece", {{"LastCap", "1"}, {"MaxCapMove", "0"}}});
+    StartFrom(game, {{"C3", "I3", "H2"}, {}, {"E5", "J4", "B0"}, {}}, kBlack);
+    ASSERT_TRUE(InputMove(game, "E5D4"));
+    EXPECT_FALSE(InputMove(game, "I3K5"));
+    EXPECT_TRUE(InputMove(game, "C3E5"));
+}
+
+} // namespace
+} // namespace tavlon12

@@ -1,0 +1,407 @@
+#include "session/navigation.h"
+
+#include "rules/generate_moves.h"
+#include "rules/make_move.h"
+#include "session/input_move.h"
+#include "session/move_texts.h"
+#include "session/record_move.h"
+#include "session/reset_game.h"
+#include "session/screen.h"
+#include "support/session_play.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace tavlon12 {
+namespace {
+
+/// What must be there again whenever a position of the game is shown.
+struct Shown {
+    BoardCells Board{};
+    Long SideToMove = 0;
+    Long Value = 0;
+    Long Material = 0;
+    Long WhiteOffBoard = 0;
+    Long BlackOffBoard = 0;
+    std::vector<std::string> LegalMoves;
+    std::string NameToMove;
+    std::string Comment;
+
+    bool operator==(const Shown&) const = default;
+};
+
+Shown Look(SessionFixture& fixture) {
+    const GameTree& tree = fixture.Pos->Tree;
+    InitGameTree(*fixture.Pos);
+    // The move that ends a game leaves the greyed list as it was.
+    auto legalMoves = fixture.Screen.List(ListId::List2).Lines;
+    if (fixture.Game.GameOver)
+        legalMoves.clear();
+    return {fixture.Pos->Board,  tree.SideToMove,          tree.PlyValue[0],
+            tree.PlyMaterial[0], tree.WhiteOffBoard,       tree.BlackOffBoard,
+            legalMoves,          NameToMove(fixture.Game), fixture.Screen.Texts[Control::Text1]};
+}
+
+/// A game on a recording screen together with what was shown after each of its half-moves.
+struct RecordedGame : SessionFixture {
+    explicit RecordedGame(Long playMode) {
+        Game.Settings.PlayMode = Game.PlayMode = playMode;
+        Game.Settings.Limits.FixedDepth = 1;
+        Game.Settings.Limits.DepthLimit = 1;
+        Game.Settings.ChessDraws = 0;
+    }
+
+    Long Index() const { return Pos->Tree.TreeIndex; }
+
+    /// Writes a comment to the position on the board and notes what is shown.
+    void Note() {
+        Screen.Texts[Control::Text1] = "comment " + std::to_string(Index());
+        CommentKey(Game);
+        Seen.resize(static_cast<std::size_t>(Index()));
+        Seen.push_back(Look(*this));
+    }
+
+    void PlayRandomly(std::mt19937& random, Long halfMoves) {
+        while (!Game.GameOver && Index() < halfMoves) {
+            std::string text = RandomMoveText(Game, random);
+            ASSERT_TRUE(Play(Game, text)) << text;
+            // A computer's reply leaves no moment to note the position between the two moves.
+            if (Index() == static_cast<Long>(Seen.size()) + 1)
+                Seen.emplace_back();
+            Note();
+        }
+        Keys.assign(Pos->PositionKeys.begin(), Pos->PositionKeys.begin() + Index());
+    }
+
+    /// Compares the screen with what it showed when this position was first reached.
+    void Check(const std::string& where) {
+        SCOPED_TRACE(where + ", half-move " + std::to_string(Index()));
+        const Shown& seen = Seen.at(static_cast<std::size_t>(Index()));
+        Shown now = Look(*this);
+        if (seen.NameToMove.empty()) {
+            EXPECT_EQ(now.NameToMove, Seen.front().NameToMove);
+        } else {
+            EXPECT_TRUE(now == seen);
+            EXPECT_EQ(PositionString(now.Board), PositionString(seen.Board));
+            EXPECT_EQ(now.LegalMoves, seen.LegalMoves);
+            EXPECT_EQ(now.Value, seen.Value);
+            EXPECT_EQ(now.Material, seen.Material);
+            EXPECT_EQ(now.NameToMove, seen.NameToMove);
+        }
+        EXPECT_EQ(now.Value, Pos->Tree.GameValue[Index()]);
+        EXPECT_EQ(Screen.List(ListId::List1).Selected, Index() - 1);
+        EXPECT_EQ(static_cast<Long>(Screen.List(ListId::List1).Lines.size()), Game.Record.LastMoveIndex);
+        EXPECT_EQ(Screen.Enabled[Command::First], Index() > 0);
+        EXPECT_EQ(Screen.Enabled[Command::Moveback], Index() > 0);
+        EXPECT_EQ(Screen.Enabled[Command::MoveForward], Index() < Game.Record.LastMoveIndex);
+        EXPECT_EQ(Screen.Enabled[Command::Last], Index() < Game.Record.LastMoveIndex);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(Index()); ++i) {
+            EXPECT_TRUE(Pos->PositionKeys[i] == Keys[i]) << "key " << i;
+        }
+    }
+
+    void SelectHalfMove(Long halfMove) {
+        Screen.List(ListId::List1).Selected = halfMove - 1;
+        GoToSelectedLine(Game);
+    }
+
+    std::vector<Shown> Seen;
+    std::vector<PositionKey> Keys;
+};
+
+/// Walks about in a whole game, by every command, and branches off from it.
+void WalkAbout(RecordedGame& game, std::mt19937& random) {
+    const Long last = game.Game.Record.LastMoveIndex;
+    const auto lines = game.Screen.List(ListId::List1).Lines;
+    while (game.Index() > 0) {
+        GoBack(game.Game);
+        game.Check("back");
+    }
+    while (game.Index() < last) {
+        GoForward(game.Game);
+        game.Check("forward");
+    }
+    GoFirst(game.Game);
+    ASSERT_EQ(game.Index(), 0);
+    game.Check("first");
+    game.Pos->PositionKeys.fill(KeyOf(EmptyBoard())); // as a search from here may leave them
+    GoLast(game.Game);
+    ASSERT_EQ(game.Index(), last);
+    game.Check("last");
+    for (int jump = 0; jump < 8 && last > 0; ++jump) {
+        Long target = 1 + static_cast<Long>(random() % static_cast<unsigned>(last));
+        game.SelectHalfMove(target);
+        ASSERT_EQ(game.Index(), target);
+        game.Check("line");
+    }
+    EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
+}
+
+TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgain) {
+    for (const RulesRow& row : VariedRules()) {
+        SCOPED_TRACE(row.Name);
+        for (unsigned seed = 1; seed <= 3; ++seed) {
+            std::mt19937 random(seed);
+            RecordedGame game(kPlayerPlayer);
+            UseRules(*game.Pos, row);
+            StartFromRandom(game.Game, random, 14);
+            game.Note();
+            game.PlayRandomly(random, 40);
+            WalkAbout(game, random);
+            if (game.Game.Record.LastMoveIndex < 4)
+                continue;
+
+            // Another move from an earlier position replaces what came after it.
+            Long branch = game.Game.Record.LastMoveIndex / 2;
+            game.SelectHalfMove(branch);
+            game.PlayRandomly(random, branch + 1);
+            ASSERT_EQ(game.Index(), branch + 1);
+            EXPECT_EQ(game.Game.Record.LastMoveIndex, branch + 1);
+            EXPECT_EQ(game.Game.Record.MoveComments[branch + 2], "");
+            EXPECT_EQ(game.Game.Record.MoveHistory[branch + 2].From, 0);
+            game.Check("branch");
+            WalkAbout(game, random);
+        }
+    }
+}
+
+TEST(Navigation, LeavesThePersonToMoveInAGameAgainstTheComputer) {
+    int walked = 0;
+    for (unsigned seed = 1; seed <= 12; ++seed) {
+        std::mt19937 random(seed);
+        RecordedGame game(kPlayerComputer);
+        if (seed % 2 == 0) {
+            StartFromRandom(game.Game, random, 14);
+        } else {
+            ASSERT_TRUE(ResetGame(game.Game));
+        }
+        game.Note();
+        EXPECT_EQ(game.Seen.front().NameToMove, "Player");
+        game.PlayRandomly(random, 16);
+        if (game.Game.GameOver && game.Index() % 2 != 0)
+            continue; // the person has made the last move
+        WalkAbout(game, random);
+        EXPECT_EQ(NameToMove(game.Game), "Player");
+        walked += game.Index() >= 10;
+    }
+    EXPECT_GE(walked, 4);
+}
+
+TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
+    // Two ways from c3 to c7: over d4 and d6, or over b4 and b6.
+    RecordedGame game(kPlayerPlayer);
+    UseRules(*game.Pos, {"free stops", {{"MulJumps", "0"}, {"MaxCapMove", "0"}}});
+    std::vector<MoveRecord> routes;
+    StartFrom(game.Game, {{"C3"}, {}, {"D4", "D6", "B4", "B6", "K0"}, {}});
+    for (Long slot = 0; slot < GenerateLegalMoves(*game.Pos); ++slot) {
+        if (game.Pos->Moves[slot].To == SquareOfText(game.Game, "C7"))
+            routes.push_back(game.Pos->Moves[slot]);
+    }
+    ASSERT_EQ(routes.size(), 2u);
+
+    for (const MoveRecord& route : routes) {
+        game.Pos->Moves[0] = route;
+        DisplayMove(game.Game, 0);
+        PerformMove(*game.Pos, 0);
+        HalfMoveEntry entry;
+        entry.Move = route;
+        entry.Kind = kByComputer;
+        EnterHalfMove(game.Game, entry);
+        InitGameTree(*game.Pos);
+        const BoardCells after = game.Pos->Board;
+
+        GoBack(game.Game);
+        EXPECT_EQ(game.Pos->Board, game.Pos->InitialBoard);
+        GoForward(game.Game);
+        EXPECT_EQ(game.Pos->Board, after);
+        GoBack(game.Game);
+        EXPECT_EQ(game.Pos->Board, game.Pos->InitialBoard);
+    }
+}
+
+TEST(Navigation, ReopensAndEndsAFinishedGame) {
+    RecordedGame game(kPlayerComputer);
+    game.Game.PlayMode = kPlayerPlayer;
+    StartFrom(game.Game, {{"C3"}, {}, {"D4"}, {}});
+    ASSERT_TRUE(Play(game.Game, "C3E5"));
+    ASSERT_TRUE(game.Game.GameOver);
+    ASSERT_EQ(game.Screen.Messages.size(), 1u);
+    EXPECT_FALSE(game.Screen.Enabled[Command::Compute]);
+    EXPECT_FALSE(game.Screen.List(ListId::List2).Enabled);
+
+    game.Game.PlayMode = kPlayerComputer;
+    GoBack(game.Game);
+    EXPECT_FALSE(game.Game.GameOver);
+    EXPECT_EQ(game.Screen.Status[1], "");
+    EXPECT_TRUE(game.Screen.List(ListId::List2).Enabled);
+    for (Command command : {Command::Compute, Command::Analyze, Command::Offerdraw, Command::Resign, Command::Hint,
+                            Command::mnu_Play_Ccomputer, Command::MoveForward, Command::Last}) {
+        EXPECT_TRUE(game.Screen.Enabled[command]) << static_cast<int>(command);
+    }
+    GoForward(game.Game);
+    EXPECT_TRUE(game.Game.GameOver);
+    ASSERT_EQ(game.Screen.Messages.size(), 2u);
+    EXPECT_EQ(game.Screen.Messages[1], game.Screen.Messages[0]);
+    EXPECT_FALSE(game.Screen.Enabled[Command::Compute]);
+}
+
+TEST(Navigation, ShowsTheResultOfALoadedGameAtItsEnd) {
+    RecordedGame game(kPlayerPlayer);
+    ASSERT_TRUE(ResetGame(game.Game));
+    std::mt19937 random(3);
+    game.PlayRandomly(random, 4);
+    game.Game.ResultShown = "0-1";
+    GoFirst(game.Game);
+    EXPECT_EQ(game.Screen.Status[1], "");
+    for (int i = 0; i < 3; ++i) {
+        GoForward(game.Game);
+        EXPECT_EQ(game.Screen.Status[1], "");
+    }
+    GoForward(game.Game);
+    EXPECT_EQ(game.Screen.Status[1], "0-1");
+}
+
+TEST(Navigation, DoesNothingWhereThereIsNothingToDo) {
+    RecordedGame game(kPlayerPlayer);
+    ASSERT_TRUE(ResetGame(game.Game));
+    std::mt19937 random(4);
+    game.Note();
+    game.PlayRandomly(random, 6);
+
+    auto untouched = [&](const std::string& what, auto command, bool emptiesList) {
+        game.Screen.List(ListId::List3).Lines = {"c3d4  1"};
+        game.Game.RootMoves[0].From = 59;
+        auto before = Look(game);
+        Long index = game.Index();
+        command();
+        EXPECT_EQ(game.Index(), index) << what;
+        EXPECT_TRUE(Look(game) == before) << what;
+        EXPECT_EQ(game.Screen.List(ListId::List3).Lines.empty(), emptiesList) << what;
+        EXPECT_EQ(game.Game.RootMoves[0].From, 59) << what;
+    };
+    untouched(
+        "the selected line", [&] { game.SelectHalfMove(6); }, true);
+    untouched(
+        "no line", [&] { game.SelectHalfMove(0); }, true);
+    untouched(
+        "forward at the end", [&] { GoForward(game.Game); }, true);
+    untouched(
+        "last at the end", [&] { GoLast(game.Game); }, true);
+    game.Game.Busy = true;
+    untouched(
+        "first while busy", [&] { GoFirst(game.Game); }, false);
+    untouched(
+        "a line while busy", [&] { game.SelectHalfMove(2); }, false);
+    untouched(
+        "last while busy", [&] { GoLast(game.Game); }, false);
+    game.Game.Busy = false;
+    GoFirst(game.Game);
+    EXPECT_EQ(game.Game.RootMoves[0].From, kNotFilled);
+    untouched(
+        "first at the start", [&] { GoFirst(game.Game); }, true);
+    untouched(
+        "back at the start", [&] { GoBack(game.Game); }, true);
+}
+
+TEST(Navigation, SwapsOnlyTheNamesOfComputerGames) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.BlackPlayerName = "Ann";
+    game.WhitePlayerName = "Bob";
+    SwapNamesOfComputerGame(game);
+    EXPECT_EQ(game.BlackPlayerName, "Ann");
+    game.WhitePlayerName = kComputerName;
+    SwapNamesOfComputerGame(game);
+    EXPECT_EQ(game.BlackPlayerName, kComputerName);
+    EXPECT_EQ(game.WhitePlayerName, "Ann");
+
+    // The first name is that of the side that begins.
+    for (Byte blackStarts : {Byte{0}, Byte{1}}) {
+        game.Pos.Rules.BlackStarts = blackStarts;
+        game.Pos.Tree.SideToMove = blackStarts == 1 ? kBlack : kWhite;
+        EXPECT_EQ(NameToMove(game), kComputerName);
+        game.Pos.Tree.SideToMove = -game.Pos.Tree.SideToMove;
+        EXPECT_EQ(NameToMove(game), "Ann");
+    }
+}
+
+TEST(Navigation, SilentStepsLeaveListsAndCommandsAlone) {
+    RecordedGame game(kPlayerPlayer);
+    ASSERT_TRUE(ResetGame(game.Game));
+    std::mt19937 random(5);
+    game.PlayRandomly(random, 6);
+    auto lists = game.Screen.Lists;
+    auto commands = game.Screen.Enabled;
+    auto comment = game.Screen.Texts[Control::Text1];
+    game.Game.RootMoves[0].From = 59;
+    game.Screen.BoardCalls.clear();
+    GoToMove(game.Game, 6, true, true);
+    EXPECT_EQ(game.Index(), 0);
+    EXPECT_EQ(game.Pos->Board, game.Pos->InitialBoard);
+    EXPECT_TRUE(game.Screen.Lists == lists);
+    EXPECT_EQ(game.Screen.Enabled, commands);
+    EXPECT_EQ(game.Screen.Texts[Control::Text1], comment);
+    EXPECT_EQ(game.Game.RootMoves[0].From, 59);
+    EXPECT_GE(game.Screen.BoardCalls.size(), 6u);
+    EXPECT_FALSE(game.Game.RateableGame);
+}
+
+TEST(Navigation, KeepsCommentsOfThePositionOnTheBoardWhileTheComputerThinks) {
+    RecordedGame game(kPlayerPlayer);
+    ASSERT_TRUE(ResetGame(game.Game));
+    std::mt19937 random(6);
+    game.PlayRandomly(random, 2);
+    game.Game.Busy = true;
+    RefreshLegalMoves(game.Game);
+    PerformMove(*game.Pos, 0); // as the search does
+    game.Screen.Texts[Control::Text1] = "typed meanwhile";
+    CommentKey(game.Game);
+    EXPECT_EQ(game.Game.Record.MoveComments[2], "typed meanwhile");
+    TakeBackMove(*game.Pos, 0);
+}
+
+TEST(Navigation, AGameOfAThousandHalfMovesIsFullAndCanBeWalked) {
+    RecordedGame game(kPlayerPlayer);
+    game.Game.Settings.KingVersusKing = 0;
+    StartFrom(game.Game, {{}, {"A1"}, {}, {"K1"}});
+    const char* const round[] = {"A1B2", "K1L2", "B2A1", "L2K1"};
+    for (Long i = 0; i < kMaxHalfMoves; ++i)
+        ASSERT_TRUE(Play(game.Game, round[i % 4])) << i;
+    EXPECT_TRUE(GameIsFull(game.Game));
+    const BoardCells end = game.Pos->Board;
+    EXPECT_FALSE(InputMove(game.Game, "A1B2"));
+    EXPECT_EQ(game.Pos->Board, end);
+    ShowGameFull(game.Game);
+    EXPECT_EQ(game.Screen.Messages.back(), (RecordedMessage{"This game is full: a record holds 1000 half-moves.",
+                                                            "Error", MessageKind::Exclamation}));
+
+    auto lines = game.Screen.List(ListId::List1).Lines;
+    EXPECT_EQ(lines[999], "      l2-k1");
+    GoFirst(game.Game);
+    EXPECT_EQ(game.Index(), 0);
+    EXPECT_FALSE(GameIsFull(game.Game));
+    GoLast(game.Game);
+    EXPECT_EQ(game.Index(), kMaxHalfMoves);
+    EXPECT_EQ(game.Pos->Board, end);
+    RewriteGameTexts(game.Game, kNumeric);
+    RewriteGameTexts(game.Game, kAlgebraic);
+    EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
+    GoBack(game.Game);
+    EXPECT_TRUE(Play(game.Game, "L2K1"));
+}
+
+TEST(Navigation, LockingShutsEverythingThatCouldDisturbALoad) {
+    SessionFixture fixture;
+    LockCommands(fixture.Game);
+    const std::map<Control, bool> locked = {
+        {Control::mnuGame, false}, {Control::mnuPlay, false}, {Control::mnu_Board1, false}, {Control::view, false},
+        {Control::Help, false},    {Control::Text2, false},   {Control::Toolbar1, false}};
+    EXPECT_EQ(fixture.Screen.ControlEnabled, locked);
+    UnlockCommands(fixture.Game);
+    for (const auto& [control, on] : fixture.Screen.ControlEnabled)
+        EXPECT_TRUE(on) << static_cast<int>(control);
+}
+
+} // namespace
+} // namespace tavlon12

@@ -1,0 +1,98 @@
+#include "session/computer_move.h"
+#include "session/navigation.h"
+#include "support/game_setup.h"
+
+#include <gtest/gtest.h>
+
+namespace tavlon12 {
+namespace {
+
+using support::NamedRules;
+
+constexpr Long kLongestGame = 300;
+
+/// The computer plays both sides from the start position, as long as the game lasts.
+void PlayToTheEnd(SessionFixture& fixture, const RuleSet& rules, Byte depth) {
+    support::LimitDepth(fixture, depth);
+    fixture.Game.PlayMode = kComputerComputer;
+    support::StartGame(fixture, rules);
+    while (!fixture.Game.GameOver && fixture.Pos->Tree.TreeIndex < kLongestGame && !testing::Test::HasFailure()) {
+        const Long before = fixture.Pos->Tree.TreeIndex;
+        fixture.Game.Busy = true;
+        ThinkComputerMove(fixture.Game);
+        fixture.Game.Busy = false;
+        ASSERT_TRUE(fixture.Game.GameOver || fixture.Pos->Tree.TreeIndex == before + 1);
+        ASSERT_EQ(fixture.Pos->Tree.Ply, 0);
+    }
+}
+
+class SelfPlaySlow : public testing::TestWithParam<NamedRules> {};
+
+TEST_P(SelfPlaySlow, AGameEndsWithAVerdictAndItsRecordCanBePlayedAgain) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.Settings.KingVersusKing = 1;
+    const RuleSet rules = support::RulesWith(GetParam().Changed);
+    const std::string start = support::PlacementOf(support::StartPosition(rules)->Board);
+    PlayToTheEnd(fixture, rules, 2);
+    const Long length = fixture.Pos->Tree.TreeIndex;
+    const BoardCells last = fixture.Pos->Board;
+    ASSERT_GT(length, 0);
+    RecordProperty("HalfMoves", length);
+    EXPECT_EQ(game.Record.LastMoveIndex, length);
+    EXPECT_EQ(fixture.Screen.Ended, 0);
+
+    if (game.GameOver) {
+        ASSERT_EQ(fixture.Screen.Messages.size(), 1u);
+        EXPECT_EQ(fixture.Screen.Messages[0].Title, "Congratulations");
+        const bool draw = fixture.Screen.Messages[0].Text.starts_with("It's a draw!");
+        EXPECT_EQ(draw, game.ResultText == "1/2-1/2");
+        if (!draw) {
+            EXPECT_EQ(fixture.Screen.Messages[0].Text, "Computer wins!");
+        }
+    } else {
+        EXPECT_TRUE(fixture.Screen.Messages.empty());
+        EXPECT_GT(GenerateLegalMoves(*fixture.Pos), 0);
+    }
+
+    // Every half-move has a line, a cell of its kind and at least one move to choose from.
+    ASSERT_EQ(fixture.Screen.List(ListId::List1).Lines.size(), static_cast<std::size_t>(length));
+    for (Long halfMove = 1; halfMove <= length; ++halfMove) {
+        const auto& row = game.Record.GameRows[RowOfHalfMove(halfMove)];
+        ASSERT_EQ(row[KindColumn(halfMove)], kByComputer) << halfMove;
+        ASSERT_GE(game.Record.MoveChoices[halfMove], 1) << halfMove;
+        const std::string& cell = row[TextColumn(halfMove)];
+        const std::string shown = cell.substr(cell.find(' ') + 1);
+        ASSERT_TRUE(fixture.Screen.List(ListId::List1).Lines[static_cast<std::size_t>(halfMove - 1)].ends_with(shown));
+    }
+
+    // Back to the start, and forward again to the same position.
+    fixture.Screen.Messages.clear();
+    game.PlayMode = kPlayerPlayer;
+    GoFirst(game);
+    EXPECT_EQ(support::PlacementOf(fixture.Pos->Board), start);
+    GoLast(game);
+    EXPECT_EQ(fixture.Pos->Tree.TreeIndex, length);
+    EXPECT_EQ(support::PlacementOf(fixture.Pos->Board), support::PlacementOf(last));
+}
+
+std::vector<NamedRules> Rules() {
+    const auto named = support::NamedRuleSets();
+    std::vector<NamedRules> rules(named.begin(), named.end());
+    rules.push_back({"Give Away", "AntiMode=1 | MaxCapMove=0"});
+    rules.push_back({"Short Give Away", "AntiMode=1 | LongKings=0 | NumberPieces=3"});
+    rules.push_back({"Homecoming", "WinAtPromo=1 | LongKings=0 | MaxCapMove=0"});
+    rules.push_back({"Race", "KingWin=1 | MaxCapMove=0"});
+    rules.push_back({"Stalemate", "NoLegalDraw=1 | LongKings=0"});
+    rules.push_back({"Few Kings", "ThreeKings=1 | NumberKings=5 | TwoKings=1 | NumberKings2=3 | MaxCapMove=0"});
+    return rules;
+}
+
+INSTANTIATE_TEST_SUITE_P(RuleSets, SelfPlaySlow, testing::ValuesIn(Rules()), [](const auto& test) {
+    std::string name(test.param.Name);
+    std::erase_if(name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); });
+    return name;
+});
+
+} // namespace
+} // namespace tavlon12

@@ -1,0 +1,442 @@
+#include "support/positions.h"
+
+#include "rules/generate_moves.h"
+#include "rules/make_move.h"
+#include "rules/rule_keys.h"
+
+#include <algorithm>
+#include <ostream>
+#include <stdexcept>
+#include <vector>
+
+namespace tavlon12::support {
+
+namespace {
+
+constexpr std::string_view kRankCharacters = "1234567890ab";
+
+std::string_view Trimmed(std::string_view text) {
+    std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    for (;;) {
+        std::size_t end = text.find(separator);
+        parts.push_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string ValueText(const RuleSet& rules, const RuleMember& member) {
+    return std::visit(
+        [&rules](auto pointer) -> std::string {
+            const auto& value = rules.*pointer;
+            using Value = std::decay_t<decltype(value)>;
+            if constexpr (std::is_same_v<Value, std::string>) {
+                return value;
+            } else if constexpr (std::is_same_v<Value, PromotionList>) {
+                return PromotionListText(value);
+            } else {
+                return std::to_string(static_cast<Long>(value));
+            }
+        },
+        member);
+}
+
+std::unique_ptr<Position> NewPosition(const RuleSet& rules) {
+    auto position = std::make_unique<Position>();
+    position->Rules = rules;
+    AdoptMovements(*position);
+    position->DefinedRules = position->Rules;
+    return position;
+}
+
+} // namespace
+
+RuleSet RulesWith(std::string_view changedKeys) {
+    RuleSet rules;
+    if (Trimmed(changedKeys).empty())
+        return rules;
+    for (std::string_view part : Split(changedKeys, '|')) {
+        // The blank before the words of a movement string without quiet words belongs to the value.
+        std::size_t equals = part.find('=');
+        if (equals == std::string_view::npos)
+            throw std::invalid_argument("no value in " + std::string(part));
+        std::string_view name = Trimmed(part.substr(0, equals));
+        std::string_view value = part.substr(equals + 1);
+        while (!value.empty() && value.back() == ' ')
+            value.remove_suffix(1);
+        const RuleKey* key = FindRuleKey(name);
+        if (key == nullptr)
+            throw std::invalid_argument("unknown key " + std::string(name));
+        if (!SetRuleValue(rules, *key, value))
+            throw std::invalid_argument("bad value of " + std::string(name));
+    }
+    return rules;
+}
+
+std::string ChangedKeys(const RuleSet& rules) {
+    std::string text;
+    for (const RuleKey& key : RuleKeys()) {
+        std::string value = ValueText(rules, key.Member);
+        if (value == ValueText(RuleSet(), key.Member))
+            continue;
+        if (!text.empty())
+            text += " | ";
+        text.append(key.Name).append("=").append(value);
+    }
+    return text.empty() ? "the default rules" : text;
+}
+
+Long SquareOf(std::string_view name) {
+    if (name.size() != 2 || name[0] < 'a' || name[0] > 'l')
+        return 0;
+    std::size_t rank = kRankCharacters.find(name[1]);
+    if (rank == std::string_view::npos)
+        return 0;
+    return (static_cast<Long>(rank) + 2) * 14 + (name[0] - 'a' + 1);
+}
+
+std::string NameOf(Long square) {
+    if (square < 29 || square > 194 || square % 14 < 1 || square % 14 > 12)
+        return std::string("?").append(std::to_string(square));
+    return {static_cast<char>('a' + square % 14 - 1), kRankCharacters[static_cast<std::size_t>(square / 14 - 2)]};
+}
+
+BoardCells BoardOf(std::string_view placement) {
+    if (placement.size() == kSquareCount)
+        return ReadPositionString(placement);
+    BoardCells board = EmptyBoard();
+    for (std::string_view part : Split(placement, ';')) {
+        part = Trimmed(part);
+        if (part.empty())
+            continue;
+        Long side = part[0] == 'W' ? kWhite : part[0] == 'B' ? kBlack : 0;
+        if (side == 0 || part.size() < 2 || part[1] != ':')
+            throw std::invalid_argument("no side in " + std::string(part));
+        for (std::string_view name : Split(part.substr(2), ' ')) {
+            if (name.empty())
+                continue;
+            bool king = name[0] == 'K';
+            Long square = SquareOf(king ? name.substr(1) : name);
+            if (square == 0)
+                throw std::invalid_argument("no square: " + std::string(name));
+            if (board[square] != kEmpty)
+                throw std::invalid_argument("two pieces on " + std::string(name));
+            board[square] = side * (king ? kKing : kMan);
+        }
+    }
+    return board;
+}
+
+std::string PlacementOf(const BoardCells& board) {
+    std::string lists[2] = {"W:", "B:"};
+    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+        Long cell = board[square];
+        if (cell == kEmpty || cell == kBorder)
+            continue;
+        lists[cell > 0 ? 0 : 1].append(Magnitude(cell) == kKing ? " K" : " ").append(NameOf(square));
+    }
+    return lists[0] + "; " + lists[1];
+}
+
+std::unique_ptr<Position> MakePosition(const RuleSet& rules, std::string_view placement, Long sideToMove) {
+    return MakePosition(rules, BoardOf(placement), sideToMove);
+}
+
+std::unique_ptr<Position> MakePosition(const RuleSet& rules, const BoardCells& board, Long sideToMove) {
+    auto position = NewPosition(rules);
+    position->Board = board;
+    position->InitialBoard = board;
+    position->Tree.SideToMove = sideToMove;
+    position->Tree.WhiteOffBoard = rules.ContractNumber;
+    position->Tree.BlackOffBoard = rules.ContractNumber;
+    return position;
+}
+
+std::unique_ptr<Position> StartPosition(const RuleSet& rules) {
+    auto position = NewPosition(rules);
+    PlaceClassicStart(*position);
+    if (rules.Setup != "normal")
+        PlaceSetup(*position, rules.Setup);
+    FinishNewPosition(*position);
+    return position;
+}
+
+void SetLastMove(Position& position, std::string_view square) {
+    position.Tree.TreeIndex = 1;
+    position.Tree.TreeTo[1] = SquareOf(square);
+}
+
+std::string MoveText(const MoveRecord& move) {
+    std::string text;
+    if (move.From == kOffBoard) {
+        text.append("@").append(NameOf(move.To));
+    } else {
+        text.append(NameOf(move.From)).append(move.IsCapture() ? "x" : "-").append(NameOf(move.To));
+    }
+    if (move.IsCapture()) {
+        for (Long i = 0; i < move.Captures.Count; ++i) {
+            text.append(i == 0 ? "(" : ",").append(move.Captures.MagnitudeAt(i) == kKing ? "K" : "");
+            text.append(NameOf(move.Captures.Squares[static_cast<std::size_t>(i)]));
+        }
+        text.append(")");
+    }
+    return text.append(move.Promotes != 0 ? "=K" : "");
+}
+
+std::string MoveTexts(const Position& position) {
+    std::string text;
+    for (Long slot = position.Tree.PlyFirstMove[position.Tree.Ply]; slot < position.Tree.NextMoveSlot; ++slot) {
+        if (!text.empty())
+            text += " ";
+        text += MoveText(position.Moves[slot]);
+    }
+    return text;
+}
+
+std::string DescribePosition(const Position& position) {
+    const GameTree& tree = position.Tree;
+    return "rules: " + ChangedKeys(position.Rules) + "\nboard: " + PlacementOf(position.Board) +
+           (tree.SideToMove == kWhite ? "\nWhite" : "\nBlack") + " to move, off the board " +
+           std::to_string(tree.WhiteOffBoard) + " and " + std::to_string(tree.BlackOffBoard) + ", ply " +
+           std::to_string(tree.Ply) + ", last move to " + NameOf(tree.TreeTo[tree.TreeIndex]);
+}
+
+void PrintTo(const NamedRules& rules, std::ostream* stream) {
+    *stream << rules.Name << " (" << rules.Changed << ")";
+}
+
+std::span<const NamedRules> NamedRuleSets() {
+    // Movement strings and rows that many games share, spelt out in each: a row can be copied into a test of its own.
+    static const std::vector<std::pair<std::string, std::string>> texts = [] {
+        const std::string forwardMen = "WhiteManMovement=NW;NE NW;NE | BlackManMovement=NW;NE NW;NE | ";
+        const std::string lightSquares = "PiecesOnBlack=0 | PromoW=AbCbEbGbIbKb | PromoB=B1D1F1H1J1L1 | ";
+        const std::string wholeRows = "PiecesOnBlack=2 | PromoW=AbBbCbDbEbFbGbHbIbJbKbLb | "
+                                      "PromoB=A1B1C1D1E1F1G1H1I1J1K1L1 | ";
+        const std::string shortKings = "MaxCapMove=0 | ManContJump=0 | LongKings=0 | RemovePieces=0 | ";
+        auto block = [](Long emptyBefore, Long rows) {
+            std::string side(static_cast<std::size_t>(12 * emptyBefore), '0');
+            std::string white = side + std::string(static_cast<std::size_t>(12 * rows), '1');
+            std::string black = std::string(static_cast<std::size_t>(12 * rows), '2') + side;
+            return "Setup=" + white + std::string(kSquareCount - white.size() - black.size(), '0') + black;
+        };
+        const std::string straight = "WhiteManMovement=W;N;E W;N;E | BlackManMovement=W;N;E W;N;E | "
+                                     "WhiteKingMovement=W;N;E;S W;N;E;S | BlackKingMovement=W;N;E;S W;N;E;S | ";
+        const std::string frisian =
+            "WhiteManMovement=NW;NE NW;NE;SE;SW;WW;NN;EE;SS | BlackManMovement=NW;NE NW;NE;SE;SW;WW;NN;EE;SS | "
+            "WhiteKingMovement=NW;NE;SE;SW NW;NE;SE;SW;WW;NN;EE;SS | "
+            "BlackKingMovement=NW;NE;SE;SW NW;NE;SE;SW;WW;NN;EE;SS | ";
+        std::vector<std::pair<std::string, std::string>> rows = {
+            {"Canadian", "MaxCapMove=1"},
+            {"Sri Lankan", lightSquares + "MaxCapMove=1"},
+            {"Russian", "MaxCapMove=0 | ManContJumpCrowned=1"},
+            {"Pool", "MaxCapMove=0 | BlackStarts=1"},
+            {"Spanish", lightSquares + forwardMen + "MaxCapMoveKings=1 | ManContJump=0"},
+            {"Malaysian", forwardMen + "ManContJump=0"},
+            {"Czech", forwardMen + "MaxCapMove=0 | KingCapMove=1 | ManContJump=0"},
+            {"Makhos", forwardMen + "MaxCapMove=0 | MaxCapMoveK=0 | ManContJump=0 | KingFirst=1 | CapReverse=1 | "
+                                    "RemovePieces=0"},
+            {"Argentinian", lightSquares + forwardMen + "MaxCapMoveKings=1 | ManContJump=0 | KingFirst=1"},
+            {"Scherer's German",
+             forwardMen + "MulJumps=0 | MaxCapMove=0 | MaxCapMoveK=0 | ManContJump=0 | KingFirst=1"},
+            {"American", shortKings + forwardMen + "BlackStarts=1"},
+            {"Casual", shortKings + forwardMen + "CapRequired=0 | BlackStarts=1"},
+            {"Italian", lightSquares + forwardMen +
+                            "MaxCapMoveKings=1 | KingCapMove=1 | ManCapKing=0 | ManContJump=0 | "
+                            "LongKings=0 | RemovePieces=0"},
+            {"Pleasant", forwardMen + "MulJumps=0 | MaxCapMove=0 | CapRequired=0 | ManContJump=0 | LongKings=0"},
+            {"Frisian", frisian + "MaxCapMoveKings=1"},
+            {"Gothic", wholeRows + block(0, 3) +
+                           " | LongKings=0 | WhiteManMovement=NW;NE NW;NE;W;N;E | BlackManMovement=NW;NE NW;NE;W;N;E | "
+                           "WhiteKingMovement=NW;NE;SE;SW;W;N;E;S NW;NE;SE;SW;W;N;E;S | "
+                           "BlackKingMovement=NW;NE;SE;SW;W;N;E;S NW;NE;SE;SW;W;N;E;S"},
+            {"Turkish", wholeRows + straight + block(1, 3) + " | RemovePieces=0"},
+            {"Keny", wholeRows + straight + block(1, 3) + " | MaxCapMove=0 | JumpFriend=1 | NumberFriends=1"},
+            {"Dameo", wholeRows + straight + block(0, 3) +
+                          " | JumpFriend=1 | NumberFriends=-1 | WhiteManMovement=NW;NE;N W;N;E;S | "
+                          "BlackManMovement=NW;NE;N W;N;E;S"},
+            {"Fox and Hounds",
+             "LongKings=0 | BlackStarts=1 | KingWin=1 | PromoW= | WhiteManMovement=NW;NE | "
+             "BlackManMovement=NW;NE | WhiteKingMovement=NW;NE;SE;SW | BlackKingMovement=NW;NE;SE;SW"},
+            {"One Way", forwardMen +
+                            "MaxCapMove=0 | KingCapMove=1 | ManContJump=0 | BlackManMovement=SE;SW SE;SW | "
+                            "PromoB=BbDbFbHbJbLb | Setup=1010102020200101000202001010102020200101000202001010102"
+                            "02020000000000000000000000000000000000000000000000000000000000000000000000000000000"
+                            "000000"},
+            {"Turncoats", "ChangeSide=1"},
+            {"Worn Crowns", "KingMan=1"},
+            {"Last Hope", shortKings + forwardMen + "ManKing=1"},
+            {"Hot Pursuit", "MaxCapMove=0 | CapRequired=0 | LastCap=1"},
+            {"Blood Feud", "MaxCapMove=0 | LastCap=1 | ManContJumpCrowned=1"},
+            {"Lancers", "ManCapMoveKing=1"},
+            {"Double Vault", wholeRows + straight + block(0, 3) + " | RemovePieces=0 | JumpFriend=1 | NumberFriends=2"},
+            {"Sentries", shortKings + forwardMen +
+                             "canContract=1 | ContractNumber=12 | ContractW1=2 | ContractW2=4 | ContractB1=13 | "
+                             "ContractB2=11"},
+            {"Boomerang", "MaxCapMove=0 | ManContJumpCrowned=1 | CapReverse=1 | RemovePieces=0"},
+        };
+        return rows;
+    }();
+    static const std::vector<NamedRules> table = [] {
+        std::vector<NamedRules> rows;
+        for (const auto& [name, changed] : texts)
+            rows.push_back({name, changed});
+        return rows;
+    }();
+    return table;
+}
+
+Long Draw(Random& random, Long count) {
+    return static_cast<Long>(random() % static_cast<std::uint64_t>(count));
+}
+
+bool DrawOneIn(Random& random, Long count) {
+    return Draw(random, count) == 0;
+}
+
+namespace {
+
+Byte DrawFlag(Random& random, Long onInTen) {
+    bool on = Draw(random, 10) < onInTen;
+    // Now and then a value that is neither 0 nor 1: only exactly 1 is on.
+    if (!on && DrawOneIn(random, 20))
+        return 2;
+    return on ? 1 : 0;
+}
+
+std::string DrawWords(Random& random, bool wholeBoard, Long most) {
+    static constexpr std::string_view words[] = {"NW", "NE", "SE", "SW", "NN", "EE", "WW", "SS", "W", "N", "E", "S"};
+    Long choices = wholeBoard ? 12 : DrawOneIn(random, 3) ? 8 : 4;
+    std::string text;
+    Long count = 1 + Draw(random, most);
+    for (Long i = 0; i < count; ++i) {
+        if (i > 0)
+            text += ";";
+        text += words[Draw(random, choices)];
+    }
+    return text;
+}
+
+std::string DrawMovement(Random& random, bool wholeBoard, bool king) {
+    Long most = king ? 6 : 4;
+    std::string text = DrawOneIn(random, 15) ? "" : DrawWords(random, wholeBoard, most);
+    if (!DrawOneIn(random, 15))
+        text.append(" ").append(DrawWords(random, wholeBoard, most));
+    return text;
+}
+
+PromotionList DrawPromotions(Random& random, const PromotionList& normal) {
+    if (!DrawOneIn(random, 3))
+        return normal;
+    PromotionList list;
+    list.fill(kUnusedSlot);
+    Long used = Draw(random, kPromotionSlots + 1);
+    for (Long i = 0; i < used; ++i) {
+        // Holes are legal: a bad pair in a definition leaves its slot unused.
+        list[i] = DrawOneIn(random, 8) ? kUnusedSlot : (2 + Draw(random, 12)) * 14 + 1 + Draw(random, 12);
+    }
+    return list;
+}
+
+} // namespace
+
+RuleSet RandomRules(Random& random) {
+    RuleSet rules;
+    rules.MulJumps = DrawFlag(random, 7);
+    rules.MaxCapMove = DrawFlag(random, 5);
+    rules.MaxCapMoveKings = DrawFlag(random, 3);
+    rules.MaxCapMoveK = DrawFlag(random, 5);
+    rules.CapRequired = DrawFlag(random, 6);
+    rules.KingCapMove = DrawFlag(random, 3);
+    rules.LastCap = DrawFlag(random, 3);
+    rules.ManCapKing = DrawFlag(random, 7);
+    rules.ManContJump = DrawFlag(random, 6);
+    rules.ManContJumpCrowned = rules.ManContJump == 1 ? DrawFlag(random, 5) : 0;
+    rules.ManCapMoveKing = DrawFlag(random, 2);
+    rules.LongKings = DrawFlag(random, 6);
+    rules.KingFirst = DrawFlag(random, 3);
+    rules.CapReverse = DrawFlag(random, 3);
+    rules.RemovePieces = DrawFlag(random, 6);
+    rules.JumpFriend = DrawFlag(random, 4);
+    rules.NumberFriends = Draw(random, 5) - 1;
+    rules.KingMan = DrawFlag(random, 2);
+    rules.ManKing = DrawFlag(random, 2);
+    rules.ChangeSide = DrawFlag(random, 2);
+    rules.BlackStarts = DrawFlag(random, 5);
+    rules.PiecesOnBlack = static_cast<Byte>(Draw(random, 3));
+    if (DrawOneIn(random, 4)) {
+        rules.canContract = 1;
+        rules.ContractNumber = Draw(random, 6);
+        rules.ContractW1 = 2 + Draw(random, 12);
+        rules.ContractW2 = 2 + Draw(random, 12);
+        rules.ContractB1 = 2 + Draw(random, 12);
+        rules.ContractB2 = 2 + Draw(random, 12);
+    }
+    rules.PromoW = DrawPromotions(random, rules.PromoW);
+    rules.PromoB = DrawPromotions(random, rules.PromoB);
+    if (!DrawOneIn(random, 4)) {
+        bool wholeBoard = rules.PiecesOnBlack == 2;
+        rules.WhiteManMovement = DrawMovement(random, wholeBoard, false);
+        rules.BlackManMovement =
+            DrawOneIn(random, 2) ? rules.WhiteManMovement : DrawMovement(random, wholeBoard, false);
+        rules.WhiteKingMovement = DrawMovement(random, wholeBoard, true);
+        rules.BlackKingMovement =
+            DrawOneIn(random, 2) ? rules.WhiteKingMovement : DrawMovement(random, wholeBoard, true);
+    }
+    return rules;
+}
+
+void PlacePiecesAtRandom(Position& position, Random& random) {
+    GameTree& tree = position.Tree;
+    tree.SideToMove = DrawOneIn(random, 2) ? kWhite : kBlack;
+    tree.TreeIndex = 0;
+    position.Board = EmptyBoard();
+    Long percent = 4 + Draw(random, 50);
+    Long kingsInTen = Draw(random, 6);
+    Long sum[2] = {0, 0};
+    std::vector<Long> occupied;
+    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+        if (!IsSquare(square) || !IsPlayingSquare(square, position.Rules.PiecesOnBlack))
+            continue;
+        if (Draw(random, 100) >= percent)
+            continue;
+        Long piece = Draw(random, 10) < kingsInTen ? kKing : kMan;
+        Long side = DrawOneIn(random, 2) ? kWhite : kBlack;
+        position.Board[square] = side * piece;
+        sum[SideIndex(side)] += piece;
+        occupied.push_back(square);
+    }
+    if (!occupied.empty() && !DrawOneIn(random, 5)) {
+        tree.TreeIndex = 1;
+        tree.TreeTo[1] = occupied[static_cast<std::size_t>(Draw(random, static_cast<Long>(occupied.size())))];
+    }
+    Long stock = position.Rules.ContractNumber;
+    tree.WhiteOffBoard = Draw(random, stock + 1);
+    tree.BlackOffBoard = Draw(random, stock + 1);
+    tree.PlyValue[tree.Ply] = tree.SideToMove * 100 * (sum[0] - sum[1]);
+    tree.PlyMaterial[tree.Ply] = 100 * (sum[0] + sum[1]);
+}
+
+Long PlayAtRandom(Position& position, Long halfMoves, Random& random) {
+    for (Long made = 0; made < halfMoves; ++made) {
+        Long count = GenerateLegalMoves(position);
+        if (count <= 0 || position.Fault.Passed())
+            return made;
+        PlayMove(position, position.Tree.PlyFirstMove[0] + Draw(random, count));
+    }
+    return halfMoves;
+}
+
+void PlayMove(Position& position, Long slot) {
+    PerformMove(position, slot);
+    InitGameTree(position);
+}
+
+} // namespace tavlon12::support

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "session/ui_port.h"
+
+#include <array>
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tavlon12 {
+
+struct RecordedMessage {
+    std::string Text;
+    std::string Title;
+    MessageKind Kind = MessageKind::Plain;
+
+    bool operator==(const RecordedMessage&) const = default;
+};
+
+struct RecordedQuestion {
+    std::string Text;
+    std::string Title;
+
+    bool operator==(const RecordedQuestion&) const = default;
+};
+
+/// A list of the window: lines, selection (-1 for none), whether it is greyed.
+struct RecordedList {
+    std::vector<std::string> Lines;
+    Long Selected = -1;
+    bool Enabled = true;
+
+    bool operator==(const RecordedList&) const = default;
+};
+
+/// A screen without a window: it keeps what the logic has shown, answers questions from a queue and has a clock of its
+/// own.
+struct RecordingPort {
+    RecordingPort() = default;
+    RecordingPort(const RecordingPort&) = delete;
+    RecordingPort& operator=(const RecordingPort&) = delete;
+
+    std::array<std::string, 4> Status; ///< by panel, 1 to 3
+    std::vector<std::string> Panel1;   ///< every text that panel 1 has been given, in order
+    std::vector<RecordedMessage> Messages;
+    std::vector<RecordedQuestion> Questions;
+    std::deque<bool> Answers; ///< to the next questions; Yes when it is empty
+    std::array<RecordedList, 3> Lists;
+    std::map<Control, std::string> Texts;
+    std::map<Control, bool> ControlEnabled;
+    std::map<Command, bool> Enabled;
+    std::map<Command, bool> Checked;
+    std::string WindowTitle;
+    std::string SearchLine;
+    std::string StrengthLine;
+    Long Progress = 0;
+    Long ProgressMinimum = 0;
+    Long ProgressMaximum = 100;
+    std::vector<std::filesystem::path> Sounds;
+    std::vector<std::string> Documents;
+    std::vector<std::string> BoardCalls; ///< "layout", "skin", "paint 0", "square 17", "box 17", in order
+    int LastFocus = -1;                  ///< the list that has been given the focus, as a number
+    bool Label1ToMove = false;
+    int Ended = 0; ///< how often the end of the program was asked for
+
+    double Now = 43200.0;        ///< the clock, in seconds since midnight
+    double TickPerReading = 0.0; ///< added to the clock at each reading
+    double Waited = 0.0;
+    std::function<void()> OnYield = [] {};
+    std::function<void()> OnWait = [] {};
+    std::function<void(const RecordedMessage&)> OnMessage = [](const RecordedMessage&) {};
+
+    RecordedList& List(ListId list) { return Lists[static_cast<std::size_t>(list)]; }
+
+    /// A port whose operations act on this record, which must outlive it.
+    UiPort Port();
+};
+
+} // namespace tavlon12

@@ -1,0 +1,319 @@
+#include "session/screen.h"
+#include "support.h"
+
+#include <QMenuBar>
+
+using namespace tavlon12;
+using namespace tavlon12::support;
+
+namespace {
+
+const QString kCongratulations = QStringLiteral("Congratulations");
+
+} // namespace
+
+class PlayTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void TypedMoves_data() {
+        QTest::addColumn<QString>("placement");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("line"); ///< empty: refused
+        const char* quiet = "W: c3 g3; B: c9 f8";
+        const char* jump = "W: c3; B: d4 j8";
+        QTest::newRow("with a hyphen") << quiet << "c3-d4" << "   1. c3-d4";
+        QTest::newRow("capitals") << quiet << "C3-D4" << "   1. c3-d4";
+        QTest::newRow("without a mark") << quiet << "g3h4" << "   1. g3-h4";
+        QTest::newRow("a capture") << jump << "c3xe5" << "   1. c3xe5";
+        QTest::newRow("a capture without its mark") << jump << "c3e5" << "   1. c3xe5";
+        QTest::newRow("a promotion") << "W: ca; B: j8" << "ca-db" << "   1. ca-dbK";
+        QTest::newRow("no legal move") << quiet << "c3-c4" << "";
+        QTest::newRow("a step where a jump is due") << jump << "c3-b4" << "";
+        QTest::newRow("no squares") << quiet << "hello there" << "";
+        QTest::newRow("nothing") << quiet << "" << "";
+        QTest::newRow("marks alone") << quiet << "x--x-" << "";
+    }
+
+    void TypedMoves() {
+        QFETCH(QString, placement);
+        QFETCH(QString, typed);
+        QFETCH(QString, line);
+        GameWindow game;
+        game.Place("", placement.toStdString());
+        BoardCells before = game.Pos->Board;
+        game.TypeMove(typed);
+        QCOMPARE(game.Lines(*game.Window->List1), line.toStdString());
+        QCOMPARE(game.Window->Text2->text(), "");
+        QVERIFY(game.Window->Text2->isEnabled());
+        if (line.isEmpty()) {
+            QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move")});
+            QCOMPARE(game.Pos->Board, before);
+        } else {
+            QVERIFY(game.Boxes.Seen.empty());
+        }
+    }
+
+    void TheButtonSendsTheTypedMove() {
+        GameWindow game;
+        game.Window->Text2->setText("c5-d6");
+        game.Click(game.PointOf(*game.Window->Command1, game.Window->Command1->rect().center()));
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
+    }
+
+    void NumbersCanBeTyped() {
+        GameWindow game;
+        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        QString first = game.Window->List2->item(0)->text();
+        game.TypeMove(first);
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. " + first.toStdString());
+        // Squares of one digit: 8 is ca, 2 is db.
+        game.Place("", "W: ca; B: j8");
+        game.TypeMove("8-2");
+        QCOMPARE(game.Cell("db"), kKing);
+    }
+
+    void AClickInTheLegalMovesPlays() {
+        GameWindow game;
+        game.ClickLine(*game.Window->List2, 2);
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
+        QVERIFY(game.Window->List2->hasFocus());
+        // Black's moves stand there now; a click below the last line plays nothing.
+        QCOMPARE(game.Window->List2->count(), 11);
+        game.Click(game.PointOf(*game.Window->List2, QPoint(20, 380)));
+        QCOMPARE(game.Window->List1->count(), 1);
+        game.ClickLine(*game.Window->List2, 0);
+        QCOMPARE(game.Window->List1->count(), 2);
+    }
+
+    void TheComputerAnswers() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        game.Drag("c5", "d6");
+        QCOMPARE(game.Window->List1->count(), 2);
+        QCOMPARE(game.Game.Record.LastMoveIndex, 2);
+        QVERIFY(!game.Game.Busy);
+        QVERIFY(game.Window->List1->isEnabled() && game.Window->List2->isEnabled() && game.Window->List3->isEnabled());
+        QCOMPARE(game.Window->List1->currentRow(), 1);
+        QCOMPARE(game.Window->Labels[1]->text(), "Player");
+        QCOMPARE(game.Window->Labels[2]->text(), "Computer");
+        QVERIFY(game.Window->Labels[9]->text().startsWith("Depth: 1   Best: "));
+        QVERIFY(game.Window->Labels[9]->text().contains("\nMain: "));
+        QVERIFY(game.Window->menuBar()->actions()[2]->isEnabled());
+        QVERIFY(!game.IsOn(Command::mnu_Play_Cancel));
+    }
+
+    void AClickInTheCandidatesReplacesTheComputersMove() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        game.Drag("c5", "d6");
+        QVERIFY(game.Window->List3->count() > 1);
+        std::string played = game.Window->List1->item(1)->text().trimmed().toStdString();
+        int other = played.substr(0, 2) + played.substr(3, 2) == game.Window->List3->item(1)->text().left(4).toStdString() ? 0 : 1;
+        QString key = game.Window->List3->item(other)->text().left(4);
+        game.ClickLine(*game.Window->List3, other);
+        QCOMPARE(game.Window->List1->count(), 2);
+        QCOMPARE(game.Window->List1->item(1)->text(), "      " + key.left(2) + "-" + key.mid(2));
+        QCOMPARE(game.Pos->Tree.SideToMove, kWhite);
+        QCOMPARE(game.Window->Labels[1]->text(), "Player");
+        QVERIFY(game.Window->List2->count() > 0);
+        QVERIFY(!game.Game.Busy);
+        QVERIFY(game.Boxes.Seen.empty());
+    }
+
+    void BackAndForwardAndBranchingOff() {
+        GameWindow game;
+        GameList& list = *game.Window->List1;
+        const char* moves[][2] = {{"c5", "d6"}, {"b8", "a7"}, {"g5", "h6"}, {"j8", "k7"}};
+        std::vector<BoardCells> boards{game.Pos->Board};
+        for (auto& move : moves) {
+            game.Drag(move[0], move[1]);
+            boards.push_back(game.Pos->Board);
+        }
+        QCOMPARE(list.count(), 4);
+        auto at = [&](Long index) {
+            return game.Pos->Tree.TreeIndex == index && game.Pos->Board == boards[static_cast<std::size_t>(index)] &&
+                   list.currentRow() == index - 1 && list.selectedItems().size() == (index > 0 ? 1 : 0) &&
+                   game.IsOn(Command::Moveback) == (index > 0) && game.IsOn(Command::First) == (index > 0) &&
+                   game.IsOn(Command::MoveForward) == (index < 4) && game.IsOn(Command::Last) == (index < 4);
+        };
+        QVERIFY(at(4));
+        game.Key(Qt::Key_B, Qt::ControlModifier);
+        QVERIFY(at(3));
+        game.ClickButton("Back");
+        QVERIFY(at(2));
+        game.Key(Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(at(3));
+        game.ClickButton("First");
+        QVERIFY(at(0));
+        game.ClickButton("Forward");
+        QVERIFY(at(1));
+        game.ClickButton("Last");
+        QVERIFY(at(4));
+        game.ClickLine(list, 1);
+        QVERIFY(at(2));
+        game.ClickLine(list, 1);
+        QVERIFY(at(2));
+        // The arrow keys choose a line, Enter goes there.
+        list.setFocus();
+        game.Key(Qt::Key_Down);
+        QCOMPARE(game.Pos->Tree.TreeIndex, 2);
+        game.Key(Qt::Key_Return);
+        QVERIFY(at(3));
+
+        game.ClickLine(list, 0);
+        game.Drag("d8", "c7");
+        QCOMPARE(game.Lines(list), "   1. c5-d6|      d8-c7");
+        QVERIFY(!game.IsOn(Command::MoveForward));
+        QVERIFY(game.Boxes.Seen.empty());
+    }
+
+    void GoingBackAgainstTheComputerKeepsThePersonToMove() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        game.Drag("c5", "d6");
+        game.ClickButton("Back");
+        QCOMPARE(game.Pos->Tree.TreeIndex, 1);
+        QCOMPARE(game.Window->Labels[1]->text(), "Computer");
+        QCOMPARE(game.Window->Labels[2]->text(), "Player");
+        // Now the person plays Black.
+        game.ClickLine(*game.Window->List2, 0);
+        QCOMPARE(game.Window->List1->count(), 3);
+        QCOMPARE(game.Pos->Tree.SideToMove, kBlack);
+    }
+
+    void CommentsAreKeptWithThePosition() {
+        GameWindow game;
+        game.Drag("c5", "d6");
+        game.Click(game.PointOf(*game.Window->Text1, QPoint(40, 20)));
+        for (char letter : std::string("good")) QTest::keyClick(game.Window->windowHandle(), letter);
+        // The text as it was when the last key went down.
+        QCOMPARE(game.Game.Record.MoveComments[1], "goo");
+        game.Key(Qt::Key_Left);
+        QCOMPARE(game.Game.Record.MoveComments[1], "good");
+        game.Key(Qt::Key_B, Qt::ControlModifier);
+        QCOMPARE(game.Window->Text1->toPlainText(), "");
+        game.Key(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(game.Window->Text1->toPlainText(), "good");
+    }
+
+    void NotationCommands() {
+        GameWindow game;
+        game.Drag("c5", "d6");
+        auto checked = [&] {
+            return std::array{game.Window->ActionOf(Command::mnu_Board_Notation_Chess).isChecked(),
+                              game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).isChecked(),
+                              game.Window->ActionOf(Command::Nonotation).isChecked()};
+        };
+        QVERIFY((checked() == std::array{true, false, false}));
+        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        QVERIFY((checked() == std::array{false, true, false}));
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-39");
+        // A second time on the same entry the mark stays.
+        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        QVERIFY((checked() == std::array{false, true, false}));
+        game.Window->ActionOf(Command::Nonotation).trigger();
+        QVERIFY((checked() == std::array{false, false, true}));
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-39");
+        game.Window->ActionOf(Command::mnu_Board_Notation_Chess).trigger();
+        QVERIFY((checked() == std::array{true, false, false}));
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
+
+        game.Place("PiecesOnBlack=2 | WhiteManMovement=N;W;E N;W;E", "W: c3; B: j8");
+        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        QVERIFY((checked() == std::array{true, false, false}));
+    }
+
+    void CalculationCommand() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        QAction& action = game.Window->ActionOf(Command::calculation);
+        QVERIFY(action.isChecked());
+        game.Drag("c5", "d6");
+        action.trigger();
+        QVERIFY(!action.isChecked());
+        QCOMPARE(game.Window->Labels[9]->text(), "no calculation");
+        game.ClickLine(*game.Window->List2, 0);
+        QCOMPARE(game.Window->Labels[9]->text(), "no calculation");
+        action.trigger();
+        QVERIFY(action.isChecked());
+    }
+
+    void NewGameAsksOnlyWhenOneIsRunning() {
+        GameWindow game;
+        game.Key(Qt::Key_N, Qt::ControlModifier);
+        QVERIFY(game.Boxes.Seen.empty());
+        game.Drag("c5", "d6");
+        game.Boxes.Answer = QMessageBox::No;
+        game.Key(Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(game.Window->List1->count(), 1);
+        game.Boxes.Answer = QMessageBox::Yes;
+        game.Key(Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(game.Window->List1->count(), 0);
+        SeenBox question{"Confirmation", "Quit current game?", QMessageBox::Question};
+        QCOMPARE(game.Boxes.Seen, (std::vector{question, question}));
+    }
+
+    void DrawOffers() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        game.ClickButton("Draw");
+        game.Drag("c5", "d6");
+        game.Game.LastScore = 1;
+        game.ClickButton("Draw");
+        QVERIFY(!game.Game.GameOver);
+        SeenBox rejected{"Draw Offer", "Offer rejected... Play on!", QMessageBox::Warning};
+        QCOMPARE(game.Boxes.Seen, (std::vector{rejected, rejected}));
+
+        game.Game.LastScore = 0;
+        game.ClickButton("Draw");
+        QCOMPARE(game.Boxes.Seen.back(), (SeenBox{kCongratulations, "OK... It's a draw!", QMessageBox::Warning}));
+        QCOMPARE(game.Status(), "It's a draw!");
+        QCOMPARE(game.Game.ResultText, "1/2-1/2");
+        QVERIFY(!game.IsOn(Command::Compute) && !game.IsOn(Command::Offerdraw) && !game.IsOn(Command::Resign));
+    }
+
+    void Resigning() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        game.Drag("c5", "d6");
+        game.ClickButton("Resign");
+        QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "OK... Computer wins!", QMessageBox::Warning}}));
+        QCOMPARE(game.Status(), "Computer wins!");
+        Long moves = game.Game.Record.LastMoveIndex;
+        game.Drag("g5", "h6");
+        QCOMPARE(game.Game.Record.LastMoveIndex, moves);
+        // Going back opens the game again.
+        game.ClickButton("Back");
+        QVERIFY(!game.Game.GameOver && game.IsOn(Command::Compute));
+    }
+
+    void TheLastPieceWins() {
+        GameWindow game;
+        game.Place("", "W: c3; B: d4");
+        game.Drag("c3", "e5");
+        QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "White wins!", QMessageBox::Warning}}));
+        QCOMPARE(game.Game.ResultText, "1-0");
+        QVERIFY(game.Game.GameOver);
+        QVERIFY(!game.IsOn(Command::Compute));
+    }
+
+    void TheComputerWins() {
+        GameWindow game("Classic Small", kPlayerComputer);
+        // White must step in front of the black man, which takes it.
+        game.Place("", "W: a3; B: c5 j8");
+        game.Drag("a3", "b4");
+        QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "Computer wins!", QMessageBox::Warning}}));
+        QCOMPARE(game.Status(), "Computer wins!");
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. a3-b4|      c5xa3");
+        QVERIFY(!game.Game.Busy && game.Game.GameOver);
+    }
+
+    void ADrawByRepetitionIsAnnounced() {
+        GameWindow game;
+        game.Place("", "W: Kc3 a1; B: Kjb lb");
+        for (int i = 0; i < 3 && !game.Game.GameOver; ++i) {
+            for (auto [from, to] : {std::pair{"c3", "d4"}, {"jb", "ka"}, {"d4", "c3"}, {"ka", "jb"}}) game.Drag(from, to);
+        }
+        QVERIFY(game.Game.GameOver);
+        QCOMPARE(game.Boxes.Seen,
+                 (std::vector<SeenBox>{{kCongratulations, "It's a draw! Triple Repetition", QMessageBox::Warning}}));
+    }
+};
+
+TAVLON12_TEST_MAIN(PlayTest)
+#include "play_test.moc"

@@ -1,0 +1,132 @@
+#include "support.h"
+
+#include "session/reset_game.h"
+#include "session/screen.h"
+#include "ui/shown_text.h"
+
+#include <QToolButton>
+#include <QWindow>
+
+namespace tavlon12::support {
+
+BoxWatcher::BoxWatcher() {
+    connect(&Timer, &QTimer::timeout, this, [this] { Look(); });
+    Timer.start(5);
+}
+
+void BoxWatcher::Look() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible() || Inside) return;
+    Inside = true;
+    Seen.push_back({box->windowTitle(), box->text(), box->icon()});
+    BeforeAnswer();
+    bool question = box->icon() == QMessageBox::Question;
+    QTest::mouseClick(box->button(question ? Answer : QMessageBox::Ok), Qt::LeftButton);
+    Inside = false;
+}
+
+GameWindow::GameWindow(const std::string& skinName, Long playMode)
+    : Pos(std::make_unique<Position>()), Search(std::make_unique<SearchState>()), Game(*Pos, *Search) {
+    Game.ProgramFolder = TAVLON12_DATA_DIR;
+    Game.Settings.SkinName = skinName;
+    Game.Settings.PlayMode = playMode;
+    ThinkShortly();
+    Window = std::make_unique<MainWindow>(Game);
+    Game.Port.Wait = [](double) { QCoreApplication::processEvents(); };
+    Started = StartUp(Game);
+    if (!Started) return;
+    Window->show();
+    Window->activateWindow();
+    QCoreApplication::processEvents();
+}
+
+void GameWindow::Place(std::string_view changedKeys, std::string_view placement, Long sideToMove) {
+    Pos->Rules = RulesWith(changedKeys);
+    AdoptMovements(*Pos);
+    Pos->DefinedRules = Pos->Rules;
+    Pos->Board = BoardOf(placement);
+    Pos->Tree.SideToMove = sideToMove;
+    AdoptBoard(*Pos);
+    Pos->CustomSetup = true;
+    ResetGame(Game);
+    Pos->CustomSetup = false;
+    Window->LayoutWindow();
+    Game.Port.SetStatusText(1, "");
+    DrawBoard(Game, 0);
+}
+
+Long GameWindow::ViewOf(std::string_view square) const {
+    return ViewOfCell(SquareOf(square), Game.Settings.BoardTurned);
+}
+
+QPoint GameWindow::PointOf(std::string_view square) const {
+    return PointOf(*Window->Board, Window->Board->SquareRect(ViewOf(square)).center());
+}
+
+void GameWindow::MoveMouse(QPoint point) {
+    Mouse = point;
+    QTest::mouseMove(Window->windowHandle(), point);
+}
+
+void GameWindow::Press(Qt::MouseButton button) {
+    QTest::mousePress(Window->windowHandle(), button, {}, Mouse);
+}
+
+void GameWindow::Release(Qt::MouseButton button) {
+    QTest::mouseRelease(Window->windowHandle(), button, {}, Mouse);
+    QCoreApplication::processEvents();
+}
+
+void GameWindow::PressOn(std::string_view square) {
+    MoveMouse(square);
+    Press();
+}
+
+void GameWindow::Drag(std::string_view from, std::string_view to) {
+    PressOn(from);
+    QPoint end = PointOf(to);
+    MoveMouse((Mouse + end) / 2);
+    MoveMouse(end);
+    Release();
+}
+
+void GameWindow::Click(QPoint point) {
+    MoveMouse(point);
+    Press();
+    Release();
+}
+
+void GameWindow::ClickLine(GameList& list, int line) {
+    Click(PointOf(*list.viewport(), list.visualItemRect(list.item(line)).center()));
+}
+
+void GameWindow::ClickButton(const char* key) {
+    auto* button = Window->Toolbar1->findChild<QToolButton*>(QLatin1String(key));
+    Click(PointOf(*button, button->rect().center()));
+}
+
+void GameWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(Window->windowHandle(), key, modifiers);
+    QCoreApplication::processEvents();
+}
+
+void GameWindow::TypeMove(const QString& text) {
+    Click(PointOf(*Window->Text2, Window->Text2->rect().center()));
+    for (QChar letter : text) QTest::keyClick(Window->windowHandle(), letter.toLatin1());
+    Key(Qt::Key_Return);
+}
+
+std::string GameWindow::Lines(const GameList& list) const {
+    std::string lines;
+    for (int i = 0; i < list.count(); ++i) lines += (i == 0 ? "" : "|") + BytesOf(list.item(i)->text());
+    return lines;
+}
+
+int RunTests(QObject& test, int argc, char** argv) {
+    ApplyLook(*qApp);
+    // Each test closes its window; the next one needs its event loops.
+    QApplication::setQuitOnLastWindowClosed(false);
+    return QTest::qExec(&test, argc, argv);
+}
+
+} // namespace tavlon12::support

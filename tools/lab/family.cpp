@@ -1,0 +1,35 @@
+#include "lab/family.h"
+
+#include "engine/evaluate.h"
+#include "engine/evaluation_tables.h"
+#include "engine/fast_evaluate.h"
+#include "rules/generate_moves.h"
+
+namespace tavlon12::lab {
+
+void BuildTables(const Position& position, Family family, SearchState& search) {
+    EvaluationTables& tables = search.Tables;
+    BuildEvaluationTables(position, tables);
+    if (tables.VariantFamily == static_cast<Long>(family)) return;
+    BuildSquareValues(position, tables);
+    if (family != Family::None) BuildFastSquareValues(position, tables);
+    tables.VariantFamily = static_cast<Long>(family);
+}
+
+Long GenerateLegalMovesOf(Family family, Position& position) {
+    if (family == Family::None) return GenerateLegalMoves(position);
+    GenerateFamilyMoves(family, position, 0);
+    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed()) GenerateFamilyMoves(family, position, 1);
+    return MoveCount(position.Tree);
+}
+
+Long EvaluateOf(Family family, Position& position, SearchState& search, Long side) {
+    if (family == Family::None) return Evaluate(position, search, -kWin, kWin, side);
+    return EvaluateFamily(family, position, search, -kWin, kWin, side);
+}
+
+SearchMember MemberOf(const Position& position, const SearchState& search) {
+    return SearchMemberOf(position, search);
+}
+
+} // namespace tavlon12::lab
