@@ -8,12 +8,12 @@ bin=${TAVLON12_BIN:-$build_dir/bin}
 screenshot=${1:-$build_dir/tavlon12-demo.png}
 
 # Places in the window, in pixels from the corner under the menu bar, for the default skin.
-client_height=883
+client_height=689
 board_left=25
 board_top=32
-square=54
-list2_left=850
-list2_top=91
+square=38
+list2_left=656
+list2_top=93
 
 for tool in Xvfb xdotool import; do
     command -v "$tool" >/dev/null || fail "The demonstration needs $tool (packages: ${display_packages[*]})."

@@ -1,5 +1,6 @@
 #include "engine/evaluate.h"
 
+#include "engine/evaluation_terms.h"
 #include "rules/move_scan.h"
 
 #include <algorithm>
@@ -10,74 +11,6 @@
 namespace tavlon12 {
 
 namespace {
-
-using SquareSet = std::array<bool, kBoardCells>;
-
-constexpr SquareSet SetOf(std::initializer_list<Long> squares) {
-    SquareSet set{};
-    for (Long square : squares) set[square] = true;
-    return set;
-}
-
-/// The centre by `PiecesOnBlack`, 2 standing for all that is above it too.
-constexpr std::array<SquareSet, 3> kCentre = {
-    SetOf({101, 103, 105, 107, 116, 118, 120, 122}), SetOf({102, 104, 106, 108, 115, 117, 119, 121}),
-    SetOf({99, 100, 101, 102, 103, 106, 107, 108, 109, 110, 113, 114, 115, 116, 117, 120, 121, 122, 123, 124})};
-
-constexpr SquareSet kMainLine = SetOf({29, 44, 59, 74, 89, 104, 119, 134, 149, 164, 179, 194});
-constexpr SquareSet kBadKingSquares = SetOf({35, 110, 113, 188});
-
-/// The greatest distance of two squares is 22, so that every bonus for nearness is above 0.
-constexpr Long kNearness = 23;
-
-/// What stands on the board, by side.
-struct Census {
-    std::array<Long, 2> Pieces{};
-    std::array<Long, 2> Men{};
-    std::array<Long, 2> Target{}; ///< the square of one piece, the other side's pieces strive to it; 0 without pieces
-    std::array<bool, 2> AtGoal{}; ///< a king stands on a square that wins
-
-    Long AllPieces() const { return Pieces[0] + Pieces[1]; }
-};
-
-/// Whether a king of `side` wins by standing there.
-bool WinsAt(const Position& position, Long side, Long square) {
-    if (position.Rules.WinAtPromo == 1) return IsPromotionSquare(position, -side, square);
-    return position.Rules.KingWin == 1 && IsPromotionSquare(position, side, square);
-}
-
-Census TakeCensus(const Position& position) {
-    Census census;
-    Long whiteCode = 0;
-    Long blackCode = 0;
-    for (Long row = kFirstRow; row <= kLastRow; ++row) {
-        for (Long column = kLastColumn; column >= 1; --column) {
-            Long square = row * kBoardWidth + column;
-            Long piece = position.Board[square];
-            if (piece == kEmpty) continue;
-            Long side = piece > 0 ? kWhite : kBlack;
-            std::size_t s = SideIndex(side);
-            ++census.Pieces[s];
-            // A king is preferred as the target; among equals White's first and Black's last in the order of this scan,
-            // each the one nearest to its own corner.
-            if (side == kWhite) {
-                if (piece > whiteCode) {
-                    whiteCode = piece;
-                    census.Target[s] = square;
-                }
-            } else if (piece <= blackCode) {
-                blackCode = piece;
-                census.Target[s] = square;
-            }
-            if (Magnitude(piece) == kMan) {
-                ++census.Men[s];
-            } else if (WinsAt(position, side, square)) {
-                census.AtGoal[s] = true;
-            }
-        }
-    }
-    return census;
-}
 
 /// Whether the side to move has lost all its moves where that is a draw.
 bool IsDrawWithoutMoves(Position& position, const Census& census) {
@@ -108,7 +41,6 @@ struct PositionalScan {
     Long Centre(Long square) const;
     Long King(Long square) const;
     Long LongKing(Long square) const;
-    Long ShortKing(Long square) const;
     template <Long side> Long HomeMan(Long square) const;
     template <Long side> Long OutsideCones(Long square) const;
     template <Long side> Long Return(Long square, bool king) const;
@@ -145,21 +77,12 @@ Long PositionalScan::Centre(Long square) const {
 
 Long PositionalScan::King(Long square) const {
     Long score = Rules().ManCapKing == 0 ? 50 : 25;
-    return score + (Rules().LongKings == 1 ? LongKing(square) : ShortKing(square));
+    return score + (Rules().LongKings == 1 ? LongKing(square) : KingAtEdge(square));
 }
 
 Long PositionalScan::LongKing(Long square) const {
     if (kMainLine[square]) return 100;
     return kBadKingSquares[square] ? 25 : 50;
-}
-
-Long PositionalScan::ShortKing(Long square) const {
-    Long row = RowOf(square);
-    Long column = ColumnOf(square);
-    Long score = 0;
-    if (column == 1 || column == kLastColumn) score -= 10;
-    if (row == kFirstRow || row == kLastRow) score -= 10;
-    return score;
 }
 
 /// A man that guards a square on which the opponent promotes; every other slot of the list counts double.
@@ -282,26 +205,6 @@ Long PositionalScore(const Position& position, const SearchState& search, const 
         if (scan.ManyMen[1]) scan.AddBackRank(kBlack);
     }
     return scan.Score;
-}
-
-/// A single repetition, in the game or in the line under search, is a draw; any other placement is remembered.
-bool RepeatsElseStore(Position& position) {
-    Long index = position.Tree.TreeIndex;
-    PositionKey key = KeyOf(position.Board);
-    auto keys = position.PositionKeys.begin();
-    if (index > 1 && std::find(keys, keys + (index - 1), key) != keys + (index - 1)) return true;
-    if (index > 0) position.PositionKeys[index - 1] = key;
-    return false;
-}
-
-/// Two draws, so that the term is centred on 0.
-Long Noise(SearchState& search) {
-    if (search.NoiseRange == 0) return 0;
-    auto draw = [&search] {
-        return static_cast<Long>(std::floor(static_cast<double>(search.Random()) * 0x1p-32 * search.NoiseRange));
-    };
-    Long plus = draw();
-    return plus - draw();
 }
 
 } // namespace

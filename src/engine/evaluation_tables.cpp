@@ -1,5 +1,7 @@
 #include "engine/evaluation_tables.h"
 
+#include "engine/fast_evaluate.h"
+#include "rules/fast_generators.h"
 #include <algorithm>
 
 namespace tavlon12 {
@@ -90,6 +92,8 @@ void BuildEvaluationTables(const Position& position, EvaluationTables& tables) {
     BuildPromotionCones(position, tables);
     BuildSquareValues(position, tables);
     CountPromoSquares(position, tables);
+    tables.VariantFamily = RecognizeVariantFamily(position.Rules, position.InitialBoard);
+    if (tables.VariantFamily != Family::None) BuildFastSquareValues(position, tables);
 }
 
 void SetManThresholds(const Position& position, SearchState& search) {

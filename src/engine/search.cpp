@@ -1,7 +1,9 @@
 #include "engine/search.h"
 
 #include "engine/evaluate.h"
+#include "engine/fast_evaluate.h"
 #include "engine/position_memory.h"
+#include "rules/fast_generators.h"
 #include "rules/generate_moves.h"
 #include "rules/make_move.h"
 
@@ -22,8 +24,6 @@ namespace tavlon12 {
 
 namespace {
 
-enum class Generator { General };
-enum class Evaluator { General };
 
 /// The value of a node where the side to move has no move, at a depth above 0.
 enum class NoMove {
@@ -37,8 +37,7 @@ using enum NoMove;
 
 struct MemberTraits {
     SearchMember Member;
-    Generator Moves;
-    Evaluator Value;
+    Family Moves; ///< whose generator and evaluation it calls
     Long DepthFloor;     ///< the lowest depth at which captures are still searched
     bool UnwindsAtEntry; ///< returns at once after any abort, otherwise only when a limit has been passed
     bool StopsOnTime;    ///< stops on any stop flag, not only on a cancel
@@ -50,14 +49,22 @@ struct MemberTraits {
 
 // clang-format off
 constexpr MemberTraits kMembers[] = {
-    // member                generator           evaluation         floor entry  time   brute  below0 no move     window
-    {SearchGeneral,          Generator::General, Evaluator::General, -4,  true,  true,  true,  true,  Loses,      false},
-    {SearchAnti,             Generator::General, Evaluator::General, -4,  true,  true,  true,  false, Wins,       true},
-    {SearchGoal,             Generator::General, Evaluator::General, -4,  true,  true,  true,  true,  LosesByPly, false},
-    {ScoreGeneral,           Generator::General, Evaluator::General, -1,  false, false, false, true,  Loses,      false},
-    {ScoreGeneralAllSquares, Generator::General, Evaluator::General,  0,  false, false, false, true,  Loses,      false},
-    {ScoreAnti,              Generator::General, Evaluator::General, -1,  false, false, false, true,  Wins,       false},
-    {ScoreAntiAllSquares,    Generator::General, Evaluator::General,  0,  false, false, false, true,  Wins,       false},
+    // member                family           floor entry  time   brute  below0 no move     window
+    {SearchGeneral,          Family::None,     -4,  true,  true,  true,  true,  Loses,      false},
+    {SearchAnti,             Family::None,     -4,  true,  true,  true,  false, Wins,       true},
+    {SearchGoal,             Family::None,     -4,  true,  true,  true,  true,  LosesByPly, false},
+    {ScoreGeneral,           Family::None,     -1,  false, false, false, true,  Loses,      false},
+    {ScoreGeneralAllSquares, Family::None,      0,  false, false, false, true,  Loses,      false},
+    {ScoreAnti,              Family::None,     -1,  false, false, false, true,  Wins,       false},
+    {ScoreAntiAllSquares,    Family::None,      0,  false, false, false, true,  Wins,       false},
+    {SearchAmerican,         Family::American, -4, true,  true,  true,  true,  Loses,      true},
+    {SearchItalian,          Family::Italian,  -5, true,  false, true,  true,  Loses,      false},
+    {SearchGerman,           Family::German,   -5, true,  false, true,  true,  Loses,      false},
+    {SearchRussian,          Family::Russian,  -5, true,  false, true,  true,  Loses,      false},
+    {ScoreAmerican,          Family::American,  0, false, false, false, true,  Loses,      false},
+    {ScoreItalian,           Family::Italian,   0, false, false, false, true,  Loses,      false},
+    {ScoreGerman,            Family::German,    0, false, false, false, true,  Loses,      false},
+    {ScoreRussian,           Family::Russian,   0, false, false, false, true,  Loses,      false},
 };
 // clang-format on
 
@@ -73,13 +80,19 @@ constexpr bool MembersStandInOrder() {
 }
 static_assert(MembersStandInOrder());
 
-template <Generator generator> void Generate(Position& position, Long mode) {
-    if constexpr (generator == Generator::General) GenerateMoves(position, mode);
+template <Family family> void Generate(Position& position, Long mode) {
+    if constexpr (family == Family::None) {
+        GenerateMoves(position, mode);
+    } else {
+        GenerateFamilyMoves<family>(position, mode);
+    }
 }
 
-template <Evaluator evaluator> Long StaticValue(Position& position, SearchState& search, Long alpha, Long beta) {
-    if constexpr (evaluator == Evaluator::General) {
+template <Family family> Long StaticValue(Position& position, SearchState& search, Long alpha, Long beta) {
+    if constexpr (family == Family::None) {
         return Evaluate(position, search, alpha, beta, position.Tree.SideToMove);
+    } else {
+        return EvaluateFamily<family>(position, search, alpha, beta, position.Tree.SideToMove);
     }
 }
 
@@ -117,7 +130,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     position.BestLine[ply][ply].From = 0;
 
     // 3. Static value and extension
-    const Long value = StaticValue<traits.Value>(position, search, alpha, beta);
+    const Long value = StaticValue<traits.Moves>(position, search, alpha, beta);
     if (Extends<member>(position, search, value, alpha, beta, depth)) ++depth;
 
     // 4. A won position, or the end of the search. The last ply of the stacks ends it too: it lies beyond any depth
@@ -184,20 +197,33 @@ constexpr std::array<SearchProcedure, sizeof...(members)> ProceduresOf(std::inde
 constexpr auto kProcedures = ProceduresOf(std::make_index_sequence<std::size(kMembers)>());
 
 constexpr Long kUserMoveDepth = 3;
+constexpr Long kFamilyUserMoveDepth = 1;
 
 } // namespace
 
-SearchMember SearchMemberOf(const Position& position, const SearchState&) {
+SearchMember SearchMemberOf(const Position& position, const SearchState& search) {
     const RuleSet& rules = position.Rules;
+    switch (search.Tables.VariantFamily) {
+    case Family::American: return SearchAmerican;
+    case Family::Italian: return SearchItalian;
+    case Family::German: return SearchGerman;
+    case Family::Russian: return SearchRussian;
+    case Family::None: break;
+    }
     if (rules.AntiMode == 1) return SearchAnti;
     return rules.WinAtPromo != 1 && rules.KingWin != 1 ? SearchGeneral : SearchGoal;
 }
 
-SearchMember ScoreMemberOf(const Position& position, const SearchState&) {
-    bool allSquares = position.Rules.PiecesOnBlack == 2;
-    if (position.Rules.AntiMode == 1) {
-        return allSquares ? ScoreAntiAllSquares : ScoreAnti;
+SearchMember ScoreMemberOf(const Position& position, const SearchState& search) {
+    switch (search.Tables.VariantFamily) {
+    case Family::American: return ScoreAmerican;
+    case Family::Italian: return ScoreItalian;
+    case Family::German: return ScoreGerman;
+    case Family::Russian: return ScoreRussian;
+    case Family::None: break;
     }
+    bool allSquares = position.Rules.PiecesOnBlack == 2;
+    if (position.Rules.AntiMode == 1) return allSquares ? ScoreAntiAllSquares : ScoreAnti;
     return allSquares ? ScoreGeneralAllSquares : ScoreGeneral;
 }
 
@@ -210,11 +236,13 @@ Long RunSearch(SearchMember member, Position& position, SearchState& search, Lon
 }
 
 Long ScoreUserMove(Position& position, SearchState& search) {
-    return ScoreAtDepth(position, search, kUserMoveDepth);
+    bool family = search.Tables.VariantFamily != Family::None;
+    return ScoreAtDepth(position, search, family ? kFamilyUserMoveDepth : kUserMoveDepth);
 }
 
 Long ScoreAtDepth(Position& position, SearchState& search, Long depth) {
-    if (position.Rules.PiecesOnBlack == 2) --depth;
+    bool family = search.Tables.VariantFamily != Family::None;
+    if (!family && position.Rules.PiecesOnBlack == 2) --depth;
     return -RunSearch(ScoreMemberOf(position, search), position, search, -kWin, kWin, depth);
 }
 

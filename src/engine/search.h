@@ -14,6 +14,14 @@ enum class SearchMember {
     ScoreGeneralAllSquares,
     ScoreAnti,
     ScoreAntiAllSquares,
+    SearchAmerican,
+    SearchItalian,
+    SearchGerman,
+    SearchRussian,
+    ScoreAmerican,
+    ScoreItalian,
+    ScoreGerman,
+    ScoreRussian,
 };
 
 /// The member that searches moves under these rules, and the one that scores positions.

@@ -2,6 +2,7 @@
 
 #include "engine/search_options.h"
 #include "rules/board.h"
+#include "rules/walk_rules.h"
 
 #include <array>
 #include <cstdint>
@@ -18,7 +19,7 @@ struct EvaluationTables {
     bool PromoEven = false;    ///< both sides have as many promotion squares
     Long PromoCountMax = -1;   ///< the larger number of used promotion slots, minus 1
     bool ClosenessOn = true;   ///< neither winning square rule is on
-    Long VariantFamily = 0;    ///< 0 general, 1 American, 2 Italian, 3 German, 4 Russian
+    Family VariantFamily = Family::None; ///< chosen once per game
 };
 
 /// The search's own state: tables, margins, flags, the random source, the node count and the hook to the event loop.
