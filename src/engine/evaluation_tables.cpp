@@ -1,5 +1,7 @@
 #include "engine/evaluation_tables.h"
 
+#include "engine/evaluate.h"
+#include "engine/evaluation_terms.h"
 #include "engine/fast_evaluate.h"
 #include "rules/fast_generators.h"
 #include <algorithm>
@@ -87,13 +89,22 @@ void CountPromoSquares(const Position& position, EvaluationTables& tables) {
     if (!tables.PromoEven) tables.ConesMatter = false;
 }
 
-void BuildEvaluationTables(const Position& position, EvaluationTables& tables) {
+void BuildEvaluationTables(Position& position, EvaluationTables& tables) {
     tables.ClosenessOn = position.Rules.KingWin == 0 && position.Rules.WinAtPromo == 0;
     BuildPromotionCones(position, tables);
     BuildSquareValues(position, tables);
     CountPromoSquares(position, tables);
-    tables.VariantFamily = RecognizeVariantFamily(position.Rules, position.InitialBoard);
-    if (tables.VariantFamily != Family::None) BuildFastSquareValues(position, tables);
+    AdoptFamily(position, tables, RecognizeVariantFamily(position.Rules, position.InitialBoard));
+}
+
+void AdoptFamily(Position& position, EvaluationTables& tables, Family family) {
+    tables.VariantFamily = family;
+    if (family != Family::None) {
+        BuildFastSquareValues(position, tables);
+        BuildFamilyTerms(family, position, tables);
+    }
+    BuildPieceTerms(position, tables);
+    RecountPieces(position);
 }
 
 void SetManThresholds(const Position& position, SearchState& search) {

@@ -2,7 +2,6 @@
 
 #include "engine/evaluate.h"
 #include "engine/evaluation_terms.h"
-#include "rules/move_scan.h"
 
 #include <algorithm>
 #include <cassert>
@@ -15,109 +14,62 @@ namespace {
 constexpr Long kFamilyLazyMargin = 150;
 constexpr Long kFamilyPromotionSlots = 6;
 
-/// The positional terms of a family, seen from White.
-template <Family F>
-struct FamilyScan {
-    static constexpr bool kFlying = F == Family::German || F == Family::Russian;
-    static constexpr std::size_t kCentreOf = F == Family::Italian ? 0 : 1;
+constexpr bool FliesIn(Family family) {
+    return family == Family::German || family == Family::Russian;
+}
 
-    const Position& Pos;
-    const EvaluationTables& Tables;
-    const Census& Pieces;
+Long OwnTerms(Family family, const Position& position, const EvaluationTables& tables, Long side, Long square, bool king) {
+    Long score = CentreTerm(square, position.Rules.PiecesOnBlack);
+    if (king) return score + 25 + (FliesIn(family) ? LongKingTerm(square) : EdgeTerm(square));
+    return score + tables.SquareValue[SideIndex(side)][square] +
+           HomeManTerm(position, side, square, kFamilyPromotionSlots);
+}
 
-    Long Closeness(Long square, Long side) const {
-        Long support = Isamulti(Pos, square, side);
-        Long nearness = kNearness - Distance(Pieces.Target[SideIndex(-side)], square);
-        return support * (nearness / 3) - (support == 1 ? 10 : 0);
-    }
-
-    static Long King(Long square) {
-        if constexpr (kFlying) {
-            if (kMainLine[square]) return 125;
-            return kBadKingSquares[square] ? 50 : 75;
-        }
-        return 25 + KingAtEdge(square);
-    }
-
-    Long Man(Long square, Long side) const {
-        Long score = Tables.SquareValue[SideIndex(side)][square];
-        const PromotionList& guarded = PromoSquares(Pos, -side);
-        for (Long slot : {1, 3, 5}) {
-            if (guarded[slot] == square) return score + 20;
-        }
-        for (Long slot : {0, 2, 4}) {
-            if (guarded[slot] == square) return score + 10;
-        }
-        return score;
-    }
-
-    Long Piece(Long square, Long piece) const {
-        Long side = piece > 0 ? kWhite : kBlack;
-        Long score = Closeness(square, side) + (kCentre[kCentreOf][square] ? 20 : 0);
-        return side * (score + (Magnitude(piece) == kKing ? King(square) : Man(square, side)));
-    }
-
-    /// Lines of three squares from the promotion squares of `side` on, where the other colour's men stand at home.
-    Long BackRank(Long side) const {
-        const DirectionRow& manSteps = Pos.DirTable[PieceType(-side * kMan)];
-        const PromotionList& list = PromoSquares(Pos, side);
-        Long score = 0;
-        for (Long slot = 0; slot < kFamilyPromotionSlots; ++slot) score += BackRankOf(list[slot], side, manSteps);
-        return score;
-    }
-
-    Long BackRankOf(Long promoSquare, Long side, const DirectionRow& manSteps) const {
-        const BoardCells& board = Pos.Board;
-        Long first = board[promoSquare];
-        Long score = 0;
-        for (Long step : manSteps) {
-            if (step == kEndOfSteps) break;
-            Long second = board[promoSquare + step];
-            if (second == kBorder) break;
-            for (Long next : manSteps) {
-                if (next == kEndOfSteps) break;
-                if (next == -step) continue;
-                Long third = board[promoSquare + step + next];
-                // An open line counts by both cases.
-                if (first == kEmpty && second == kEmpty && third == kEmpty) score += 30 * side;
-                if (first == kEmpty && (second == kEmpty || third == kEmpty)) score += 20 * side;
-                if (next == step && Magnitude(first) == kMan && first == second && first == third) score += 30 * first;
-            }
-        }
-        return score;
-    }
-};
+/// Nearness, less a little for each piece on its own.
+Long Closeness(const Position& position, Long side) {
+    ClosenessSum sum = SumCloseness(position, side, TargetOf(position, -side), 3);
+    return sum.Weighted - 10 * sum.Lonely;
+}
 
 } // namespace
 
+void BuildFamilyTerms(Family family, Position& position, EvaluationTables& tables) {
+    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+        if (!IsSquare(square)) continue;
+        for (Long side : {kWhite, kBlack}) {
+            for (Long piece : {kMan, kKing}) {
+                Long own = side * OwnTerms(family, position, tables, side, square, piece == kKing);
+                position.TermsOfPieces[PieceType(side * piece)][square].OfFamily = own;
+            }
+        }
+    }
+    tables.FamilyBackRankLines = BuildBackRankLines(position, kFamilyPromotionSlots, false);
+}
+
 template <Family F>
-Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long beta, Long side) {
+Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long beta, Long side, bool wholeScore) {
     const GameTree& tree = position.Tree;
-    search.LostFlag = false;
-    const Census census = TakeCensus(position);
-    std::size_t own = SideIndex(side);
-    if (census.Pieces[own] <= position.Rules.NumberPieces) search.LostFlag = true;
-    if (census.Pieces[1 - own] <= position.Rules.NumberPieces) return kWin - tree.Ply;
+    const auto& count = position.PieceCount;
+    Long man = PieceType(side * kMan);
+    search.LostFlag = count[man] + count[man + 2] <= position.Rules.NumberPieces;
+    if (count[man ^ 1] + count[man ^ 3] <= position.Rules.NumberPieces) return kWin - tree.Ply;
 
     Long material = tree.PlyValue[tree.Ply];
     if (material < alpha - kFamilyLazyMargin || material > beta + kFamilyLazyMargin) return material;
-    if (search.RepeatCount > 0) return 0;
+    if (search.RepeatCount > 0 || RepeatsElseStore(position)) return 0;
+    if (!wholeScore) return 0;
 
-    const FamilyScan<F> scan{position, search.Tables, census};
-    Long score = 0;
-    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-        if (IsLivePiece(position.Board[square])) score += scan.Piece(square, position.Board[square]);
-    }
-    if (RepeatsElseStore(position)) return 0;
-    if (census.Men[0] > search.WhiteMenThreshold) score += scan.BackRank(kWhite);
-    if (census.Men[1] > search.BlackMenThreshold) score += scan.BackRank(kBlack);
+    Long score = static_cast<Long>(position.TermSum.OfFamily) + Closeness(position, kWhite) - Closeness(position, kBlack);
+    const auto& lines = search.Tables.FamilyBackRankLines;
+    if (count[0] > search.WhiteMenThreshold) score += BackRankScore(position, lines, kWhite, true);
+    if (count[1] > search.BlackMenThreshold) score += BackRankScore(position, lines, kBlack, true);
     return material + side * score + Noise(search);
 }
 
-template Long EvaluateFamily<Family::American>(Position&, SearchState&, Long, Long, Long);
-template Long EvaluateFamily<Family::Italian>(Position&, SearchState&, Long, Long, Long);
-template Long EvaluateFamily<Family::German>(Position&, SearchState&, Long, Long, Long);
-template Long EvaluateFamily<Family::Russian>(Position&, SearchState&, Long, Long, Long);
+template Long EvaluateFamily<Family::American>(Position&, SearchState&, Long, Long, Long, bool);
+template Long EvaluateFamily<Family::Italian>(Position&, SearchState&, Long, Long, Long, bool);
+template Long EvaluateFamily<Family::German>(Position&, SearchState&, Long, Long, Long, bool);
+template Long EvaluateFamily<Family::Russian>(Position&, SearchState&, Long, Long, Long, bool);
 
 Long EvaluateFamily(Family family, Position& position, SearchState& search, Long alpha, Long beta, Long side) {
     assert(family != Family::None);

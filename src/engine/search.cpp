@@ -88,11 +88,13 @@ template <Family family> void Generate(Position& position, Long mode) {
     }
 }
 
-template <Family family> Long StaticValue(Position& position, SearchState& search, Long alpha, Long beta) {
+template <Family family>
+Long StaticValue(Position& position, SearchState& search, Long alpha, Long beta, bool wholeScore) {
+    Long side = position.Tree.SideToMove;
     if constexpr (family == Family::None) {
-        return Evaluate(position, search, alpha, beta, position.Tree.SideToMove);
+        return Evaluate(position, search, alpha, beta, side, wholeScore);
     } else {
-        return EvaluateFamily<family>(position, search, alpha, beta, position.Tree.SideToMove);
+        return EvaluateFamily<family>(position, search, alpha, beta, side, wholeScore);
     }
 }
 
@@ -129,8 +131,11 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     // 2. No best line yet
     position.BestLine[ply][ply].From = 0;
 
-    // 3. Static value and extension
-    const Long value = StaticValue<traits.Moves>(position, search, alpha, beta);
+    // 3. Static value and extension. Above depth 1 the value serves the extension of a forcing move alone; otherwise it is
+    // enough to know whether the position is won.
+    const bool mayExtend = tree.PlyForcing[ply] == 1 && search.Options.ExtendedSearch == 1 && ply >= 2;
+    const bool wholeScore = depth <= 1 || mayExtend || ply >= kMaxPly;
+    const Long value = StaticValue<traits.Moves>(position, search, alpha, beta, wholeScore);
     if (Extends<member>(position, search, value, alpha, beta, depth)) ++depth;
 
     // 4. A won position, or the end of the search. The last ply of the stacks ends it too: it lies beyond any depth

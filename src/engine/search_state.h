@@ -2,19 +2,34 @@
 
 #include "engine/search_options.h"
 #include "rules/board.h"
+#include "rules/square_set.h"
 #include "rules/walk_rules.h"
 
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <random>
+#include <vector>
 
 namespace tavlon12 {
+
+/// Lines of three squares from promotion squares on, all in the same direction.
+struct BackRankLine {
+    SquareSet From;
+    Long Second; ///< step to the second square
+    Long Third;  ///< step to the third, from the first
+};
+
+/// By the side whose men promote there.
+using BackRankLines = std::array<std::vector<BackRankLine>, 2>;
 
 /// What the evaluation reads beside the position; built anew whenever a rule set comes into force.
 struct EvaluationTables {
     std::array<std::array<Long, kBoardCells>, 2> SquareValue{};   ///< by side, then square
     std::array<std::array<Long, kBoardCells>, 2> PromotionCone{}; ///< 1 where a man of the side can still promote
+    std::array<Long, 2> EmptyAdvancement{};                  ///< by side, half its square values over all squares
+    tavlon12::BackRankLines BackRankLines;                   ///< of the general evaluation
+    tavlon12::BackRankLines FamilyBackRankLines;             ///< of the family's
     bool ConesMatter = false;  ///< some square lies outside the cones
     bool PromoEven = false;    ///< both sides have as many promotion squares
     Long PromoCountMax = -1;   ///< the larger number of used promotion slots, minus 1

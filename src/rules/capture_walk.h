@@ -1,6 +1,7 @@
 #pragma once
 
 #include "rules/position.h"
+#include "rules/register_moves.h"
 #include "rules/walk_rules.h"
 
 #include <algorithm>

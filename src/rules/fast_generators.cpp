@@ -2,6 +2,7 @@
 
 #include "rules/capture_selection.h"
 #include "rules/move_walk.h"
+#include "rules/register_moves.h"
 
 #include <algorithm>
 #include <array>
@@ -66,6 +67,16 @@ bool Matches(const RuleSet& r, const FamilyRow& row) {
            BeginsWithRow(r.PromoW, row.FirstPromoW) && BeginsWithRow(r.PromoB, row.FirstPromoB);
 }
 
+template <Family F>
+Long CountMoves(Position& position) {
+    const FamilyRules<F> rules(position);
+    if (CaptureStarters(position, rules).Any()) {
+        GenerateFamilyMoves<F>(position, 0);
+        if (MoveCount(position.Tree) > 0 || position.Fault.Passed()) return MoveCount(position.Tree);
+    }
+    return CountQuietMoves(position, rules);
+}
+
 /// Whether a recorded capture is legal. `maxLength` is the length asked for.
 template <Family F>
 bool IsSelected(const CaptureTable& table, const CaptureRow& row, Long maxLength) {
@@ -86,11 +97,7 @@ void RegisterSelected(Position& position) {
     for (Long i = 0; i < table.RowCount; ++i) {
         const CaptureRow& row = table.Rows[i];
         if (!IsSelected<F>(table, row, maxLength)) continue;
-        if (row.PromoMark != 0) {
-            RegisterPromotion(position, row.From, row.To, row.Path);
-        } else {
-            RegisterCaptureMove(position, row.From, row.To, row.Path);
-        }
+        RegisterCaptureMove(position, row.From, row.To, row.Path, row.PromoMark != 0 ? kKing : 0);
     }
 }
 
@@ -113,12 +120,9 @@ void GenerateFamilyMoves(Position& position, Long mode) {
     GameTree& tree = position.Tree;
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     // Captures are mandatory in all four sets, so that mode 0 gives no quiet moves.
-    MoveWalk walk = WalkMoves<FamilyRules<F>>(position, mode, position.Captures, [&](Long from, Long to, bool promotes) {
-        if (promotes) {
-            RegisterPromotion(position, from, to, CapturePath());
-        } else {
-            RegisterMove(position, from, to);
-        }
+    SquareSet starters = CaptureStarters(position, FamilyRules<F>(position));
+    MoveWalk walk = WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes) {
+        RegisterMove(position, from, to, promotes ? kKing : 0);
         return false;
     });
     if (walk == MoveWalk::LimitPassed) {
@@ -143,6 +147,18 @@ void GenerateFamilyMoves(Family family, Position& position, Long mode) {
     case Family::Russian: return GenerateFamilyMoves<Family::Russian>(position, mode);
     case Family::None: return;
     }
+}
+
+Long CountFamilyMoves(Family family, Position& position) {
+    assert(family != Family::None);
+    switch (family) {
+    case Family::American: return CountMoves<Family::American>(position);
+    case Family::Italian: return CountMoves<Family::Italian>(position);
+    case Family::German: return CountMoves<Family::German>(position);
+    case Family::Russian: return CountMoves<Family::Russian>(position);
+    case Family::None: break;
+    }
+    return 0;
 }
 
 } // namespace tavlon12

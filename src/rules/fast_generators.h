@@ -20,4 +20,7 @@ void GenerateFamilyMoves(Position& position, Long mode);
 /// The same for a family known at run time; `family` must not be None.
 void GenerateFamilyMoves(Family family, Position& position, Long mode);
 
+/// The number of legal moves alone, quiet ones counted in bulk. `family` must not be None.
+Long CountFamilyMoves(Family family, Position& position);
+
 } // namespace tavlon12

@@ -2,24 +2,25 @@
 
 #include "rules/capture_selection.h"
 #include "rules/move_walk.h"
+#include "rules/register_moves.h"
 
 #include <cassert>
 
 namespace tavlon12 {
 
-void GenerateMoves(Position& position, Long mode) {
+namespace {
+
+/// One call of the generator, with the pieces that a capture may start from.
+void Generate(Position& position, Long mode, const SquareSet& starters) {
     GameTree& tree = position.Tree;
     CaptureTable& table = position.Captures;
     const RuleSet& rules = position.Rules;
     assert(tree.Ply >= 0 && tree.Ply <= kMaxPly);
+    assert(SumsMatchBoard(position));
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
 
-    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, table, [&](Long from, Long to, bool promotes) {
-        if (promotes) {
-            RegisterPromotion(position, from, to, CapturePath());
-        } else {
-            RegisterMove(position, from, to);
-        }
+    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, starters, table, [&](Long from, Long to, bool promotes) {
+        RegisterMove(position, from, to, promotes ? kKing : 0);
         return false;
     });
 
@@ -29,21 +30,35 @@ void GenerateMoves(Position& position, Long mode) {
         bool dropsQuietMoves = rules.LastCap == 1 && table.LastCapCount > 0 && rules.CapRequired != 1 && mode == 0;
         if (dropsQuietMoves) tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
         SelectCaptures(position, table, [&](const CaptureRow& row) {
-            if (row.PromoMark != 0) {
-                RegisterPromotion(position, row.From, row.To, row.Path);
-            } else {
-                RegisterCaptureMove(position, row.From, row.To, row.Path);
-            }
+            RegisterCaptureMove(position, row.From, row.To, row.Path, row.PromoMark != 0 ? kKing : 0);
             return false;
         });
     }
     tree.PlyFirstMove[tree.Ply + 1] = tree.NextMoveSlot;
 }
 
+} // namespace
+
+void GenerateMoves(Position& position, Long mode) {
+    Generate(position, mode, CaptureStarters(position, GeneralRules(position)));
+}
+
 Long GenerateLegalMoves(Position& position) {
-    GenerateMoves(position, 0);
-    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed()) GenerateMoves(position, 1);
+    SquareSet starters = CaptureStarters(position, GeneralRules(position));
+    bool capturesFirst = starters.Any() || position.Rules.CapRequired != 1; // else mode 0 gives nothing
+    if (capturesFirst) Generate(position, 0, starters);
+    if ((!capturesFirst || MoveCount(position.Tree) == 0) && !position.Fault.Passed()) Generate(position, 1, starters);
     return MoveCount(position.Tree);
+}
+
+Long CountLegalMoves(Position& position) {
+    const GeneralRules rules(position);
+    if (!rules.CapRequired() || rules.JumpFriend() || rules.CanContract()) return GenerateLegalMoves(position);
+    if (CaptureStarters(position, rules).Any()) {
+        GenerateMoves(position, 0);
+        if (MoveCount(position.Tree) > 0 || position.Fault.Passed()) return MoveCount(position.Tree);
+    }
+    return CountQuietMoves(position, rules);
 }
 
 } // namespace tavlon12

@@ -12,4 +12,7 @@ void GenerateMoves(Position& position, Long mode);
 /// The legal moves of the side to move: captures first, and all moves when there are none. Gives their number.
 Long GenerateLegalMoves(Position& position);
 
+/// The number of legal moves alone, without a list of them where the rules allow to count them in bulk.
+Long CountLegalMoves(Position& position);
+
 } // namespace tavlon12

@@ -10,25 +10,33 @@ Long& OffBoardCount(GameTree& tree, Long side) {
     return side == kWhite ? tree.WhiteOffBoard : tree.BlackOffBoard;
 }
 
-/// The square of a side's last man when that man is all it has, else 0.
-Long LastManOf(const BoardCells& board, Long side) {
-    Long lastMan = 0;
-    for (Long index = kFirstSquare; index <= kLastSquare; ++index) {
-        Long cell = board[index];
-        if (cell == kBorder || cell * side <= 0) continue;
-        if (lastMan != 0 || Magnitude(cell) != kMan) return 0;
-        lastMan = index;
-    }
-    return lastMan;
+void MovePiece(Position& position, Long from, Long to) {
+    Long piece = position.Board[from];
+    Long type = PieceType(piece);
+    position.Board[from] = kEmpty;
+    position.Board[to] = piece;
+    position.Bytes[from + kByteMargin] = kEmpty;
+    position.Bytes[to + kByteMargin] = static_cast<std::int8_t>(piece);
+    position.Key.Flip(type, from);
+    position.Key.Flip(type, to);
+    position.TermSum += position.TermsOfPieces[type][to];
+    position.TermSum -= position.TermsOfPieces[type][from];
+}
+
+void ReplacePiece(Position& position, Long square, Long piece) {
+    LiftPiece(position, square);
+    PutPiece(position, square, piece);
 }
 
 /// The rule that crowns the only man of a side, which acts on the opponent of the mover.
 void CrownLastMan(Position& position) {
     GameTree& tree = position.Tree;
-    Long square = LastManOf(position.Board, tree.SideToMove);
+    Long man = PieceType(tree.SideToMove * kMan);
+    tree.TreeLastMan[tree.TreeIndex] = 0;
+    if (position.PieceCount[man] != 1 || position.PieceCount[man + 2] != 0) return;
+    Long square = position.Key.Sets[man].First();
     tree.TreeLastMan[tree.TreeIndex] = square;
-    if (square == 0) return;
-    position.Board[square] = kKing * tree.SideToMove;
+    ReplacePiece(position, square, kKing * tree.SideToMove);
     tree.PlyValue[tree.Ply] += 100;
     tree.PlyMaterial[tree.Ply] += 100;
 }
@@ -55,7 +63,7 @@ void PerformMove(Position& position, Long slot) {
 
     if (move.IsCapture()) {
         tree.PlyForcing[ply] = 1;
-        for (Long i = 0; i < move.Captures.Count; ++i) board[move.Captures.Squares[i]] = kEmpty;
+        for (Long i = 0; i < move.Captures.Count; ++i) LiftPiece(position, move.Captures.Squares[i]);
         Long taken = 100 * move.Captures.MaterialSum();
         value -= taken;
         material -= taken;
@@ -63,27 +71,23 @@ void PerformMove(Position& position, Long slot) {
             tree.TreeKingMan[index] = 1;
             value -= 100;
             material -= 100;
-            board[move.From] /= 2;
+            ReplacePiece(position, move.From, tree.SideToMove * kMan);
         }
     }
 
     if (move.From == kOffBoard) {
-        board[move.To] = tree.SideToMove;
+        PutPiece(position, move.To, tree.SideToMove);
         --OffBoardCount(tree, tree.SideToMove);
     } else if (move.To != move.From) {
-        board[move.To] = board[move.From];
-        board[move.From] = kEmpty;
+        MovePiece(position, move.From, move.To);
     }
 
     if (move.Promotes != 0) {
         tree.PlyForcing[ply] = 1;
-        board[move.To] = move.Promotes * tree.SideToMove;
         value -= 100;
         material += 100;
-        if (rules.ChangeSide == 1) {
-            board[move.To] = -board[move.To];
-            value += 200;
-        }
+        if (rules.ChangeSide == 1) value += 200;
+        ReplacePiece(position, move.To, (rules.ChangeSide == 1 ? -kKing : kKing) * tree.SideToMove);
     }
 
     tree.PlyValue[ply] = value;
@@ -94,7 +98,6 @@ void PerformMove(Position& position, Long slot) {
 
 void TakeBackMove(Position& position, Long slot) {
     GameTree& tree = position.Tree;
-    BoardCells& board = position.Board;
     const RuleSet& rules = position.Rules;
     const MoveRecord& move = position.Moves[slot];
     assert(tree.Ply > 0 || tree.TreeIndex > 0);
@@ -106,19 +109,18 @@ void TakeBackMove(Position& position, Long slot) {
     Long side = tree.SideToMove;
 
     if (move.From == kOffBoard) {
-        board[move.To] = kEmpty;
+        LiftPiece(position, move.To);
         ++OffBoardCount(tree, side);
     } else if (move.To != move.From) {
-        board[move.From] = board[move.To];
-        board[move.To] = kEmpty;
+        MovePiece(position, move.To, move.From);
     }
     for (Long i = 0; i < move.Captures.Count; ++i) {
-        board[move.Captures.Squares[i]] = -side * move.Captures.MagnitudeAt(i);
+        PutPiece(position, move.Captures.Squares[i], -side * move.Captures.MagnitudeAt(i));
     }
     // A man again also where the promotion has changed its colour.
-    if (move.Promotes != 0 && move.From != kOffBoard) board[move.From] = side;
-    if (rules.ManKing == 1 && tree.TreeLastMan[index] != 0) board[tree.TreeLastMan[index]] = -side;
-    if (rules.KingMan == 1 && tree.TreeKingMan[index] == 1) board[move.From] *= 2;
+    if (move.Promotes != 0 && move.From != kOffBoard) ReplacePiece(position, move.From, side * kMan);
+    if (rules.ManKing == 1 && tree.TreeLastMan[index] != 0) ReplacePiece(position, tree.TreeLastMan[index], -side * kMan);
+    if (rules.KingMan == 1 && tree.TreeKingMan[index] == 1) ReplacePiece(position, move.From, side * kKing);
 }
 
 } // namespace tavlon12

@@ -79,15 +79,6 @@ using BestLineTable = std::array<std::array<BestLineCell, kMaxPly + 1>, kMaxPly 
 
 struct Position;
 
-/// Appends a quiet move of the current ply with its sort score. In a full list the last slot is overwritten and `StopFlag` set.
-void RegisterMove(Position& position, Long from, Long to);
-
-/// Appends a capture. The board must show the moving piece on `from` for the score to count its worth.
-void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures);
-
-/// Appends a move that promotes, as a capture when `captures` is not empty.
-void RegisterPromotion(Position& position, Long from, Long to, const CapturePath& captures);
-
 /// The slot of the best unused move of the current ply, the earliest among equals; -1 when none is left.
 Long NextBestMove(Position& position);
 

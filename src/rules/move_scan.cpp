@@ -7,7 +7,8 @@ namespace tavlon12 {
 
 bool GenerateMoves1(Position& position, Long mode) {
     CaptureTable& table = position.ScanCaptures; // a call during the search must not disturb the generator's own
-    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, table, [](Long, Long, bool) { return true; });
+    SquareSet starters = CaptureStarters(position, GeneralRules(position));
+    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, starters, table, [](Long, Long, bool) { return true; });
     if (walk != MoveWalk::Finished) return walk == MoveWalk::Stopped;
     return SelectCaptures(position, table, [](const CaptureRow&) { return true; });
 }

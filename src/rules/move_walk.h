@@ -68,25 +68,107 @@ inline bool MayPlace(const Position& position, Long square) {
     return other >= 0 && other < kBoardCells && position.Board[other] == kEmpty;
 }
 
-/// Walks over all squares: quiet moves and placements to `onQuiet`, captures into the table.
-template <typename Rules, typename OnQuiet>
-MoveWalk WalkMoves(Position& position, Long mode, CaptureTable& table, OnQuiet onQuiet) {
-    const Rules rules(position);
-    bool quiet = mode > 0 || (mode == 0 && !rules.CapRequired());
-    Long side = position.Tree.SideToMove;
-    ClearCaptures(table);
-    CaptureWalk<Rules> walk(position, table);
-    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-        Long cell = position.Board[square];
-        if (cell == kBorder) continue;
-        if (cell * side > 0) {
-            if (quiet && WalkQuietMoves(position, rules, square, onQuiet)) return MoveWalk::Stopped;
-            if (!walk.Run(square)) return MoveWalk::LimitPassed;
-        } else if (rules.CanContract() && quiet && MayPlace(position, square)) {
-            if (onQuiet(kOffBoard, square, false)) return MoveWalk::Stopped;
+/// The pieces of the side to move that a capture may start from: short pieces with a piece to take beside them and a free
+/// square behind it, and all flying pieces. No other piece's walk can make a jump.
+template <typename Rules>
+SquareSet CaptureStarters(const Position& position, const Rules& rules) {
+    Long man = PieceType(position.Tree.SideToMove * kMan);
+    const auto& sets = position.Key.Sets;
+    const SquareSet& enemyMen = sets[man ^ 1];
+    const SquareSet& enemyKings = sets[man ^ 3];
+    SquareSet empty = EmptySquares(position);
+    SquareSet starters;
+    auto addShortPieces = [&](Long type, const SquareSet& prey) {
+        for (Long step : position.DirTable[type + 4]) {
+            if (step == kEndOfSteps) break;
+            starters |= sets[type] & (prey & empty.Shifted(-step)).Shifted(-step);
+        }
+    };
+    if (rules.ManCapMoveKing()) {
+        starters |= sets[man];
+    } else {
+        addShortPieces(man, rules.ManCapKing() ? enemyMen | enemyKings : enemyMen);
+    }
+    if (position.PieceCount[man + 2] == 0) return starters;
+    if (rules.LongKings()) {
+        starters |= sets[man + 2];
+    } else {
+        addShortPieces(man + 2, enemyMen | enemyKings);
+    }
+    return starters;
+}
+
+/// The pieces of the side to move that have an empty square to step to; where runs can be jumped, all its pieces.
+template <typename Rules>
+SquareSet QuietStarters(const Position& position, const Rules& rules) {
+    if (rules.JumpFriend()) return PiecesOf(position, position.Tree.SideToMove);
+    Long man = PieceType(position.Tree.SideToMove * kMan);
+    SquareSet empty = EmptySquares(position);
+    SquareSet starters;
+    for (Long type : {man, man + 2}) {
+        if (position.PieceCount[type] == 0) continue;
+        for (Long step : position.DirTable[type]) {
+            if (step == kEndOfSteps) break;
+            starters |= position.Key.Sets[type] & empty.Shifted(-step);
         }
     }
-    return MoveWalk::Finished;
+    return starters;
+}
+
+/// The number of quiet moves, where neither runs are jumped nor pieces placed: steps of short pieces are shifts of their set.
+template <typename Rules>
+Long CountQuietMoves(const Position& position, const Rules& rules) {
+    SquareSet empty = EmptySquares(position);
+    Long man = PieceType(position.Tree.SideToMove * kMan);
+    Long count = 0;
+    for (Long type : {man, man + 2}) {
+        const SquareSet& pieces = position.Key.Sets[type];
+        if (position.PieceCount[type] == 0) continue;
+        if (type == man + 2 && rules.LongKings()) {
+            pieces.ForEach([&](Long square) {
+                WalkQuietMoves(position, rules, square, [&](Long, Long, bool) {
+                    ++count;
+                    return false;
+                });
+            });
+            continue;
+        }
+        for (Long step : position.DirTable[type]) {
+            if (step == kEndOfSteps) break;
+            count += (pieces.Shifted(step) & empty).Count();
+        }
+    }
+    return count;
+}
+
+/// Walks over all squares: quiet moves and placements to `onQuiet`, captures into the table. `captures` are the pieces that a
+/// capture may start from, as `CaptureStarters` gives them.
+template <typename Rules, typename OnQuiet>
+MoveWalk WalkMoves(Position& position, Long mode, const SquareSet& captures, CaptureTable& table, OnQuiet onQuiet) {
+    const Rules rules(position);
+    ClearCaptures(table);
+    SquareSet sources = captures;
+    SquareSet quiet;
+    if (mode > 0 || (mode == 0 && !rules.CapRequired())) {
+        quiet = QuietStarters(position, rules);
+        if (rules.CanContract()) quiet |= EmptySquares(position);
+        sources |= quiet;
+    }
+    if (!sources.Any()) return MoveWalk::Finished;
+
+    CaptureWalk<Rules> walk(position, table);
+    MoveWalk outcome = MoveWalk::Finished;
+    sources.ForEachUntil([&](Long square) {
+        if (rules.CanContract() && position.Board[square] == kEmpty) {
+            if (MayPlace(position, square) && onQuiet(kOffBoard, square, false)) outcome = MoveWalk::Stopped;
+        } else if (quiet.Has(square) && WalkQuietMoves(position, rules, square, onQuiet)) {
+            outcome = MoveWalk::Stopped;
+        } else if (captures.Has(square) && !walk.Run(square)) {
+            outcome = MoveWalk::LimitPassed;
+        }
+        return outcome != MoveWalk::Finished;
+    });
+    return outcome;
 }
 
 } // namespace tavlon12

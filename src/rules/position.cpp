@@ -12,6 +12,7 @@ constexpr Long kClassicPieceSum = 40; // what the classic start counts as, altho
 
 /// Material of Black minus that of White, in hundredths of a man, with the men and the sum counted on the way.
 Long CountStart(Position& position) {
+    RecountPieces(position);
     position.PieceSum = position.WhiteMen = position.BlackMen = 0;
     Long balance = 0;
     for (Long cell : position.Board) {
@@ -34,13 +35,48 @@ void SetRootMaterial(Position& position) {
 
 } // namespace
 
-bool IsPromotionSquare(const Position& position, Long side, Long square, Long slots) {
-    const PromotionList& list = PromoSquares(position, side);
-    return std::find(list.begin(), list.begin() + slots, square) != list.begin() + slots;
+bool SumsMatchBoard(const Position& position) {
+    PieceTerms sum;
+    std::array<Long, 4> count{};
+    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+        Long piece = position.Board[square];
+        bool live = IsLivePiece(piece);
+        if (position.Bytes[square + kByteMargin] != (live ? piece : kEmpty)) return false;
+        if (!live) continue;
+        sum += position.TermsOfPieces[PieceType(piece)][square];
+        ++count[PieceType(piece)];
+    }
+    return position.Key == KeyOf(position.Board) && count == position.PieceCount &&
+           sum.General == position.TermSum.General && sum.OfFamily == position.TermSum.OfFamily;
+}
+
+void RecountPieces(Position& position) {
+    position.Key = KeyOf(position.Board);
+    position.Bytes.fill(0);
+    position.TermSum = PieceTerms();
+    for (Long type = 0; type < 4; ++type) {
+        position.PieceCount[type] = position.Key.Sets[type].Count();
+        position.Key.Sets[type].ForEach([&](Long square) {
+            position.Bytes[square + kByteMargin] = static_cast<std::int8_t>(position.Board[square]);
+            position.TermSum += position.TermsOfPieces[type][square];
+        });
+    }
+}
+
+PromotionMarks MarkPromotions(const RuleSet& rules) {
+    PromotionMarks marks;
+    for (Long side : {kWhite, kBlack}) {
+        const PromotionList& list = side == kWhite ? rules.PromoW : rules.PromoB;
+        for (Long slot = kPromotionSlots - 1; slot >= 0; --slot) { // the first of equal entries counts
+            if (list[slot] != kUnusedSlot) marks.FirstSlot[SideIndex(side)][list[slot]] = static_cast<Byte>(slot + 1);
+        }
+    }
+    return marks;
 }
 
 void AdoptMovements(Position& position) {
     position.DirTable = DirectionsOf(position.Rules);
+    position.Promotions = MarkPromotions(position.Rules);
     RecognizeBoardKind(position);
     ClassifySteps(position);
 }
@@ -82,6 +118,7 @@ void ShiftPieces(Position& position, bool back) {
             position.Board[to] = std::exchange(position.Board[from], kEmpty);
         }
     }
+    RecountPieces(position);
 }
 
 void ShiftPromotions(Position& position) {
@@ -90,6 +127,7 @@ void ShiftPromotions(Position& position) {
             if (square != kUnusedSlot) square += SquareColourShift(square, position.Rules.PiecesOnBlack).Shift;
         }
     }
+    position.Promotions = MarkPromotions(position.Rules);
 }
 
 void MatchPiecesToColour(Position& position) {
@@ -105,6 +143,7 @@ void MatchPiecesToColour(Position& position) {
 
 void PlaceClassicStart(Position& position) {
     position.Board = position.InitialBoard = ClassicStart();
+    RecountPieces(position);
     position.PieceSum = kClassicPieceSum;
     SetRootBalance(position, 0);
 }

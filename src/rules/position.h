@@ -5,6 +5,7 @@
 #include "rules/directions.h"
 #include "rules/game_tree.h"
 #include "rules/move_list.h"
+#include "rules/piece_terms.h"
 #include "rules/position_key.h"
 #include "rules/rule_set.h"
 
@@ -25,6 +26,24 @@ struct GeneratorFault {
 inline constexpr Long kStopCancel = 1; ///< the user cancelled, or the move list is full
 inline constexpr Long kStopTime = 2;
 
+/// Which squares promote, by the slots of the two lists: men in general ask all slots, friend jumps the first 12, the families the
+/// first 6.
+struct PromotionMarks {
+    std::array<std::array<Byte, kBoardCells>, 2> FirstSlot{}; ///< by side, the slot of the square from 1 on; 0 for none
+
+    bool Has(Long side, Long square, Long slots) const {
+        Byte slot = FirstSlot[SideIndex(side)][square];
+        return slot != 0 && slot <= slots;
+    }
+};
+
+PromotionMarks MarkPromotions(const RuleSet& rules);
+
+/// A board of one byte a cell, border cells 0, for loops over many cells at once. Room before and behind lets such a loop look
+/// a step away from any cell.
+inline constexpr Long kByteMargin = 32;
+using ByteBoard = std::array<std::int8_t, kBoardCells + 2 * kByteMargin>;
+
 /// The rules in force and everything that moves change. It is large: keep it on the heap or static.
 struct Position {
     std::string VariantFile = "Canadian Checkers"; ///< file of the definition, without folder and extension
@@ -32,6 +51,7 @@ struct Position {
     RuleSet Rules;                                 ///< as they are played
     RuleSet DefinedRules;                          ///< as the variant's definition file has them
     DirectionTable DirTable = DirectionsOf(RuleSet());
+    PromotionMarks Promotions = MarkPromotions(RuleSet());
 
     // Follow from the rules and the start position
     bool DedupCaptures = false;      ///< routes over the same pieces count as one capture
@@ -43,6 +63,11 @@ struct Position {
     bool CustomSetup = false;        ///< the start position was set by hand, loaded or drawn; a new game keeps it
 
     BoardCells Board = EmptyBoard();
+    PositionKey Key;                   ///< of `Board`: the pieces as sets of squares
+    std::array<Long, 4> PieceCount{};  ///< by piece type
+    ByteBoard Bytes{};                 ///< the live pieces of `Board` again, a byte each
+    PieceTermTable TermsOfPieces{};    ///< what the evaluations want summed up, set when their tables are built
+    PieceTerms TermSum;                ///< over the pieces on the board
     BoardCells InitialBoard = EmptyBoard();
     GameTree Tree;
     MoveList Moves{};
@@ -57,15 +82,52 @@ struct Position {
     CaptureTable ScanCaptures; ///< of the evaluation's move scan
 };
 
+/// Puts a piece onto an empty square, with its key and count; and takes it off again.
+inline void PutPiece(Position& position, Long square, Long piece) {
+    Long type = PieceType(piece);
+    position.Board[square] = piece;
+    position.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
+    position.Key.Flip(type, square);
+    ++position.PieceCount[type];
+    position.TermSum += position.TermsOfPieces[type][square];
+}
+
+inline void LiftPiece(Position& position, Long square) {
+    Long type = PieceType(position.Board[square]);
+    position.Board[square] = kEmpty;
+    position.Bytes[square + kByteMargin] = kEmpty;
+    position.Key.Flip(type, square);
+    --position.PieceCount[type];
+    position.TermSum -= position.TermsOfPieces[type][square];
+}
+
+/// Whether key, counts and sums are those of the board: what every generator asserts.
+bool SumsMatchBoard(const Position& position);
+
+/// Makes key, counts and sums anew after cells of the board or the terms were written directly.
+void RecountPieces(Position& position);
+
+/// All pieces of a side, and the squares that are free for a step.
+inline SquareSet PiecesOf(const Position& position, Long side) {
+    Long man = PieceType(side * kMan);
+    return position.Key.Sets[man] | position.Key.Sets[man + 2];
+}
+
+inline SquareSet EmptySquares(const Position& position) {
+    return kAllSquares - (PiecesOf(position, kWhite) | PiecesOf(position, kBlack));
+}
+
 /// Promotion squares of a side's men, as the rules in force have them.
 inline const PromotionList& PromoSquares(const Position& position, Long side) {
     return side == kWhite ? position.Rules.PromoW : position.Rules.PromoB;
 }
 
 /// Whether a square is among the first `slots` promotion squares of a side.
-bool IsPromotionSquare(const Position& position, Long side, Long square, Long slots = kPromotionSlots);
+inline bool IsPromotionSquare(const Position& position, Long side, Long square, Long slots = kPromotionSlots) {
+    return position.Promotions.Has(side, square, slots);
+}
 
-/// Takes over the steps of the rules: `DirTable` anew, then `RecognizeBoardKind` and `ClassifySteps`.
+/// Takes over the steps and the promotion squares of the rules: `DirTable` and the marks anew, then `RecognizeBoardKind` and `ClassifySteps`.
 void AdoptMovements(Position& position);
 
 /// A step of +1 or -1 makes all squares playable; flying kings on such a board make `DedupCaptures` 1.

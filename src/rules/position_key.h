@@ -1,21 +1,56 @@
 #pragma once
 
 #include "rules/board.h"
+#include "rules/square_set.h"
 
 #include <array>
 
 namespace tavlon12 {
 
-/// Identifies a placement exactly: three bits a square. The side to move is no part of it. The key of an empty board equals
-/// that of an entry never written.
+/// Identifies a placement exactly: where the pieces of each type stand. The hash is the exclusive or of one random number a
+/// piece and makes a comparison quick; equal keys have equal sets. The side to move is no part of it. The key of an empty
+/// board equals that of an entry never written.
 struct PositionKey {
-    std::array<std::uint64_t, 7> Words{};
+    std::uint64_t Hash = 0;
+    std::array<SquareSet, 4> Sets{}; ///< by piece type
 
-    bool operator==(const PositionKey&) const = default;
+    bool operator==(const PositionKey& other) const { return Hash == other.Hash && Sets == other.Sets; }
+
+    /// Adds a piece to the key, or takes it out again.
+    void Flip(Long pieceType, Long square);
 };
+
+namespace key_detail {
+
+/// The mixing step of the splitmix64 generator (Steele, Lea, Flood 2014).
+constexpr std::uint64_t Mix(std::uint64_t x) {
+    x += 0x9E3779B97F4A7C15u;
+    x = (x ^ x >> 30) * 0xBF58476D1CE4E5B9u;
+    x = (x ^ x >> 27) * 0x94D049BB133111EBu;
+    return x ^ x >> 31;
+}
+
+constexpr auto MakeNumbers() {
+    std::array<std::array<std::uint64_t, kBoardCells>, 4> numbers{};
+    std::uint64_t n = 0;
+    for (auto& row : numbers) {
+        for (std::uint64_t& number : row) number = Mix(++n);
+    }
+    return numbers;
+}
+
+inline constexpr auto kNumbers = MakeNumbers();
+
+} // namespace key_detail
+
+inline void PositionKey::Flip(Long pieceType, Long square) {
+    Sets[pieceType].Flip(square);
+    Hash ^= key_detail::kNumbers[pieceType][square];
+}
 
 struct Position;
 
+/// The key of a board, made from its cells.
 PositionKey KeyOf(const BoardCells& board);
 
 /// What the board's pieces are, as the draw rules ask it.

@@ -140,7 +140,7 @@ void CommitHumanMove(Session& session, MovePath path) {
 }
 
 std::string RefusedMoveText(const Session& session, const std::string& text) {
-    const std::string illegal = "Illegal move";
+    std::string illegal = "Illegal move";
     const Position& position = session.Pos;
     const GameTree& tree = position.Tree;
     const Long from = SquareOfText(session, text.substr(0, 2));

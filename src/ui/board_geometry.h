@@ -41,8 +41,8 @@ struct WindowGeometry {
 /// The medium geometry for `SkinMode` 2, the small one for any other.
 const WindowGeometry& GeometryOfSkin(Long skinMode);
 
-/// The place of a control by its object name; all zero for a name that is not in the table. With `extraPieces` the comment field
-/// leaves room for the line about the pieces off the board.
+/// The place of a control by its object name; all zero for a name that is not in the table. With `extraPieces` the
+/// comment field leaves room for the line about the pieces off the board.
 Place PlaceOf(const WindowGeometry& geometry, std::string_view name, bool extraPieces);
 
 /// The place of a square in the window, for views 0 to 143.

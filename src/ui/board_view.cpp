@@ -88,7 +88,8 @@ Long BoardView::ViewAt(const QPointF& point) const {
     QPointF inGrid = point - QPointF(SquareRect(0).topLeft());
     int column = static_cast<int>(std::floor(inGrid.x() / edge));
     int row = static_cast<int>(std::floor(inGrid.y() / edge));
-    if (column < 0 || column >= kGridSquares || row < 0 || row >= kGridSquares) return -1;
+    if (column < 0 || column >= kGridSquares || row < 0 || row >= kGridSquares)
+        return -1;
     return row * kGridSquares + column;
 }
 
@@ -98,8 +99,8 @@ QRect BoardView::SquareRect(Long view) const {
     return {square.Left - board.Left, square.Top - board.Top, square.Width, square.Height};
 }
 
-// Everything but the texts is drawn in device pixels, with the edges of the squares rounded one by one: at a ratio such as 1.25
-// neighbours then share their edge, and no seam shows.
+// Everything but the texts is drawn in device pixels, with the edges of the squares rounded one by one: at a ratio such
+// as 1.25 neighbours then share their edge, and no seam shows.
 void BoardView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintCoordinates(painter);
@@ -128,7 +129,8 @@ void BoardView::paintEvent(QPaintEvent* event) {
 
     for (Long view = 0; view < static_cast<Long>(kSquareCount); ++view) {
         QRect place = SquareRect(view);
-        if (!event->region().intersects(place.adjusted(-1, -1, 1, 1))) continue;
+        if (!event->region().intersects(place.adjusted(-1, -1, 1, 1)))
+            continue;
         QRect target = deviceRect(place);
         const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
         painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
@@ -138,13 +140,17 @@ void BoardView::paintEvent(QPaintEvent* event) {
             // One pixel from the edge, two pixels wide.
             QRect outer = target.adjusted(ratio, ratio, -ratio, -ratio);
             QRegion box = QRegion(outer).subtracted(outer.adjusted(2 * ratio, 2 * ratio, -2 * ratio, -2 * ratio));
-            for (const QRect& side : box) painter.fillRect(side, dark ? Pictures.DarkHighlight : Pictures.LightHighlight);
+            for (const QRect& side : box)
+                painter.fillRect(side, dark ? Pictures.DarkHighlight : Pictures.LightHighlight);
         }
         if (square.Number != 0) {
             QRect corner = target.adjusted(3 * ratio, 2 * ratio, 0, 0);
             QString text = QString::number(square.Number);
-            painter.setPen(QColor(0, 0, 0, 200));
-            painter.drawText(corner.translated(ratio, ratio), Qt::AlignLeft | Qt::AlignTop, text);
+            // A dark rim keeps the number readable on a white piece.
+            painter.setPen(kFrameColour);
+            for (QPoint rim : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1), QPoint(1, 1)}) {
+                painter.drawText(corner.translated(rim * ratio), Qt::AlignLeft | Qt::AlignTop, text);
+            }
             painter.setPen(kNumberColour);
             painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop, text);
         }
@@ -171,16 +177,20 @@ void BoardView::PaintCoordinates(QPainter& painter) const {
 
 void BoardView::mousePressEvent(QMouseEvent* event) {
     FlushRelease();
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)
+        return;
     // With no other button down nothing can be left of an earlier press, even if its release went to a message box.
     if (event->buttons() == event->button()) {
         PressedView = -1;
         Game.Input.RightPressed = -1;
     }
     // The pointer may have come here without a move (a touch, a window that opened under it): a press follows a move.
-    if (event->position() != LastPoint) MoveTo(event->position());
-    if (PressedView == -1) PressedView = ViewAt(event->position());
-    if (PressedView != -1) SquareDown(PressedView, event->button());
+    if (event->position() != LastPoint)
+        MoveTo(event->position());
+    if (PressedView == -1)
+        PressedView = ViewAt(event->position());
+    if (PressedView != -1)
+        SquareDown(PressedView, event->button());
 }
 
 // The second press of two quick ones is a press like any other.
@@ -190,7 +200,8 @@ void BoardView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void BoardView::mouseMoveEvent(QMouseEvent* event) {
     FlushRelease();
-    if (event->buttons() == Qt::NoButton) PressedView = -1;
+    if (event->buttons() == Qt::NoButton)
+        PressedView = -1;
     MoveTo(event->position());
 }
 
@@ -205,26 +216,32 @@ void BoardView::MoveTo(const QPointF& point) {
     SquareMove(view, static_cast<int>(std::floor(offset.x())), static_cast<int>(std::floor(offset.y())));
 }
 
-// A release may start the computer's move, which lasts. It is handled right after the event, so that the toolkit does not go on
-// sending the mouse here while the computer thinks.
+// A release may start the computer's move, which lasts. It is handled right after the event, so that the toolkit does
+// not go on sending the mouse here while the computer thinks.
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     FlushRelease();
-    if (PressedView == -1) return;
-    if (event->buttons() == Qt::NoButton) PressedView = -1;
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    if (PressedView == -1)
+        return;
+    if (event->buttons() == Qt::NoButton)
+        PressedView = -1;
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)
+        return;
     PendingRelease = event->button();
-    QMetaObject::invokeMethod(this, [this] { FlushRelease(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { FlushRelease(); }, Qt::QueuedConnection);
 }
 
 void BoardView::FlushRelease() {
-    if (!PendingRelease) return;
+    if (!PendingRelease)
+        return;
     Qt::MouseButton button = *PendingRelease;
     PendingRelease.reset();
     SquareUp(button);
 }
 
 void BoardView::leaveEvent(QEvent*) {
-    if (PressedView == -1) OutsideMove();
+    if (PressedView == -1)
+        OutsideMove();
 }
 
 } // namespace tavlon12

@@ -12,8 +12,8 @@
 
 namespace tavlon12 {
 
-/// The board with its frame and coordinates. Of each square it keeps the picture that it shows, so that a piece can be lifted and
-/// boxes can lie on squares without the position knowing of it.
+/// The board with its frame and coordinates. Of each square it keeps the picture that it shows, so that a piece can be
+/// lifted and boxes can lie on squares without the position knowing of it.
 class BoardView : public QWidget {
 public:
     BoardView(Session& session, QWidget* parent);
@@ -23,7 +23,7 @@ public:
     void PaintBoard(int overlay);
     void ShowSquare(Long view);
     void DrawHighlightBox(Long view);
-    void LiftPiece(Long view); ///< shows the empty square
+    void LiftPiece(Long view);   ///< shows the empty square
     void CarryPiece(Long value); ///< the cursor becomes the piece
     void DropCursor();           ///< and returns to normal
 

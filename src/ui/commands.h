@@ -11,15 +11,15 @@ class MainWindow;
 /// A command of the window: its menu entry and, where `Button` is not 0, its toolbar button.
 struct CommandRow {
     Command Id;
-    const char* Name;     ///< of the menu entry
-    int Button;           ///< place in the toolbar, from 1; places without a command are separators
-    const char* Key;      ///< of the toolbar button
+    const char* Name; ///< of the menu entry
+    int Button;       ///< place in the toolbar, from 1; places without a command are separators
+    const char* Key;  ///< of the toolbar button
     const char* Caption;
     const char* Tip;
     const char* Shortcut; ///< "" for none
     const char* Icon;     ///< of the toolbar's pictures, without extension
     bool Checkable;
-    bool WhileThinking;   ///< may run while another command still does
+    bool WhileThinking;             ///< may run while another command still does
     void (*Procedure)(MainWindow&); ///< null: the command stands greyed
 };
 

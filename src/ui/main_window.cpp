@@ -18,6 +18,8 @@
 #include <QStyleFactory>
 #include <QToolButton>
 
+#include <utility>
+
 namespace tavlon12 {
 
 namespace {
@@ -34,7 +36,8 @@ const QColor kAccent(122, 78, 42);
 QFont FontOfSize(int pixels, bool fixedPitch = false) {
     QFont font = fixedPitch ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QApplication::font();
     font.setPixelSize(pixels);
-    if (fixedPitch) font.setStyleHint(QFont::Monospace);
+    if (fixedPitch)
+        font.setStyleHint(QFont::Monospace);
     return font;
 }
 
@@ -87,11 +90,20 @@ void ApplyLook(QApplication& application) {
     application.setPalette(LookPalette());
 }
 
+// The second half of a double click is no click of its own: it would play a move of the list that has come meanwhile.
+void GameList::mouseDoubleClickEvent(QMouseEvent*) {
+    SkipRelease = true;
+}
+
 void GameList::mouseReleaseEvent(QMouseEvent* event) {
+    if (std::exchange(SkipRelease, false))
+        return;
     QListWidget::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !viewport()->rect().contains(event->position().toPoint())) return;
+    if (event->button() != Qt::LeftButton || !viewport()->rect().contains(event->position().toPoint()))
+        return;
     // After the event, as with a release over the board.
-    QMetaObject::invokeMethod(this, [this] { Clicked(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Clicked(); }, Qt::QueuedConnection);
 }
 
 void GameList::keyPressEvent(QKeyEvent* event) {
@@ -147,7 +159,8 @@ MainWindow::MainWindow(Session& session) : Game(session) {
     MakeStatusBar();
     // When a list is greyed the focus goes on to the next control: to another list or the board, never to a text field.
     QWidget* order[] = {Board, Text2, Command1, Text1, List1, List2, List3};
-    for (std::size_t i = 0; i + 1 < std::size(order); ++i) setTabOrder(order[i], order[i + 1]);
+    for (std::size_t i = 0; i + 1 < std::size(order); ++i)
+        setTabOrder(order[i], order[i + 1]);
     setTabOrder(List3, Board);
     Board->setFocus();
 
@@ -167,7 +180,8 @@ void MainWindow::MakeActions() {
         action->setToolTip(QLatin1String(row.Tip));
         action->setIconVisibleInMenu(false);
         action->setMenuRole(QAction::NoRole);
-        if (*row.Shortcut != '\0') action->setShortcut(QKeySequence(QLatin1String(row.Shortcut)));
+        if (*row.Shortcut != '\0')
+            action->setShortcut(QKeySequence(QLatin1String(row.Shortcut)));
         if (*row.Icon != '\0') {
             action->setIcon(QIcon(QStringLiteral(":/art/toolbar/%1.svg").arg(QLatin1String(row.Icon))));
         }
@@ -176,7 +190,8 @@ void MainWindow::MakeActions() {
         Command id = row.Id;
         connect(action, &QAction::triggered, this, [this, action, id] {
             // The toolkit has moved the mark already; only the command itself may.
-            if (action->isCheckable()) action->setChecked(Checked[static_cast<std::size_t>(id)]);
+            if (action->isCheckable())
+                action->setChecked(Checked[static_cast<std::size_t>(id)]);
             RunCommand(id);
         });
         Actions[static_cast<std::size_t>(id)] = action;
@@ -236,7 +251,8 @@ void MainWindow::MakeToolbar() {
     for (int place = 1; place <= kToolbarPlaces; ++place) {
         const CommandRow* found = nullptr;
         for (const CommandRow& row : AllCommands()) {
-            if (row.Button == place) found = &row;
+            if (row.Button == place)
+                found = &row;
         }
         if (found == nullptr) {
             Toolbar1->addSeparator();
@@ -259,9 +275,7 @@ void MainWindow::MakeBoard() {
     Board->SquareMove = [this](Long view, int x, int y) {
         Run([=, this] { SquareMouseMove(Game, *Board, view, x, y); });
     };
-    Board->SquareUp = [this](Qt::MouseButton button) {
-        Run([=, this] { SquareMouseUp(Game, *Board, button); });
-    };
+    Board->SquareUp = [this](Qt::MouseButton button) { Run([=, this] { SquareMouseUp(Game, *Board, button); }); };
     Board->OutsideMove = [this] { FormMouseMove(Game); };
 }
 
@@ -293,12 +307,18 @@ void MainWindow::MakeSidePanel() {
         Labels[i]->setAutoFillBackground(true);
         Labels[i]->setAlignment(Qt::AlignCenter);
     }
-    for (int i : {3, 4}) Labels[i]->setContentsMargins(5, 0, 0, 0);
-    for (int i : {3, 4, 7, 10, 11, 12, 13, 14}) Labels[i]->setFont(FontOfSize(kFontPixels - 1));
-    for (int i : {5, 6}) Labels[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (int i : {3, 4})
+        Labels[i]->setContentsMargins(5, 0, 0, 0);
+    for (int i : {3, 4, 7})
+        Labels[i]->setFont(FontOfSize(kFontPixels - 1));
+    for (int i : {10, 11, 12, 13, 14})
+        Labels[i]->setFont(FontOfSize(kFontPixels - 2));
+    for (int i : {5, 6})
+        Labels[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont bold = FontOfSize(kFontPixels);
     bold.setBold(true);
-    for (int i : {1, 2, 8}) Labels[i]->setFont(bold);
+    for (int i : {1, 2, 8})
+        Labels[i]->setFont(bold);
     Labels[7]->setText(QStringLiteral("Depth:"));
     Labels[9]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     Labels[9]->setWordWrap(true);
@@ -318,12 +338,17 @@ void MainWindow::MakeSidePanel() {
         list->installEventFilter(this);
         (i == 1 ? List1 : i == 2 ? List2 : List3) = list;
     }
+    List1->setToolTip(QStringLiteral("The game. A click goes to the position after the move."));
+    List2->setToolTip(QStringLiteral("The legal moves. A click plays the move."));
+    List3->setToolTip(QStringLiteral("The computer's candidates with their values. A click plays one instead."));
     List1->Clicked = List1->Entered = [this] { Run([this] { GoToSelectedLine(Game); }); };
     List2->Clicked = [this] {
-        if (List2->currentRow() >= 0) Run([this] { ClickLegalMove(Game); });
+        if (List2->currentRow() >= 0)
+            Run([this] { ClickLegalMove(Game); });
     };
     List3->Clicked = [this] {
-        if (List3->currentRow() >= 0) Run([this] { ClickCandidateMove(Game); });
+        if (List3->currentRow() >= 0)
+            Run([this] { ClickCandidateMove(Game); });
     };
 
     Text2 = new QLineEdit(client);
@@ -346,10 +371,9 @@ void MainWindow::MakeSidePanel() {
     name(Progress, QStringLiteral("Progress"));
     Progress->setTextVisible(false);
     Progress->setValue(0);
-    Progress->setStyleSheet(
-        QStringLiteral("QProgressBar { background: %1; border: none; border-radius: 3px; }"
-                       "QProgressBar::chunk { background: %2; border-radius: 3px; }")
-            .arg(QColor(222, 214, 201).name(), QColor(166, 112, 58).name()));
+    Progress->setStyleSheet(QStringLiteral("QProgressBar { background: %1; border: none; border-radius: 3px; }"
+                                           "QProgressBar::chunk { background: %2; border-radius: 3px; }")
+                                .arg(QColor(222, 214, 201).name(), QColor(166, 112, 58).name()));
 
     name(new VectorPicture(QStringLiteral(":/art/emblem.svg"), client), QStringLiteral("Picture11"));
 }
@@ -382,9 +406,12 @@ QWidget& MainWindow::WidgetOf(Control control) {
     if (control >= Control::mnuGame) {
         return *Menus[static_cast<std::size_t>(control) - static_cast<std::size_t>(Control::mnuGame)];
     }
-    if (control == Control::Text1) return *Text1;
-    if (control == Control::Text2) return *Text2;
-    if (control == Control::Command1) return *Command1;
+    if (control == Control::Text1)
+        return *Text1;
+    if (control == Control::Text2)
+        return *Text2;
+    if (control == Control::Command1)
+        return *Command1;
     return *Toolbar1;
 }
 
@@ -396,26 +423,31 @@ void MainWindow::LayoutWindow() {
         QWidget* widget = centralWidget()->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
         SetPlace(*widget, PlaceOf(geometry, control.Name, extraPieces));
     }
-    for (std::size_t i = 10; i < Labels.size(); ++i) Labels[i]->setVisible(extraPieces);
+    for (std::size_t i = 10; i < Labels.size(); ++i)
+        Labels[i]->setVisible(extraPieces);
     Board->SetGeometry(geometry);
 
     ensurePolished();
     int menuHeight = menuBar()->heightForWidth(geometry.Width);
-    if (menuHeight <= 0) menuHeight = menuBar()->sizeHint().height();
+    if (menuHeight <= 0)
+        menuHeight = menuBar()->sizeHint().height();
     setFixedSize(geometry.Width, geometry.Height + menuHeight);
     if (QScreen* on = screen()) {
         QRect frame = frameGeometry();
         frame.moveCenter(on->availableGeometry().center());
         // On a screen that is too small the title bar stays in reach.
-        move(std::max(frame.left(), on->availableGeometry().left()), std::max(frame.top(), on->availableGeometry().top()));
+        move(std::max(frame.left(), on->availableGeometry().left()),
+             std::max(frame.top(), on->availableGeometry().top()));
     }
-    for (QLabel* panel : StatusPanels) panel->clear();
+    for (QLabel* panel : StatusPanels)
+        panel->clear();
     StatusPanels[0]->setText(QLatin1String(kProductLine));
 }
 
 void MainWindow::RunCommand(Command command) {
     const CommandRow& row = RowOf(command);
-    if (row.Procedure == nullptr) return;
+    if (row.Procedure == nullptr)
+        return;
     Run(
         [&] {
             EndBoardInput(Game, *Board);
@@ -425,7 +457,8 @@ void MainWindow::RunCommand(Command command) {
 }
 
 void MainWindow::Run(const std::function<void()>& procedure, bool nested) {
-    if (Game.Quitting || (Running > 0 && !nested)) return;
+    if (Game.Quitting || (Running > 0 && !nested))
+        return;
     ++Running;
     procedure();
     --Running;
@@ -448,11 +481,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     event->ignore();
-    if (AskingToClose || Game.Quitting) return;
+    if (AskingToClose || Game.Quitting)
+        return;
     AskingToClose = true;
     bool yes = CloseRequested(Game);
     AskingToClose = false;
-    if (!yes || Running > 0) return;
+    if (!yes || Running > 0)
+        return;
     ClosingForGood = true;
     event->accept();
 }
@@ -464,13 +499,15 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         bool field = watched == Text1 || watched == Text2;
         if (key->modifiers() == Qt::ControlModifier && key->key() >= Qt::Key_A && key->key() <= Qt::Key_Z) {
             for (const CommandRow& row : AllCommands()) {
-                if (ActionOf(row.Id).shortcut() != QKeySequence(key->keyCombination())) continue;
+                if (ActionOf(row.Id).shortcut() != QKeySequence(key->keyCombination()))
+                    continue;
                 key->setAccepted(field && EditsText(key->key()));
                 return true;
             }
         }
     }
-    if (watched == Text1 && event->type() == QEvent::KeyPress) Run([this] { CommentKey(Game); });
+    if (watched == Text1 && event->type() == QEvent::KeyPress)
+        Run([this] { CommentKey(Game); });
     return QMainWindow::eventFilter(watched, event);
 }
 

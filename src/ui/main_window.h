@@ -23,10 +23,12 @@
 
 namespace tavlon12 {
 
-/// The style and colours of the program, whatever the desktop's are: the board and its panels are drawn for a light ground.
+/// The style and colours of the program, whatever the desktop's are: the board and its panels are drawn for a light
+/// ground.
 void ApplyLook(QApplication& application);
 
-/// A list whose lines are clicked: `Clicked` runs when the left button goes up over it, `Entered` when Enter is pressed in it.
+/// A list whose lines are clicked: `Clicked` runs when the left button goes up over it, `Entered` when Enter is pressed
+/// in it.
 class GameList : public QListWidget {
 public:
     using QListWidget::QListWidget;
@@ -34,8 +36,12 @@ public:
     std::function<void()> Entered = [] {};
 
 protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool SkipRelease = false;
 };
 
 /// A label that ends a text too long for it in "...", and tells the whole in its tool tip.
@@ -75,14 +81,15 @@ public:
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
-    /// Sizes the window for the skin and the rules in force, places the controls, centres it and shows the product line.
+    /// Sizes the window for the skin and the rules in force, places the controls, centres it and shows the product
+    /// line.
     void LayoutWindow();
 
     /// The procedure of a command, when it may run now.
     void RunCommand(Command command);
 
-    /// Runs a procedure of the session for a user's event. While one is running no other starts, unless `nested` allows it. When the
-    /// user has closed the program meanwhile, the window closes once the outermost has returned.
+    /// Runs a procedure of the session for a user's event. While one is running no other starts, unless `nested` allows
+    /// it. When the user has closed the program meanwhile, the window closes once the outermost has returned.
     void Run(const std::function<void()>& procedure, bool nested = false);
 
     /// Closes the window without a question; the program ends with code 1.
@@ -126,7 +133,7 @@ private:
     void MakeStatusBar();
 
     std::array<QAction*, kCommandCount> Actions{};
-    int Running = 0;           ///< procedures under way, one inside the other
+    int Running = 0; ///< procedures under way, one inside the other
     bool AskingToClose = false;
     bool ClosingForGood = false;
 };

@@ -13,11 +13,19 @@
 
 namespace tavlon12 {
 
-/// What a square of the board can show. The pieces follow their square's colour in the order white man, white king, black man,
-/// black king.
+/// What a square of the board can show. The pieces follow their square's colour in the order white man, white king,
+/// black man, black king.
 enum class SquareImage {
-    DarkSquare, DarkWhiteMan, DarkWhiteKing, DarkBlackMan, DarkBlackKing,
-    LightSquare, LightWhiteMan, LightWhiteKing, LightBlackMan, LightBlackKing,
+    DarkSquare,
+    DarkWhiteMan,
+    DarkWhiteKing,
+    DarkBlackMan,
+    DarkBlackKing,
+    LightSquare,
+    LightWhiteMan,
+    LightWhiteKing,
+    LightBlackMan,
+    LightBlackKing,
 };
 
 constexpr bool IsEmptySquareImage(SquareImage image) {
@@ -36,8 +44,9 @@ struct Skin {
     std::map<std::tuple<SquareImage, int, int>, QPixmap> Cache;
 };
 
-/// Takes the skin of `SkinName` and sets `SkinMode` by it: 0 "Classic Small", 2 "Classic Medium". For any other name, or when a
-/// picture cannot be had, it shows the message of a failure that cannot be repaired, ends the program and gives false.
+/// Takes the skin of `SkinName` and sets `SkinMode` by it: 0 "Classic Small", 2 "Classic Medium". For any other name,
+/// or when a picture cannot be had, it shows the message of a failure that cannot be repaired, ends the program and
+/// gives false.
 bool LoadSkin(Session& session, Skin& skin);
 
 /// The picture of a square, `width` by `height` device pixels.

@@ -2,6 +2,7 @@
 
 #include "ui/shown_text.h"
 
+#include <QAbstractButton>
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QTime>
@@ -21,11 +22,13 @@ namespace {
 constexpr unsigned kNodesPerLook = 32; ///< calls of `Yield` between two looks at the clock
 constexpr std::chrono::milliseconds kEventPause{5};
 
-QMessageBox::StandardButton Ask(MainWindow& window, QMessageBox::Icon icon, const std::string& text, const std::string& title,
-                                QMessageBox::StandardButtons buttons) {
+QMessageBox::StandardButton Ask(MainWindow& window, QMessageBox::Icon icon, const std::string& text,
+                                const std::string& title, QMessageBox::StandardButtons buttons) {
     QMessageBox box(icon, Shown(title), Shown(text), buttons, &window);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
+    for (QAbstractButton* button : box.buttons())
+        button->setIcon(QIcon());
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
@@ -43,17 +46,25 @@ QMessageBox::Icon IconOf(MessageKind kind) {
 
 void SetWidgetText(QWidget& widget, const std::string& text) {
     QString shown = Shown(text);
-    if (auto* label = qobject_cast<QLabel*>(&widget)) label->setText(shown);
-    if (auto* line = qobject_cast<QLineEdit*>(&widget)) line->setText(shown);
-    if (auto* button = qobject_cast<QPushButton*>(&widget)) button->setText(shown);
-    if (auto* field = qobject_cast<QPlainTextEdit*>(&widget)) field->setPlainText(shown);
+    if (auto* label = qobject_cast<QLabel*>(&widget))
+        label->setText(shown);
+    if (auto* line = qobject_cast<QLineEdit*>(&widget))
+        line->setText(shown);
+    if (auto* button = qobject_cast<QPushButton*>(&widget))
+        button->setText(shown);
+    if (auto* field = qobject_cast<QPlainTextEdit*>(&widget))
+        field->setPlainText(shown);
 }
 
 std::string WidgetText(const QWidget& widget) {
-    if (auto* label = qobject_cast<const QLabel*>(&widget)) return BytesOf(label->text());
-    if (auto* line = qobject_cast<const QLineEdit*>(&widget)) return BytesOf(line->text());
-    if (auto* button = qobject_cast<const QPushButton*>(&widget)) return BytesOf(button->text());
-    if (auto* field = qobject_cast<const QPlainTextEdit*>(&widget)) return BytesOf(field->toPlainText());
+    if (auto* label = qobject_cast<const QLabel*>(&widget))
+        return BytesOf(label->text());
+    if (auto* line = qobject_cast<const QLineEdit*>(&widget))
+        return BytesOf(line->text());
+    if (auto* button = qobject_cast<const QPushButton*>(&widget))
+        return BytesOf(button->text());
+    if (auto* field = qobject_cast<const QPlainTextEdit*>(&widget))
+        return BytesOf(field->toPlainText());
     return "";
 }
 
@@ -67,8 +78,10 @@ void MarkLabel(QLabel& label, bool toMove) {
 
 // Called at each node of the search: nearly always it only counts.
 void Yield(EventPump& pump) {
-    if (++pump.Calls % kNodesPerLook != 0 || pump.Inside) return;
-    if (std::chrono::steady_clock::now() - pump.Last < kEventPause) return;
+    if (++pump.Calls % kNodesPerLook != 0 || pump.Inside)
+        return;
+    if (std::chrono::steady_clock::now() - pump.Last < kEventPause)
+        return;
     pump.Inside = true;
     QCoreApplication::processEvents();
     pump.Inside = false;
@@ -77,6 +90,7 @@ void Yield(EventPump& pump) {
 
 void Wait(const Session& session, double seconds) {
     QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
     timer.setSingleShot(true);
     timer.start(static_cast<int>(std::lround(seconds * 1000)));
     while (timer.isActive() && !session.Quitting && session.Pos.StopFlag != kStopCancel) {
@@ -129,7 +143,8 @@ void ConnectPort(MainWindow& window) {
     port.ListSelect = [w](ListId list, Long line) {
         GameList& shown = w->ListOf(list);
         shown.setCurrentRow(line);
-        if (line < 0) shown.clearSelection();
+        if (line < 0)
+            shown.clearSelection();
     };
     port.ListSelected = [w](ListId list) { return Long{w->ListOf(list).currentRow()}; };
     port.ListText = [w](ListId list, Long line) {
@@ -151,7 +166,9 @@ void ConnectPort(MainWindow& window) {
     };
 
     port.PlaySound = [w](const std::filesystem::path& file) { PlayWave(*w, file); };
-    port.OpenDocument = [](const std::string& address) { QDesktopServices::openUrl(QUrl::fromUserInput(Shown(address))); };
+    port.OpenDocument = [](const std::string& address) {
+        QDesktopServices::openUrl(QUrl::fromUserInput(Shown(address)));
+    };
 
     port.LayoutWindow = [w] { w->LayoutWindow(); };
     port.LoadSkin = [w] { LoadSkin(w->Game, w->Board->Pictures); };

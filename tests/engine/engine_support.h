@@ -46,7 +46,7 @@ struct RootImage {
 
 inline RootImage ImageOf(const Position& position) {
     const GameTree& tree = position.Tree;
-    return {position.Board,         tree.Ply,           tree.TreeIndex,     tree.SideToMove,  tree.PlyValue[0],
+    return {position.Board,      tree.Ply,           tree.TreeIndex,     tree.SideToMove,     tree.PlyValue[0],
             tree.PlyMaterial[0], tree.WhiteOffBoard, tree.BlackOffBoard, tree.PlyFirstMove[0]};
 }
 

@@ -1,6 +1,7 @@
 #include "engine/evaluate.h"
 
 #include "engine/engine_support.h"
+#include "engine/reference_evaluate.h"
 #include "rules/make_move.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +36,11 @@ TEST_P(EvaluationTerm, HasItsWorth) {
     const TermRow& row = GetParam();
     Engine engine(row.Rules, row.Placement);
     SearchState& search = *engine.State;
-    if ((row.Kept & kValues) == 0) search.Tables.SquareValue = {};
+    if ((row.Kept & kValues) == 0) {
+        search.Tables.SquareValue = {};
+        BuildPieceTerms(*engine.Pos, search.Tables);
+        RecountPieces(*engine.Pos);
+    }
     if ((row.Kept & kNear) == 0) search.Tables.ClosenessOn = false;
     search.BackRankOn = (row.Kept & kBackRank) != 0;
     search.WhiteMenThreshold = row.WhiteThreshold;
@@ -48,40 +53,40 @@ TEST_P(EvaluationTerm, HasItsWorth) {
 // The man on j0 and its opposite c3 stand on no square of any term.
 INSTANTIATE_TEST_SUITE_P(
     Pieces, EvaluationTerm,
-    testing::Values(
-        TermRow{"two men in the open", "", "W: c3; B: j0", kTerms, 0},
-        TermRow{"centre man", "", "W: d6; B: j0", kTerms, 20},
-        TermRow{"centre man of Black", "", "W: c3; B: d6", kTerms, -20},
-        TermRow{"centre king", "", "W: Kd6; B: j0", kTerms, 100 + 75 + 20},
-        TermRow{"centre on the other colour", "PiecesOnBlack=0", "W: c6; B: j0", kTerms, 20},
-        TermRow{"a centre square of the other colour", "", "W: c6; B: j0", kTerms, 0},
-        TermRow{"centre on all squares", "PiecesOnBlack=2", "W: l6; B: j0", kTerms, 20},
-        TermRow{"the two middle columns are no centre", "PiecesOnBlack=2", "W: f6 g6; B: j0", kTerms, 100},
-        TermRow{"flying king", "", "W: Kc5; B: j0", kTerms, 100 + 75},
-        TermRow{"short king", "LongKings=0", "W: Kc5; B: j0", kTerms, 100 + 25},
-        TermRow{"short king at the edge", "LongKings=0", "W: Ka3; B: j0", kTerms, 100 + 15},
-        TermRow{"short king in the corner", "LongKings=0", "W: Ka1; B: j0", kTerms, 100 + 5},
-        TermRow{"short king in the top corner", "LongKings=0", "W: Klb; B: j0", kTerms, 100 + 5},
-        TermRow{"king safe from men", "ManCapKing=0", "W: Kc5; B: j0", kTerms, 100 + 100},
-        TermRow{"flying king on the main line", "", "W: Kc3; B: j0", kTerms, 100 + 125},
-        TermRow{"short king on the main line", "LongKings=0", "W: Kc3; B: j0", kTerms, 100 + 25},
-        TermRow{"man on the main line", "", "W: b2; B: j0", kTerms, 0},
-        TermRow{"flying king on a bad square", "", "W: Kg1; B: j0", kTerms, 100 + 50},
-        TermRow{"flying king of Black on a bad square", "", "W: c3; B: Kl6", kTerms, -100 - 50},
-        TermRow{"home man in an even slot", "", "W: a1; B: j0", kTerms, 10},
-        TermRow{"home man in an odd slot", "", "W: c1; B: j0", kTerms, 20},
-        TermRow{"home man in the sixth slot", "", "W: k1; B: j0", kTerms, 20},
-        TermRow{"home men of Black", "", "W: c3; B: bb db", kTerms, -100 - 10 - 20},
-        TermRow{"home king", "", "W: Kc1; B: j0", kTerms, 100 + 75},
-        TermRow{"home man in the seventh slot", "PromoB=A1C1E1G1I1K1B2", "W: b2; B: j0", kTerms, 0},
-        TermRow{"seventh slot on all squares", "PiecesOnBlack=2 | PromoB=A1B1C1D1E1F1G1H1I1J1K1L1",
-                "W: g1; B: j0", kTerms, 10},
-        TermRow{"twelfth slot on all squares", "PiecesOnBlack=2 | PromoB=A1B1C1D1E1F1G1H1I1J1K1L1",
-                "W: l1; B: j0", kTerms, 20},
-        TermRow{"man past its cone", "PromoW=BB | PromoB=A1", "W: k9; B: j0", kTerms, -75},
-        TermRow{"man in its cone", "PromoW=BB | PromoB=A1", "W: e9; B: j0", kTerms, 0},
-        TermRow{"king outside the cone", "PromoW=BB | PromoB=A1", "W: Kk9; B: j0", kTerms, 100 + 75},
-        TermRow{"cones do not matter with uneven promotion", "PromoW=BBDB | PromoB=A1", "W: k9; B: j0", kTerms, 0}));
+    testing::Values(TermRow{"two men in the open", "", "W: c3; B: j0", kTerms, 0},
+                    TermRow{"centre man", "", "W: d6; B: j0", kTerms, 20},
+                    TermRow{"centre man of Black", "", "W: c3; B: d6", kTerms, -20},
+                    TermRow{"centre king", "", "W: Kd6; B: j0", kTerms, 100 + 75 + 20},
+                    TermRow{"centre on the other colour", "PiecesOnBlack=0", "W: c6; B: j0", kTerms, 20},
+                    TermRow{"a centre square of the other colour", "", "W: c6; B: j0", kTerms, 0},
+                    TermRow{"centre on all squares", "PiecesOnBlack=2", "W: l6; B: j0", kTerms, 20},
+                    TermRow{"the two middle columns are no centre", "PiecesOnBlack=2", "W: f6 g6; B: j0", kTerms, 100},
+                    TermRow{"flying king", "", "W: Kc5; B: j0", kTerms, 100 + 75},
+                    TermRow{"short king", "LongKings=0", "W: Kc5; B: j0", kTerms, 100 + 25},
+                    TermRow{"short king at the edge", "LongKings=0", "W: Ka3; B: j0", kTerms, 100 + 15},
+                    TermRow{"short king in the corner", "LongKings=0", "W: Ka1; B: j0", kTerms, 100 + 5},
+                    TermRow{"short king in the top corner", "LongKings=0", "W: Klb; B: j0", kTerms, 100 + 5},
+                    TermRow{"king safe from men", "ManCapKing=0", "W: Kc5; B: j0", kTerms, 100 + 100},
+                    TermRow{"flying king on the main line", "", "W: Kc3; B: j0", kTerms, 100 + 125},
+                    TermRow{"short king on the main line", "LongKings=0", "W: Kc3; B: j0", kTerms, 100 + 25},
+                    TermRow{"man on the main line", "", "W: b2; B: j0", kTerms, 0},
+                    TermRow{"flying king on a bad square", "", "W: Kg1; B: j0", kTerms, 100 + 50},
+                    TermRow{"flying king of Black on a bad square", "", "W: c3; B: Kl6", kTerms, -100 - 50},
+                    TermRow{"home man in an even slot", "", "W: a1; B: j0", kTerms, 10},
+                    TermRow{"home man in an odd slot", "", "W: c1; B: j0", kTerms, 20},
+                    TermRow{"home man in the sixth slot", "", "W: k1; B: j0", kTerms, 20},
+                    TermRow{"home men of Black", "", "W: c3; B: bb db", kTerms, -100 - 10 - 20},
+                    TermRow{"home king", "", "W: Kc1; B: j0", kTerms, 100 + 75},
+                    TermRow{"home man in the seventh slot", "PromoB=A1C1E1G1I1K1B2", "W: b2; B: j0", kTerms, 0},
+                    TermRow{"seventh slot on all squares", "PiecesOnBlack=2 | PromoB=A1B1C1D1E1F1G1H1I1J1K1L1",
+                            "W: g1; B: j0", kTerms, 10},
+                    TermRow{"twelfth slot on all squares", "PiecesOnBlack=2 | PromoB=A1B1C1D1E1F1G1H1I1J1K1L1",
+                            "W: l1; B: j0", kTerms, 20},
+                    TermRow{"man past its cone", "PromoW=BB | PromoB=A1", "W: k9; B: j0", kTerms, -75},
+                    TermRow{"man in its cone", "PromoW=BB | PromoB=A1", "W: e9; B: j0", kTerms, 0},
+                    TermRow{"king outside the cone", "PromoW=BB | PromoB=A1", "W: Kk9; B: j0", kTerms, 100 + 75},
+                    TermRow{"cones do not matter with uneven promotion", "PromoW=BBDB | PromoB=A1", "W: k9; B: j0",
+                            kTerms, 0}));
 
 // d(c5, j0) = 12, d(c3, j0) = 14.
 INSTANTIATE_TEST_SUITE_P(
@@ -102,19 +107,19 @@ INSTANTIATE_TEST_SUITE_P(
                 52 - 10 - 2 * (23 - 11)},
         // Every black man is 13 from a1, and 1.95 * 10 = 19.5 leaves a tie each time: 22 -> 2.5, 2; -17.5, -18 + 10;
         // -27.5, -28 + 20; -27.5, -28 + 30.
-        TermRow{"uneven race with ties", "KingWin=1 | PromoW=BB | PromoB=", "W: a1; B: h7 g8 f9 e0", kTerms, -300 + 2}));
+        TermRow{"uneven race with ties", "KingWin=1 | PromoW=BB | PromoB=", "W: a1; B: h7 g8 f9 e0", kTerms,
+                -300 + 2}));
 
 INSTANTIATE_TEST_SUITE_P(
     Nearness, EvaluationTerm,
-    testing::Values(
-        TermRow{"support multiplies", "", "W: b2 d2 c3; B: j0", kNear, 200 + 7 + 9 + 5 * 9 - 9},
-        TermRow{"kings count a third", "", "W: Kc5; B: j0", kNear, 100 + 75 + 3 - 11},
-        TermRow{"a king is the target", "", "W: c5; B: Kl4 j0", kNear, -200 + 13 - 4 - 75 - 11},
-        TermRow{"Black's last man is the target", "", "W: c5; B: h0 j0", kNear, -100 + 13 - 13 - 11},
-        TermRow{"White's first man is the target", "", "W: c5 e5; B: j0", kNear, 100 + 11 + 13 - 13},
-        // Without promotion squares every man is past its cone.
-        TermRow{"not where squares win", "WinAtPromo=1 | PromoW= | PromoB=", "W: c5 e5; B: j0", kNear,
-                100 - 75 - 75 + 75}));
+    testing::Values(TermRow{"support multiplies", "", "W: b2 d2 c3; B: j0", kNear, 200 + 7 + 9 + 5 * 9 - 9},
+                    TermRow{"kings count a third", "", "W: Kc5; B: j0", kNear, 100 + 75 + 3 - 11},
+                    TermRow{"a king is the target", "", "W: c5; B: Kl4 j0", kNear, -200 + 13 - 4 - 75 - 11},
+                    TermRow{"Black's last man is the target", "", "W: c5; B: h0 j0", kNear, -100 + 13 - 13 - 11},
+                    TermRow{"White's first man is the target", "", "W: c5 e5; B: j0", kNear, 100 + 11 + 13 - 13},
+                    // Without promotion squares every man is past its cone.
+                    TermRow{"not where squares win", "WinAtPromo=1 | PromoW= | PromoB=", "W: c5 e5; B: j0", kNear,
+                            100 - 75 - 75 + 75}));
 
 // With these rules White's values are bb 30, aa and ca 20, b0 and d0 10, Black's only a1 -30.
 INSTANTIATE_TEST_SUITE_P(
@@ -142,7 +147,38 @@ INSTANTIATE_TEST_SUITE_P(
         TermRow{"Black's back rank", "PromoW=BB | PromoB=C1", "W: c3; B: j0", kBackRank, -30 - 20 - 20 - 30, 6, 0},
         TermRow{"no line from a sideways step on", "PiecesOnBlack=2 | PromoW=BB | PromoB=A1 | BlackManMovement=W;NW W",
                 "W: c3; B: j0", kBackRank, 0, 0, 6},
+        TermRow{"no line turns back on itself", "PromoW=E5 | PromoB=A1 | BlackManMovement=NW;SE NW", "W: c3; B: j0",
+                kBackRank, 30 + 30, 0, 6},
         TermRow{"off", "PromoW=BB | PromoB=A1", "W: c3; B: j0", kTerms, 0, 0, 6}));
+
+TEST(Evaluate, AgreesWithAScanTermByTermAfterAnyMoves) {
+    Random random(22);
+    Long compared = 0;
+    for (Long game = 0; game < 400; ++game) {
+        RuleSet rules = RandomRules(random);
+        for (Byte* flag : {&rules.WinAtPromo, &rules.KingWin, &rules.AntiMode}) *flag = DrawOneIn(random, 3) ? 1 : 0;
+        Engine engine(MakePosition(rules, ""));
+        SearchState& search = *engine.State;
+        PlacePiecesAtRandom(*engine.Pos, random);
+        search.WhiteMenThreshold = Draw(random, 12);
+        search.BlackMenThreshold = Draw(random, 12);
+        search.BackRankOn = DrawOneIn(random, 2);
+        search.LazyMargin = 1000000;
+        for (Long halfMove = 0; halfMove < 12; ++halfMove) {
+            Position& position = *engine.Pos;
+            position.PositionKeys.fill(PositionKey());
+            Long side = position.Tree.SideToMove;
+            Long value = Evaluate(position, search, -kWin, kWin, side);
+            if (CountPieces(position.Board).WhiteSum > 0 && CountPieces(position.Board).BlackSum > 0 &&
+                value != kWin - position.Tree.Ply) {
+                ++compared;
+                ASSERT_EQ(value, ReferenceEvaluate(position, search, side)) << DescribePosition(position);
+            }
+            if (PlayAtRandom(position, 1, random) == 0) break;
+        }
+    }
+    EXPECT_GT(compared, 1000);
+}
 
 TEST(Evaluate, MirroredPositionHasTheSameValue) {
     Random random(21);
@@ -167,6 +203,7 @@ TEST(Evaluate, MirroredPositionHasTheSameValue) {
             Long cell = position->Board[index];
             mirrored->Board[kBoardCells - 1 - index] = cell == kBorder ? kBorder : -cell;
         }
+        RecountPieces(*mirrored);
         mirrored->Tree.SideToMove = -position->Tree.SideToMove;
 
         // Without a piece to aim at, closeness is measured from a corner of the array.
@@ -279,8 +316,7 @@ TEST(Evaluate, RepetitionIsADrawAndIsNotStored) {
     Engine engine("", "W: Kc5; B: Kj0 h0");
     Position& position = *engine.Pos;
     const PositionKey key = KeyOf(position.Board);
-    PositionKey other = key;
-    other.Words[0] ^= 1;
+    const PositionKey other = KeyOf(BoardOf("W: Kc5; B: Kj0"));
     struct Row {
         Long TreeIndex;
         Long KeyAt;

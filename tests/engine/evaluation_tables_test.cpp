@@ -12,7 +12,8 @@ namespace {
 
 using namespace support;
 
-/// A cone from its meaning: every square from which so many diagonal or straight steps forward reach a promotion square.
+/// A cone from its meaning: every square from which so many diagonal or straight steps forward reach a promotion
+/// square.
 bool CanStillPromote(const Position& position, Long side, Long square) {
     for (Long goal : PromoSquares(position, side)) {
         if (goal == kUnusedSlot) continue;
@@ -36,7 +37,8 @@ TEST(EvaluationTables, ConesHoldTheSquaresFromWhichAManCanStillPromote) {
             for (Long side : {kWhite, kBlack}) {
                 bool inside = CanStillPromote(*position, side, square);
                 ASSERT_EQ(tables.PromotionCone[SideIndex(side)][square] == 1, inside)
-                    << NameOf(square) << " for " << side << "\n" << DescribePosition(*position);
+                    << NameOf(square) << " for " << side << "\n"
+                    << DescribePosition(*position);
                 if (!inside && (RowOf(square) + ColumnOf(square)) % 2 != 0) anyOutside = true;
             }
         }
@@ -44,8 +46,8 @@ TEST(EvaluationTables, ConesHoldTheSquaresFromWhichAManCanStillPromote) {
     }
 }
 
-/// The squares that `steps` steps of the opponent's men reach from a promotion square, with the stop at the first step that
-/// leaves the board.
+/// The squares that `steps` steps of the opponent's men reach from a promotion square, with the stop at the first step
+/// that leaves the board.
 std::set<Long> Ring(const Position& position, Long side, Long steps) {
     const DirectionRow& row = position.DirTable[side == kWhite ? 1 : 0];
     auto end = std::find(row.begin(), row.end(), kEndOfSteps);
@@ -79,15 +81,16 @@ TEST(EvaluationTables, SquareValuesFallByTenWithEachStepFromPromotion) {
                 for (Long steps = 2; steps >= 0; --steps) {
                     if (rings[static_cast<std::size_t>(steps)].count(square) != 0) expected = (30 - 10 * steps) * side;
                 }
-                ASSERT_EQ(tables.SquareValue[SideIndex(side)][square], expected)
-                    << NameOf(square) << "\n" << DescribePosition(*position);
+                ASSERT_EQ(tables.SquareValue[SideIndex(side)][square], expected) << NameOf(square) << "\n"
+                                                                                 << DescribePosition(*position);
             }
         }
     }
 }
 
 TEST(EvaluationTables, CornerStopsTheStepsOfASquare) {
-    // From a1 the first word of White's men leads off the board, so b2 gets nothing although the second word reaches it.
+    // From a1 the first word of White's men leads off the board, so b2 gets nothing although the second word reaches
+    // it.
     Engine engine("PromoW=BB | PromoB=A1", "");
     const auto& tables = engine.State->Tables;
     EXPECT_EQ(tables.SquareValue[1][SquareOf("a1")], -30);

@@ -13,12 +13,16 @@ namespace {
 
 using namespace support;
 
-constexpr std::array kAllMembers = {SearchMember::SearchGeneral, SearchMember::SearchAnti, SearchMember::SearchGoal,
-                                    SearchMember::ScoreGeneral,  SearchMember::ScoreGeneralAllSquares,
-                                    SearchMember::ScoreAnti,     SearchMember::ScoreAntiAllSquares};
+constexpr std::array kAllMembers = {SearchMember::SearchGeneral,
+                                    SearchMember::SearchAnti,
+                                    SearchMember::SearchGoal,
+                                    SearchMember::ScoreGeneral,
+                                    SearchMember::ScoreGeneralAllSquares,
+                                    SearchMember::ScoreAnti,
+                                    SearchMember::ScoreAntiAllSquares};
 
-/// The value of the position by plain minimax, without any window: what a search member must find when nothing is cut off.
-/// Only the extension for a lost side is on.
+/// The value of the position by plain minimax, without any window: what a search member must find when nothing is cut
+/// off. Only the extension for a lost side is on.
 Long Minimax(Engine& engine, SearchMember member, Long depth) {
     Position& position = *engine.Pos;
     const GameTree& tree = position.Tree;
@@ -241,12 +245,33 @@ TEST(Search, AFullMoveListStopsIt) {
     EXPECT_EQ(ImageOf(*engine.Pos), before);
 }
 
+TEST(Search, APassedLimitOfTheGeneratorUnwindsAtOnce) {
+    // The king can jump nearly all of these men in one walk, more than a move holds, once Black has made room for it.
+    std::string placement = "W: Kb1 e1; B:";
+    for (char column : {'b', 'd', 'f', 'h', 'j'}) {
+        for (char rank : {'2', '4', '6', '8', '0'}) placement.append(" ").append({column, rank});
+    }
+    for (SearchMember member : {SearchMember::SearchGeneral, SearchMember::ScoreGeneral}) {
+        Engine engine("LongKings=0 | MaxCapMove=0", placement);
+        engine.Pos->Board[SquareOf("a1")] = std::exchange(engine.Pos->Board[SquareOf("b1")], kEmpty);
+        RecountPieces(*engine.Pos);
+        engine.Pos->Tree.SideToMove = kBlack;
+        RootImage before = ImageOf(*engine.Pos);
+        RunSearch(member, *engine.Pos, *engine.State, -kWin, kWin, 3);
+        EXPECT_TRUE(engine.Pos->Fault.Passed());
+        EXPECT_TRUE(engine.State->SearchAborted);
+        EXPECT_EQ(ImageOf(*engine.Pos), before);
+        EXPECT_LT(engine.State->NodeCount, 60u) << "no node goes on generating";
+    }
+}
+
 TEST(Search, ScoresAreSeenFromTheSideThatHasMoved) {
     for (const char* rules : {"", "PiecesOnBlack=2"}) {
         Engine engine(rules, "W: c3 d4; B: j0 l8 h8 f8");
         EXPECT_GT(ScoreUserMove(*engine.Pos, *engine.State), 100) << "Black has moved and is two men up";
         Long depth = engine.Pos->Rules.PiecesOnBlack == 2 ? 2 : 3;
-        Long value = RunSearch(ScoreMemberOf(*engine.Pos, *engine.State), *engine.Pos, *engine.State, -kWin, kWin, depth);
+        Long value =
+            RunSearch(ScoreMemberOf(*engine.Pos, *engine.State), *engine.Pos, *engine.State, -kWin, kWin, depth);
         EXPECT_EQ(ScoreUserMove(*engine.Pos, *engine.State), -value);
         EXPECT_EQ(ScoreAtDepth(*engine.Pos, *engine.State, 3), -value);
     }

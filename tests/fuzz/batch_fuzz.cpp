@@ -11,12 +11,12 @@
 #include <sstream>
 #include <string>
 
-// Drives the batch with any bytes. Searches and counts that a line may rightly ask for, but that would take hours, are cut
-// off. Beside crashes it finds a batch that loses count of its lines.
+// Drives the batch with any bytes. Searches and counts that a line may rightly ask for, but that would take hours, are
+// cut off. Beside crashes it finds a batch that loses count of its lines.
 
 namespace {
 
-constexpr auto kTimePerInput = std::chrono::milliseconds(300);
+constexpr auto kTimePerInput = std::chrono::milliseconds(100);
 
 std::ptrdiff_t LinesOf(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n') + (text.empty() || text.back() == '\n' ? 0 : 1);
@@ -25,7 +25,8 @@ std::ptrdiff_t LinesOf(const std::string& text) {
 std::ptrdiff_t EndMarksOf(const std::string& output) {
     std::istringstream lines(output);
     std::ptrdiff_t marks = 0;
-    for (std::string line; std::getline(lines, line);) marks += line == "." ? 1 : 0;
+    for (std::string line; std::getline(lines, line);)
+        marks += line == "." ? 1 : 0;
     return marks;
 }
 

@@ -67,28 +67,31 @@ TEST(Batch, SurvivesNoise) {
     std::mt19937 random(1);
     for (int round = 0; round < 50; ++round) {
         std::string input;
-        for (int i = 0; i < 2000; ++i) input += static_cast<char>(random() % 256);
+        for (int i = 0; i < 2000; ++i)
+            input += static_cast<char>(random() % 256);
         std::ptrdiff_t lines = std::count(input.begin(), input.end(), '\n') + (input.back() == '\n' ? 0 : 1);
         std::vector<std::string> output = LinesOf(RunLine("batch", input).Output);
         EXPECT_EQ(std::count(output.begin(), output.end(), "."), lines);
     }
 }
 
-/// Lines that would leave something behind, did a line not start as a process does: margins that grow, killers, best lines, rules,
-/// a custom start, a passed limit, a full list, a game record.
+/// Lines that would leave something behind, did a line not start as a process does: margins that grow, killers, best
+/// lines, rules, a custom start, a passed limit, a full list, a game record.
 std::vector<std::string> DiverseLines() {
     const std::string kings = Digits({{"a1", '3'}, {"c1", '3'}, {"j0", '4'}, {"f8", '2'}, {"d4", '1'}});
     const std::string runaway = " --rule RemovePieces=0 --rule CapReverse=1 --rule MaxCapMove=0 --rule PiecesOnBlack=2 "
                                 "--rule 'WhiteKingMovement=N;NE;E;SE N;NE;E;SE;S;SW;W;NW' --setup ";
     std::string crowd(144, '0');
-    for (std::size_t i = 1; i < crowd.size(); i += 2) crowd[i] = '4';
+    for (std::size_t i = 1; i < crowd.size(); i += 2)
+        crowd[i] = '4';
     crowd.back() = '3';
     return {
         "search --depth 5",
         "search --depth 5 --general",
         "search --depth 4 --setup " + kings,
         "search --depth 4 --turn black --rule AntiMode=1 --setup " + kings,
-        "search --depth 3 --rule PiecesOnBlack=2 --rule 'WhiteManMovement=N;E;W N;E;W' --rule 'BlackManMovement=N;E;W N;E;W'",
+        "search --depth 3 --rule PiecesOnBlack=2 --rule 'WhiteManMovement=N;E;W N;E;W' --rule 'BlackManMovement=N;E;W "
+        "N;E;W'",
         "search --depth 4 --balance 750 --plys 6 --bruteforce 1 --extended 0 --setup " + kings,
         "eval --play 'c5d6 j8i7 d4c5'",
         "eval --setup " + kings + " --play 'a1b2 j0i9 b2a1 i9j0 a1b2'",
@@ -107,7 +110,8 @@ TEST(Batch, ALineDoesNotDependOnThoseBefore) {
         const std::string shown = "error " + run.Error.substr(std::min(run.Error.size(), sizeof "tavlon12-lab: " - 1));
         alone.push_back((run.Status == 0 ? run.Output : shown) + ".\n");
     }
-    EXPECT_TRUE(std::ranges::any_of(alone, [](const std::string& text) { return text.starts_with("error a capture"); }));
+    EXPECT_TRUE(
+        std::ranges::any_of(alone, [](const std::string& text) { return text.starts_with("error a capture"); }));
 
     std::mt19937 random(7);
     std::string input, expected;

@@ -8,6 +8,10 @@ struct BadLine {
     const char* Reason; ///< the whole of it
 };
 
+void PrintTo(const BadLine& row, std::ostream* stream) {
+    *stream << row.Line;
+}
+
 class BadUsage : public testing::TestWithParam<BadLine> {};
 
 TEST_P(BadUsage, TellsOneLineAndPrintsNothing) {
@@ -29,10 +33,9 @@ INSTANTIATE_TEST_SUITE_P(
         BadLine{"moves --depth 3", "--depth is no option of moves"},
         BadLine{"perft --depth 3 --general", "--general is no option of perft"},
         BadLine{"eval --divide", "--divide is no option of eval"},
-        BadLine{"bench --depth 3", "--depth is no option of bench"},
-        BadLine{"perft", "--depth is missing"}, BadLine{"search --fast", "--depth is missing"},
-        BadLine{"perft --depth", "--depth has no value"}, BadLine{"moves --turn", "--turn has no value"},
-        BadLine{"perft --depth 2 --depth 2", "--depth is given twice"},
+        BadLine{"bench --depth 3", "--depth is no option of bench"}, BadLine{"perft", "--depth is missing"},
+        BadLine{"search --fast", "--depth is missing"}, BadLine{"perft --depth", "--depth has no value"},
+        BadLine{"moves --turn", "--turn has no value"}, BadLine{"perft --depth 2 --depth 2", "--depth is given twice"},
         BadLine{"moves --fast --fast", "--fast is given twice"},
         BadLine{"search --depth 2 --general --fast", "--fast cannot stand beside --general"},
         BadLine{"search --depth 2 --fast --general", "--general cannot stand beside --fast"}));
@@ -46,7 +49,8 @@ INSTANTIATE_TEST_SUITE_P(
         BadLine{"perft --depth 2.0", "--depth \"2.0\": must be a whole number from 1 to 20"},
         BadLine{"perft --depth ' 2'", "--depth \" 2\": must be a whole number from 1 to 20"},
         BadLine{"perft --depth ''", "--depth \"\": must be a whole number from 1 to 20"},
-        BadLine{"perft --depth 99999999999999999999", "--depth \"99999999999999999999\": must be a whole number from 1 to 20"},
+        BadLine{"perft --depth 99999999999999999999",
+                "--depth \"99999999999999999999\": must be a whole number from 1 to 20"},
         BadLine{"search --depth 2 --plys 0", "--plys \"0\": must be a whole number from 1 to 6"},
         BadLine{"search --depth 2 --plys 7", "--plys \"7\": must be a whole number from 1 to 6"},
         BadLine{"search --depth 2 --balance 0", "--balance \"0\": must be a whole number from 1 to 750"},
@@ -56,13 +60,18 @@ INSTANTIATE_TEST_SUITE_P(
         BadLine{"bench --seconds 0", "--seconds \"0\": must be a whole number from 1 to 3600"},
         BadLine{"moves --turn White", "--turn \"White\": must be white or black"},
         BadLine{"eval --side 1", "--side \"1\": must be white or black"},
-        BadLine{"moves --offboard 3", "--offboard \"3\": must be two whole numbers from 0 on with a comma between them"},
-        BadLine{"moves --offboard 3,", "--offboard \"3,\": must be two whole numbers from 0 on with a comma between them"},
-        BadLine{"moves --offboard -1,2", "--offboard \"-1,2\": must be two whole numbers from 0 on with a comma between them"},
-        BadLine{"moves --offboard 1,2,3", "--offboard \"1,2,3\": must be two whole numbers from 0 on with a comma between them"},
+        BadLine{"moves --offboard 3",
+                "--offboard \"3\": must be two whole numbers from 0 on with a comma between them"},
+        BadLine{"moves --offboard 3,",
+                "--offboard \"3,\": must be two whole numbers from 0 on with a comma between them"},
+        BadLine{"moves --offboard -1,2",
+                "--offboard \"-1,2\": must be two whole numbers from 0 on with a comma between them"},
+        BadLine{"moves --offboard 1,2,3",
+                "--offboard \"1,2,3\": must be two whole numbers from 0 on with a comma between them"},
         BadLine{"moves --last 28", "--last \"28\": must be the index of a square, 29 to 194 without the border, or 0"},
         BadLine{"moves --last 42", "--last \"42\": must be the index of a square, 29 to 194 without the border, or 0"},
-        BadLine{"moves --last 195", "--last \"195\": must be the index of a square, 29 to 194 without the border, or 0"},
+        BadLine{"moves --last 195",
+                "--last \"195\": must be the index of a square, 29 to 194 without the border, or 0"},
         BadLine{"moves --setup 12", "--setup \"12\": has 2 digits, must have 144"},
         BadLine{"moves --setup 015", "--setup \"015\": character 3 is \"5\", must be a digit from 0 to 4"},
         BadLine{"moves --setup normal", "--setup \"normal\": character 1 is \"n\", must be a digit from 0 to 4"},
@@ -71,35 +80,35 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     RulesAndMoves, BadUsage,
-    testing::Values(
-        BadLine{"moves --rule MulJumps", "--rule \"MulJumps\": must have the form KEY=VALUE"},
-        BadLine{"moves --rule mulJumps=1", "--rule \"mulJumps=1\": no key of a definition"},
-        BadLine{"moves --rule 'MulJumps =1'", "--rule \"MulJumps =1\": no key of a definition"},
-        BadLine{"moves --rule Notation=1", "--rule \"Notation=1\": no key of a definition"},
-        BadLine{"moves --rule =", "--rule \"=\": no key of a definition"},
-        BadLine{"moves --rule MulJumps=-1", "--rule \"MulJumps=-1\": the number must lie from 0 to 255"},
-        BadLine{"moves --rule MulJumps=256", "--rule \"MulJumps=256\": the number must lie from 0 to 255"},
-        BadLine{"moves --rule NumberPieces=2147483648",
-                "--rule \"NumberPieces=2147483648\": the number must lie from -2147483648 to 2147483647"},
-        BadLine{"moves --fast --rule AntiMode=1", "--fast: these rules have no fast generator"},
-        BadLine{"eval --fast --rule NumberFriends=1", "--fast: these rules have no fast generator"},
-        BadLine{"moves --play c5", "--play: move 1, \"c5\", is not legal"},
-        BadLine{"moves --play 'c5d6 c5d6'", "--play: move 2, \"c5d6\", is not legal"},
-        BadLine{"moves --play 'C5D6 c5-d6'", "--play \"C5D6 c5-d6\": move 2, \"c5-d6\", is no move key such as c3d4"},
-        BadLine{"moves --play m1a2", "--play \"m1a2\": move 1, \"m1a2\", is no move key such as c3d4"},
-        BadLine{"moves --play c5d", "--play \"c5d\": move 1, \"c5d\", is no move key such as c3d4"}));
+    testing::Values(BadLine{"moves --rule MulJumps", "--rule \"MulJumps\": must have the form KEY=VALUE"},
+                    BadLine{"moves --rule mulJumps=1", "--rule \"mulJumps=1\": no key of a definition"},
+                    BadLine{"moves --rule 'MulJumps =1'", "--rule \"MulJumps =1\": no key of a definition"},
+                    BadLine{"moves --rule Notation=1", "--rule \"Notation=1\": no key of a definition"},
+                    BadLine{"moves --rule =", "--rule \"=\": no key of a definition"},
+                    BadLine{"moves --rule MulJumps=-1", "--rule \"MulJumps=-1\": the number must lie from 0 to 255"},
+                    BadLine{"moves --rule MulJumps=256", "--rule \"MulJumps=256\": the number must lie from 0 to 255"},
+                    BadLine{"moves --rule NumberPieces=2147483648",
+                            "--rule \"NumberPieces=2147483648\": the number must lie from -2147483648 to 2147483647"},
+                    BadLine{"moves --fast --rule AntiMode=1", "--fast: these rules have no fast generator"},
+                    BadLine{"eval --fast --rule NumberFriends=1", "--fast: these rules have no fast generator"},
+                    BadLine{"moves --play c5", "--play: move 1, \"c5\", is not legal"},
+                    BadLine{"moves --play 'c5d6 c5d6'", "--play: move 2, \"c5d6\", is not legal"},
+                    BadLine{"moves --play 'C5D6 c5-d6'",
+                            "--play \"C5D6 c5-d6\": move 2, \"c5-d6\", is no move key such as c3d4"},
+                    BadLine{"moves --play m1a2", "--play \"m1a2\": move 1, \"m1a2\", is no move key such as c3d4"},
+                    BadLine{"moves --play c5d", "--play \"c5d\": move 1, \"c5d\", is no move key such as c3d4"}));
 
 TEST(BadFiles, NameFileLineAndReason) {
-    ProgramFolder folder;
-    folder.WriteVariant("Wrong", "MaxCapMove=300\r\n");
-    WriteFile(folder.Path / "variants" / "Open.ini", "Title\r\nMulJumps=1\r\n");
-    const std::string options = " --variants '" + (folder.Path / "variants").string() + "' --variant ";
-    const std::string file = (folder.Path / "variants").string() + "/";
+    TemporaryFolder folder;
+    WriteFile(folder.Path / "Wrong.ini", "Title\r\nMulJumps=1\r\nMaxCapMove=300\r\nEND\r\n");
+    WriteFile(folder.Path / "Open.ini", "Title\r\nMulJumps=1\r\n");
+    const std::string options = " --variants '" + folder.Path.string() + "' --variant ";
+    const std::string file = folder.Path.string() + "/";
 
     ToolRun wrong = RunLine("moves" + options + "Wrong");
     EXPECT_EQ(wrong.Status, 2);
     EXPECT_EQ(wrong.Output, "");
-    EXPECT_TRUE(wrong.Error.starts_with("tavlon12-lab: " + file + "Wrong.ini, line ")) << wrong.Error;
+    EXPECT_TRUE(wrong.Error.starts_with("tavlon12-lab: " + file + "Wrong.ini, line 3: ")) << wrong.Error;
     EXPECT_NE(wrong.Error.find("MaxCapMove=300"), std::string::npos) << wrong.Error;
 
     for (const char* name : {"Open", "Missing"}) {

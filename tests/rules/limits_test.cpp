@@ -137,6 +137,7 @@ TEST(Limits, ManyKingsOnAllSquares) {
             Long drawn = Draw(random, 6);
             position->Board[square] = drawn == 0 ? kKing : drawn <= 2 ? -kMan : kEmpty;
         }
+        RecountPieces(*position);
         BoardCells board = position->Board;
         position->Fault = {};
         position->StopFlag = 0;

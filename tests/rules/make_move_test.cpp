@@ -188,6 +188,7 @@ TEST(MakeMove, EveryMoveOfSmallPositions) {
             if (IsSquare(square) && !DrawOneIn(random, 12))
                 position->Board[square] = kEmpty;
         }
+        RecountPieces(*position);
         CountRoot(*position);
         MakeAll(*position, 2);
     }

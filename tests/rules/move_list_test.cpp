@@ -1,3 +1,4 @@
+#include "rules/register_moves.h"
 #include "rules/move_list.h"
 
 #include "rules/generate_moves.h"

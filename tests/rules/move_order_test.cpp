@@ -102,6 +102,11 @@ const MoveRow kRows[] = {
      "k1xi3(j2) c3xe5(d4)"},
     {"BlackKingBeforeMan", "KingFirst=1 | KingCapMove=1", "B: j0 Ke5; W: i9 f4", "e5xg3(f4)", kBlack},
     {"EveryStageIsAMove", "MulJumps=0 | MaxCapMove=0", "W: a1; B: b2 d4", "a1xe5(b2,d4) a1xc3(b2)"},
+    {"TheSameStageByAnotherLanding", "MulJumps=0 | MaxCapMove=0 | ManCapMoveKing=1", "W: a1; B: b2 e5 g7 h8",
+     "a1xf6(b2,e5) a1xc3(b2) a1xd4(b2)"},
+    {"TheSameStageCrownedOnTheWayOrNot",
+     "MulJumps=0 | MaxCapMove=0 | ManCapMoveKing=1 | ManContJumpCrowned=1 | PromoW=C3", "W: a1; B: b2 e5 g7 h8",
+     "a1xf6(b2,e5)=K a1xc3(b2)=K a1xf6(b2,e5) a1xd4(b2)"},
     {"OfTheStagesTheLongest", "MulJumps=0", "W: a1; B: b2 d4", "a1xe5(b2,d4)"},
     {"EachStageOnce", "MulJumps=0 | MaxCapMove=0 | WhiteManMovement=NW;NE NE;NE", "W: a1; B: b2", "a1xc3(b2)"},
     {"ShorterAfterTheLongerIsDropped", "MaxCapMove=0", "W: Ka1 g7; B: c3 e3", "a1xf2(c3,e3) a1xg1(c3,e3)"},
@@ -217,6 +222,7 @@ TEST(MoveScan, LeavesTheListAlone) {
     GenerateMoves(*position, 1);
     std::string before = MoveTexts(*position);
     position->Board = BoardOf("W: Kc3; B: e5 h8");
+    RecountPieces(*position);
     EXPECT_TRUE(GenerateMoves1(*position, -1));
     EXPECT_EQ(MoveTexts(*position), before);
 }

@@ -42,7 +42,7 @@ TEST(StartUp, ShowsTheFirstPosition) {
     EXPECT_FALSE(fixture.Screen.List(ListId::List3).Enabled);
     EXPECT_TRUE(fixture.Screen.List(ListId::List2).Enabled);
     EXPECT_TRUE(game.RateableGame);
-    EXPECT_EQ(game.Search.Tables.VariantFamily, 0);
+    EXPECT_EQ(game.Search.Tables.VariantFamily, Family::German);
     EXPECT_TRUE(game.Search.Tables.PromoEven);
 }
 

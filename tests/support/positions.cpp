@@ -154,6 +154,7 @@ std::unique_ptr<Position> MakePosition(const RuleSet& rules, const BoardCells& b
     auto position = NewPosition(rules);
     position->Board = board;
     position->InitialBoard = board;
+    RecountPieces(*position);
     position->Tree.SideToMove = sideToMove;
     position->Tree.WhiteOffBoard = rules.ContractNumber;
     position->Tree.BlackOffBoard = rules.ContractNumber;
@@ -413,6 +414,7 @@ void PlacePiecesAtRandom(Position& position, Random& random) {
         sum[SideIndex(side)] += piece;
         occupied.push_back(square);
     }
+    RecountPieces(position);
     if (!occupied.empty() && !DrawOneIn(random, 5)) {
         tree.TreeIndex = 1;
         tree.TreeTo[1] = occupied[static_cast<std::size_t>(Draw(random, static_cast<Long>(occupied.size())))];

@@ -34,17 +34,43 @@ private slots:
         const char* quiet = "W: c3 d4 g3; B: c9 f8";
         const char* oneJump = "W: c3 g3; B: d4 j8";
         const char* jumps = "W: e3; B: f4 d4 d6 j8";
-        QTest::newRow("the opponent's piece") << "" << quiet << "c9" << "d8" << "White moves";
-        QTest::newRow("a piece that is shut in") << "" << "W: c3 b4 d4 a5 c5 e5; B: j8" << "c3" << "b4" << "You cannot move that piece";
-        QTest::newRow("a piece beside a capture") << "" << oneJump << "g3" << "h4" << "You cannot move that piece";
-        QTest::newRow("too far") << "" << quiet << "c3" << "c5" << "Illegal move";
-        QTest::newRow("backwards") << "" << quiet << "c3" << "b2" << "Illegal move";
-        QTest::newRow("onto a piece") << "" << quiet << "c3" << "d4" << "Illegal move: that square is not empty";
-        QTest::newRow("a step instead of a jump") << "" << oneJump << "c3" << "b4" << "Illegal move: you need to jump";
-        QTest::newRow("the shorter capture") << "" << jumps << "e3" << "g5" << "Illegal move: you cannot jump that way";
-        QTest::newRow("off the board") << "" << "W: a3 g3; B: c9" << "a3" << "" << "";
-        QTest::newRow("onto a light square") << "" << quiet << "c3" << "c4" << "";
-        QTest::newRow("back onto its own") << "" << quiet << "c3" << "c3" << "";
+        QTest::newRow("the opponent's piece") << "" << quiet << "c9"
+                                              << "d8"
+                                              << "White moves";
+        QTest::newRow("a piece that is shut in") << ""
+                                                 << "W: c3 b4 d4 a5 c5 e5; B: j8"
+                                                 << "c3"
+                                                 << "b4"
+                                                 << "You cannot move that piece";
+        QTest::newRow("a piece beside a capture") << "" << oneJump << "g3"
+                                                  << "h4"
+                                                  << "You cannot move that piece";
+        QTest::newRow("too far") << "" << quiet << "c3"
+                                 << "c5"
+                                 << "Illegal move";
+        QTest::newRow("backwards") << "" << quiet << "c3"
+                                   << "b2"
+                                   << "Illegal move";
+        QTest::newRow("onto a piece") << "" << quiet << "c3"
+                                      << "d4"
+                                      << "Illegal move: that square is not empty";
+        QTest::newRow("a step instead of a jump") << "" << oneJump << "c3"
+                                                  << "b4"
+                                                  << "Illegal move: you need to jump";
+        QTest::newRow("the shorter capture") << "" << jumps << "e3"
+                                             << "g5"
+                                             << "Illegal move: you cannot jump that way";
+        QTest::newRow("off the board") << ""
+                                       << "W: a3 g3; B: c9"
+                                       << "a3"
+                                       << ""
+                                       << "";
+        QTest::newRow("onto a light square") << "" << quiet << "c3"
+                                             << "c4"
+                                             << "";
+        QTest::newRow("back onto its own") << "" << quiet << "c3"
+                                           << "c3"
+                                           << "";
     }
 
     void RefusedMoves() {
@@ -66,7 +92,8 @@ private slots:
             game.Drag(square, to.toStdString());
         }
         std::vector<SeenBox> expected;
-        if (!message.isEmpty()) expected.push_back(ErrorBox(message));
+        if (!message.isEmpty())
+            expected.push_back(ErrorBox(message));
         QCOMPARE(game.Boxes.Seen, expected);
         QCOMPARE(game.Pos->Board, before);
         QCOMPARE(game.Lines(*game.Window->List2), legal);
@@ -152,7 +179,8 @@ private slots:
         auto boxes = [&] {
             std::string boxed;
             for (Long view = 143; view >= 0; --view) {
-                if (game.Window->Board->ShowsBox(view)) boxed += NameOf(CellOfView(view, game.Game.Settings.BoardTurned)) + " ";
+                if (game.Window->Board->ShowsBox(view))
+                    boxed += NameOf(CellOfView(view, game.Game.Settings.BoardTurned)) + " ";
             }
             return boxed;
         };

@@ -22,17 +22,29 @@ private slots:
         QTest::addColumn<QString>("line"); ///< empty: refused
         const char* quiet = "W: c3 g3; B: c9 f8";
         const char* jump = "W: c3; B: d4 j8";
-        QTest::newRow("with a hyphen") << quiet << "c3-d4" << "   1. c3-d4";
-        QTest::newRow("capitals") << quiet << "C3-D4" << "   1. c3-d4";
-        QTest::newRow("without a mark") << quiet << "g3h4" << "   1. g3-h4";
-        QTest::newRow("a capture") << jump << "c3xe5" << "   1. c3xe5";
-        QTest::newRow("a capture without its mark") << jump << "c3e5" << "   1. c3xe5";
-        QTest::newRow("a promotion") << "W: ca; B: j8" << "ca-db" << "   1. ca-dbK";
-        QTest::newRow("no legal move") << quiet << "c3-c4" << "";
-        QTest::newRow("a step where a jump is due") << jump << "c3-b4" << "";
-        QTest::newRow("no squares") << quiet << "hello there" << "";
-        QTest::newRow("nothing") << quiet << "" << "";
-        QTest::newRow("marks alone") << quiet << "x--x-" << "";
+        QTest::newRow("with a hyphen") << quiet << "c3-d4"
+                                       << "   1. c3-d4";
+        QTest::newRow("capitals") << quiet << "C3-D4"
+                                  << "   1. c3-d4";
+        QTest::newRow("without a mark") << quiet << "g3h4"
+                                        << "   1. g3-h4";
+        QTest::newRow("a capture") << jump << "c3xe5"
+                                   << "   1. c3xe5";
+        QTest::newRow("a capture without its mark") << jump << "c3e5"
+                                                    << "   1. c3xe5";
+        QTest::newRow("a promotion") << "W: ca; B: j8"
+                                     << "ca-db"
+                                     << "   1. ca-dbK";
+        QTest::newRow("no legal move") << quiet << "c3-c4"
+                                       << "";
+        QTest::newRow("a step where a jump is due") << jump << "c3-b4"
+                                                    << "";
+        QTest::newRow("no squares") << quiet << "hello there"
+                                    << "";
+        QTest::newRow("nothing") << quiet << ""
+                                 << "";
+        QTest::newRow("marks alone") << quiet << "x--x-"
+                                     << "";
     }
 
     void TypedMoves() {
@@ -86,6 +98,16 @@ private slots:
         QCOMPARE(game.Window->List1->count(), 2);
     }
 
+    void ADoubleClickPlaysOneMove() {
+        GameWindow game;
+        GameList& list = *game.Window->List2;
+        game.ClickLine(list, 2);
+        QTest::mouseDClick(game.Window->windowHandle(), Qt::LeftButton, {},
+                           game.PointOf(*list.viewport(), list.visualItemRect(list.item(2)).center()));
+        QCoreApplication::processEvents();
+        QCOMPARE(game.Window->List1->count(), 2);
+    }
+
     void TheComputerAnswers() {
         GameWindow game("Classic Small", kPlayerComputer);
         game.Drag("c5", "d6");
@@ -107,7 +129,9 @@ private slots:
         game.Drag("c5", "d6");
         QVERIFY(game.Window->List3->count() > 1);
         std::string played = game.Window->List1->item(1)->text().trimmed().toStdString();
-        int other = played.substr(0, 2) + played.substr(3, 2) == game.Window->List3->item(1)->text().left(4).toStdString() ? 0 : 1;
+        int other =
+            played.substr(0, 2) + played.substr(3, 2) == game.Window->List3->item(1)->text().left(4).toStdString() ? 0
+                                                                                                                   : 1;
         QString key = game.Window->List3->item(other)->text().left(4);
         game.ClickLine(*game.Window->List3, other);
         QCOMPARE(game.Window->List1->count(), 2);
@@ -183,7 +207,8 @@ private slots:
         GameWindow game;
         game.Drag("c5", "d6");
         game.Click(game.PointOf(*game.Window->Text1, QPoint(40, 20)));
-        for (char letter : std::string("good")) QTest::keyClick(game.Window->windowHandle(), letter);
+        for (char letter : std::string("good"))
+            QTest::keyClick(game.Window->windowHandle(), letter);
         // The text as it was when the last key went down.
         QCOMPARE(game.Game.Record.MoveComments[1], "goo");
         game.Key(Qt::Key_Left);
@@ -205,13 +230,13 @@ private slots:
         QVERIFY((checked() == std::array{true, false, false}));
         game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
         QVERIFY((checked() == std::array{false, true, false}));
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-39");
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-38");
         // A second time on the same entry the mark stays.
         game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
         QVERIFY((checked() == std::array{false, true, false}));
         game.Window->ActionOf(Command::Nonotation).trigger();
         QVERIFY((checked() == std::array{false, false, true}));
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-39");
+        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-38");
         game.Window->ActionOf(Command::mnu_Board_Notation_Chess).trigger();
         QVERIFY((checked() == std::array{true, false, false}));
         QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
@@ -272,7 +297,8 @@ private slots:
         GameWindow game("Classic Small", kPlayerComputer);
         game.Drag("c5", "d6");
         game.ClickButton("Resign");
-        QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "OK... Computer wins!", QMessageBox::Warning}}));
+        QCOMPARE(game.Boxes.Seen,
+                 (std::vector<SeenBox>{{kCongratulations, "OK... Computer wins!", QMessageBox::Warning}}));
         QCOMPARE(game.Status(), "Computer wins!");
         Long moves = game.Game.Record.LastMoveIndex;
         game.Drag("g5", "h6");
@@ -305,9 +331,10 @@ private slots:
 
     void ADrawByRepetitionIsAnnounced() {
         GameWindow game;
-        game.Place("", "W: Kc3 a1; B: Kjb lb");
+        game.Place("", "W: Ka3 a1; B: Kl0 lb");
         for (int i = 0; i < 3 && !game.Game.GameOver; ++i) {
-            for (auto [from, to] : {std::pair{"c3", "d4"}, {"jb", "ka"}, {"d4", "c3"}, {"ka", "jb"}}) game.Drag(from, to);
+            for (auto [from, to] : {std::pair{"a3", "b2"}, {"l0", "k9"}, {"b2", "a3"}, {"k9", "l0"}})
+                game.Drag(from, to);
         }
         QVERIFY(game.Game.GameOver);
         QCOMPARE(game.Boxes.Seen,

@@ -49,8 +49,8 @@ private:
     bool Inside = false;
 };
 
-/// The whole program but its `main`: a session in its window, started from the project's data folder and shown. Between moves
-/// it does not pause.
+/// The whole program but its `main`: a session in its window, started from the project's data folder and shown. Between
+/// moves it does not pause.
 struct GameWindow {
     explicit GameWindow(const std::string& skinName = "Classic Small", Long playMode = kPlayerPlayer);
 
@@ -61,7 +61,8 @@ struct GameWindow {
     void ThinkLong() { Game.Settings.Limits = {0, 20, 0, 180}; }
     void ThinkShortly() { Game.Settings.Limits = {0, 1, 1, 2}; }
 
-    // Events of the mouse go to the window, which finds the widget, as those of a real mouse do. Squares are named as in "c3".
+    // Events of the mouse go to the window, which finds the widget, as those of a real mouse do. Squares are named as
+    // in "c3".
     QPoint PointOf(const QWidget& widget, QPoint inside) const { return widget.mapTo(Window.get(), inside); }
     QPoint PointOf(std::string_view square) const;
     void MoveMouse(QPoint point);
@@ -98,9 +99,9 @@ int RunTests(QObject& test, int argc, char** argv);
 
 } // namespace tavlon12::support
 
-#define TAVLON12_TEST_MAIN(TestClass)                                                                                             \
-    int main(int argc, char** argv) {                                                                                             \
-        QApplication application(argc, argv);                                                                                     \
-        TestClass test;                                                                                                           \
-        return tavlon12::support::RunTests(test, argc, argv);                                                                     \
+#define TAVLON12_TEST_MAIN(TestClass)                                                                                  \
+    int main(int argc, char** argv) {                                                                                  \
+        QApplication application(argc, argv);                                                                          \
+        TestClass test;                                                                                                \
+        return tavlon12::support::RunTests(test, argc, argv);                                                          \
     }

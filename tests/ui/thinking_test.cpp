@@ -15,10 +15,12 @@ struct WhileThinking {
     WhileThinking(GameWindow& game, std::function<void()> act) : Game(game), Act(std::move(act)) {
         game.ThinkLong();
         QObject::connect(&Timer, &QTimer::timeout, [this] {
-            if (Game.Search->NodeCount == 0 || !Game.Game.Busy || Ran) return;
+            if (Game.Search->NodeCount == 0 || !Game.Game.Busy || Ran)
+                return;
             Ran = true;
             Act();
-            if (!Game.Game.Quitting) Game.Key(Qt::Key_E, Qt::ControlModifier);
+            if (!Game.Game.Quitting)
+                Game.Key(Qt::Key_E, Qt::ControlModifier);
         });
         Timer.start(30);
     }
@@ -43,7 +45,8 @@ private slots:
             WhileThinking thinking(game, [&] {
                 QVERIFY(game.IsOn(Command::mnu_Play_Cancel));
                 QCOMPARE(game.Window->List1->count(), 1);
-                if (byButton) game.ClickButton("Cancel");
+                if (byButton)
+                    game.ClickButton("Cancel");
             });
             game.Drag("c5", "d6");
             QVERIFY(thinking.Ran);
@@ -61,7 +64,8 @@ private slots:
         Long halfMoves = game.Game.Record.LastMoveIndex;
         WhileThinking thinking(game, [&] {
             for (const CommandRow& row : AllCommands()) {
-                bool usable = row.Id == Command::Exit || row.Id == Command::mnu_Play_Cancel || row.Id == Command::calculation;
+                bool usable =
+                    row.Id == Command::Exit || row.Id == Command::mnu_Play_Cancel || row.Id == Command::calculation;
                 QVERIFY2(game.IsOn(row.Id) == usable, row.Name);
             }
             QVERIFY(game.Window->Menus[3]->isEnabled() && game.Window->Menus[5]->isEnabled());
@@ -88,7 +92,8 @@ private slots:
         struct Painted : QObject {
             int Count = 0;
             bool eventFilter(QObject*, QEvent* event) override {
-                if (event->type() == QEvent::Paint) ++Count;
+                if (event->type() == QEvent::Paint)
+                    ++Count;
                 return false;
             }
         } painted;
@@ -171,11 +176,10 @@ private slots:
         QFETCH(QString, field);
         GameWindow game("Classic Small", kPlayerComputer);
         auto* widget = game.Window->findChild<QWidget*>(field);
-        auto text = [&] {
-            return field == "Text2" ? game.Window->Text2->text() : game.Window->Text1->toPlainText();
-        };
+        auto text = [&] { return field == "Text2" ? game.Window->Text2->text() : game.Window->Text1->toPlainText(); };
         game.Click(game.PointOf(*widget, QPoint(30, 10)));
-        for (char letter : std::string("abc")) QTest::keyClick(game.Window->windowHandle(), letter);
+        for (char letter : std::string("abc"))
+            QTest::keyClick(game.Window->windowHandle(), letter);
         QCOMPARE(text(), "abc");
         game.Key(Qt::Key_A, Qt::ControlModifier);
         game.Key(Qt::Key_C, Qt::ControlModifier);

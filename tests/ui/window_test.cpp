@@ -21,23 +21,23 @@ struct Expected {
 
 // Widths and heights of the lists follow from the columns beside them.
 const std::vector<Expected> kSmallPlaces{
-    {"List1", 512, 93, kOpen, 396},   {"List2", 656, 93, kOpen, 396},    {"List3", 744, 93, kOpen, 396},
-    {"Label3", 512, kOpen, kOpen, kOpen}, {"Label4", 512, kOpen, kOpen, kOpen}, {"Label1", 552, kOpen, kOpen, kOpen},
-    {"Label2", 552, kOpen, kOpen, kOpen}, {"Label5", 656, kOpen, kOpen, kOpen}, {"Label6", 656, kOpen, kOpen, kOpen},
-    {"Label8", 696, kOpen, kOpen, kOpen}, {"Label7", 712, kOpen, kOpen, kOpen}, {"Text2", 512, 517, kOpen, kOpen},
-    {"Command1", 703, 517, kOpen, kOpen}, {"Text1", 512, 550, kOpen, 57},    {"Progress", 8, 517, 489, kOpen},
-    {"Label9", 16, 525, 473, kOpen},  {"Label10", 512, 541, kOpen, kOpen}, {"Label11", 585, 541, kOpen, kOpen},
-    {"Label12", 619, 541, kOpen, kOpen},  {"Label13", 645, 541, kOpen, kOpen}, {"Label14", 679, 541, kOpen, kOpen},
+    {"List1", 512, 93, kOpen, 396},        {"List2", 656, 93, kOpen, 396},       {"List3", 744, 93, kOpen, 396},
+    {"Label3", 512, kOpen, kOpen, kOpen},  {"Label4", 512, kOpen, kOpen, kOpen}, {"Label1", 552, kOpen, kOpen, kOpen},
+    {"Label2", 552, kOpen, kOpen, kOpen},  {"Label5", 656, kOpen, kOpen, kOpen}, {"Label6", 656, kOpen, kOpen, kOpen},
+    {"Label8", 696, kOpen, kOpen, kOpen},  {"Label7", 712, kOpen, kOpen, kOpen}, {"Text2", 512, 517, kOpen, kOpen},
+    {"Command1", 703, 517, kOpen, kOpen},  {"Text1", 512, 550, kOpen, 57},       {"Progress", 8, 517, 489, kOpen},
+    {"Label9", 16, 525, 473, kOpen},       {"Label10", 512, 541, kOpen, kOpen},  {"Label11", 585, 541, kOpen, kOpen},
+    {"Label12", 619, 541, kOpen, kOpen},   {"Label13", 645, 541, kOpen, kOpen},  {"Label14", 679, 541, kOpen, kOpen},
     {"Picture11", 776, 518, kOpen, kOpen},
 };
 const std::vector<Expected> kMediumPlaces{
-    {"List1", 706, 91, kOpen, 591},   {"List2", 850, 91, kOpen, 591},    {"List3", 938, 91, kOpen, 591},
-    {"Label3", 706, kOpen, kOpen, kOpen}, {"Label4", 706, kOpen, kOpen, kOpen}, {"Label1", 746, kOpen, kOpen, kOpen},
-    {"Label2", 746, kOpen, kOpen, kOpen}, {"Label5", 850, kOpen, kOpen, kOpen}, {"Label6", 850, kOpen, kOpen, kOpen},
-    {"Label8", 890, kOpen, kOpen, kOpen}, {"Label7", 906, kOpen, kOpen, kOpen}, {"Text2", 712, 710, kOpen, kOpen},
-    {"Command1", 904, 710, kOpen, kOpen}, {"Text1", 712, 743, kOpen, 57},    {"Progress", 8, 712, 683, kOpen},
-    {"Label9", 16, 720, 667, kOpen},  {"Label10", 712, 735, kOpen, kOpen}, {"Label11", 785, 735, kOpen, kOpen},
-    {"Label12", 819, 735, kOpen, kOpen},  {"Label13", 845, 735, kOpen, kOpen}, {"Label14", 879, 735, kOpen, kOpen},
+    {"List1", 706, 91, kOpen, 591},        {"List2", 850, 91, kOpen, 591},       {"List3", 938, 91, kOpen, 591},
+    {"Label3", 706, kOpen, kOpen, kOpen},  {"Label4", 706, kOpen, kOpen, kOpen}, {"Label1", 746, kOpen, kOpen, kOpen},
+    {"Label2", 746, kOpen, kOpen, kOpen},  {"Label5", 850, kOpen, kOpen, kOpen}, {"Label6", 850, kOpen, kOpen, kOpen},
+    {"Label8", 890, kOpen, kOpen, kOpen},  {"Label7", 906, kOpen, kOpen, kOpen}, {"Text2", 712, 710, kOpen, kOpen},
+    {"Command1", 904, 710, kOpen, kOpen},  {"Text1", 712, 743, kOpen, 57},       {"Progress", 8, 712, 683, kOpen},
+    {"Label9", 16, 720, 667, kOpen},       {"Label10", 712, 735, kOpen, kOpen},  {"Label11", 785, 735, kOpen, kOpen},
+    {"Label12", 819, 735, kOpen, kOpen},   {"Label13", 845, 735, kOpen, kOpen},  {"Label14", 879, 735, kOpen, kOpen},
     {"Picture11", 980, 709, kOpen, kOpen},
 };
 
@@ -54,7 +54,8 @@ QString MenuText(const QMenu& menu) {
             lines << action->menu()->objectName() + " " + action->text() + " [" + MenuText(*action->menu()) + "]";
         } else {
             QString line = action->objectName() + " " + action->text();
-            if (!action->shortcut().isEmpty()) line += " " + action->shortcut().toString(QKeySequence::PortableText);
+            if (!action->shortcut().isEmpty())
+                line += " " + action->shortcut().toString(QKeySequence::PortableText);
             lines << line;
         }
     }
@@ -126,7 +127,8 @@ private slots:
             game.Place(rules, "W: c3; B: d8");
             std::vector<QWidget*> shown;
             for (QWidget* widget : game.Window->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-                if (widget->isVisible() && !widget->objectName().startsWith("Shape")) shown.push_back(widget);
+                if (widget->isVisible() && !widget->objectName().startsWith("Shape"))
+                    shown.push_back(widget);
             }
             for (QWidget* a : shown) {
                 for (QWidget* b : shown) {
@@ -151,7 +153,8 @@ private slots:
         }
         // The widest lines of the lists, beside a scroll bar.
         int bar = game.Window->List1->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-        for (auto& [list, line] : {std::pair{game.Window->List1, "   1. ca-dbKb"}, {game.Window->List2, "ca-dbKb"},
+        for (auto& [list, line] : {std::pair{game.Window->List1, "   1. ca-dbKb"},
+                                   {game.Window->List2, "ca-dbKb"},
                                    {game.Window->List3, "1234 -31999"}}) {
             list->addItem(line);
             QVERIFY2(list->sizeHintForColumn(0) + bar + 2 <= list->width(), line);
@@ -181,11 +184,14 @@ private slots:
         const QStringList expected{
             "mnuGame &Game: New1 New Game Ctrl+N; NewVariant New Variant... Ctrl+V; -; Open1 Open... Ctrl+O; "
             "Save Save... Ctrl+S; -; Details Details... Ctrl+D; -; Exit Exit Ctrl+X",
-            "mnuPlay &Play: Compute Compute Ctrl+C; mnu_Play_Cancel Cancel Ctrl+E; -; First First; Moveback Back Ctrl+B; "
+            "mnuPlay &Play: Compute Compute Ctrl+C; mnu_Play_Cancel Cancel Ctrl+E; -; First First; Moveback Back "
+            "Ctrl+B; "
             "MoveForward Forward Ctrl+F; Last Last; -; Offerdraw Offer draw; Resign Resign; Hint Hint; -; "
-            "Cplayer Player-Computer; Pplayer Player-Player; mnu_Play_Ccomputer Computer-Computer; -; Options Options...; -; "
+            "Cplayer Player-Computer; Pplayer Player-Player; mnu_Play_Ccomputer Computer-Computer; -; Options "
+            "Options...; -; "
             "Analyze Analyze Ctrl+A",
-            "mnu_Board1 &Board: Turn Turn Board Ctrl+T; Notation1 Notation [Nonotation None; mnu_Board_Notation_Chess Algebraic; "
+            "mnu_Board1 &Board: Turn Turn Board Ctrl+T; Notation1 Notation [Nonotation None; mnu_Board_Notation_Chess "
+            "Algebraic; "
             "mnu_Board_Notation_Checkers Numeric]; -; CreateHtml Create Diagram...",
             "view &View: calculation Calculation; -; rating Rating...",
             "extra &Extra: plyvaluetable Show Ply Value Table",
@@ -211,14 +217,33 @@ private slots:
             QVERIFY2(button->isVisible() && !action->icon().isNull(), qPrintable(button->objectName()));
             QVERIFY(game.Window->Toolbar1->rect().contains(button->geometry()));
         }
-        const QStringList expected{"New Game/New Game/New1", "New Variant/New Variant/NewVariant", "-", "Open/Open/Open1",
-                                   "Save/Save/Save", "-", "Compute/Compute/Compute", "Cancel/Cancel Computing/mnu_Play_Cancel",
-                                   "-", "First/Back to First Move/First", "Back/Move Back/Moveback",
-                                   "Forward/Move Forward/MoveForward", "Last/Forward to Last Move/Last", "-",
-                                   "Draw/Offer Draw/Offerdraw", "Resign/Resign/Resign", "Hint/Hint/Hint", "-",
-                                   "ComputerPlayer/Computer-Player/Cplayer", "PlayerPlayer/Player-Player/Pplayer",
-                                   "ComputerComputer/Computer-Computer/mnu_Play_Ccomputer", "-", "Options/Options/Options", "-",
-                                   "Analyze/Analyze/Analyze", "-", "TurnBoard/Turn Board/Turn"};
+        const QStringList expected{"New Game/New Game/New1",
+                                   "New Variant/New Variant/NewVariant",
+                                   "-",
+                                   "Open/Open/Open1",
+                                   "Save/Save/Save",
+                                   "-",
+                                   "Compute/Compute/Compute",
+                                   "Cancel/Cancel Computing/mnu_Play_Cancel",
+                                   "-",
+                                   "First/Back to First Move/First",
+                                   "Back/Move Back/Moveback",
+                                   "Forward/Move Forward/MoveForward",
+                                   "Last/Forward to Last Move/Last",
+                                   "-",
+                                   "Draw/Offer Draw/Offerdraw",
+                                   "Resign/Resign/Resign",
+                                   "Hint/Hint/Hint",
+                                   "-",
+                                   "ComputerPlayer/Computer-Player/Cplayer",
+                                   "PlayerPlayer/Player-Player/Pplayer",
+                                   "ComputerComputer/Computer-Computer/mnu_Play_Ccomputer",
+                                   "-",
+                                   "Options/Options/Options",
+                                   "-",
+                                   "Analyze/Analyze/Analyze",
+                                   "-",
+                                   "TurnBoard/Turn Board/Turn"};
         QCOMPARE(found, expected);
     }
 
@@ -272,11 +297,16 @@ private slots:
         QTest::addColumn<bool>("turned");
         QTest::addColumn<QString>("columns");
         QTest::addColumn<QString>("rows");
-        QTest::newRow("letters") << 0 << false << "abcdefghijkl" << "1 2 3 4 5 6 7 8 9 0 a b";
-        QTest::newRow("letters, turned") << 0 << true << "lkjihgfedcba" << "b a 0 9 8 7 6 5 4 3 2 1";
-        QTest::newRow("numbers") << 1 << false << "676869707172" << "67 61 55 49 43 37 31 25 19 13 7 1";
-        QTest::newRow("numbers, turned") << 1 << true << "654321" << "6 12 18 24 30 36 42 48 54 60 66 72";
-        QTest::newRow("none") << 2 << false << "" << "           ";
+        QTest::newRow("letters") << 0 << false << "abcdefghijkl"
+                                 << "1 2 3 4 5 6 7 8 9 0 a b";
+        QTest::newRow("letters, turned") << 0 << true << "lkjihgfedcba"
+                                         << "b a 0 9 8 7 6 5 4 3 2 1";
+        QTest::newRow("numbers") << 1 << false << "676869707172"
+                                 << "67 61 55 49 43 37 31 25 19 13 7 1";
+        QTest::newRow("numbers, turned") << 1 << true << "654321"
+                                         << "6 12 18 24 30 36 42 48 54 60 66 72";
+        QTest::newRow("none") << 2 << false << ""
+                              << "           ";
     }
 
     void Coordinates() {
@@ -302,7 +332,8 @@ private slots:
             for (Long i = 1; i <= 12; ++i) {
                 Long cell = CellOfView(132 + i - 1, turned);
                 bool playing = IsPlayingSquare(cell, 1);
-                QCOMPARE(ColumnLabel(i, kNumeric, turned == 1, false), playing ? SquareNotation(cell, Padding::None, kNumeric) : "");
+                QCOMPARE(ColumnLabel(i, kNumeric, turned == 1, false),
+                         playing ? SquareNotation(cell, Padding::None, kNumeric) : "");
             }
         }
     }
@@ -321,7 +352,8 @@ private slots:
 
     void NoSeamsAtAnyRatio_data() {
         QTest::addColumn<double>("ratio");
-        for (double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25}) QTest::newRow(qPrintable(QString::number(ratio))) << ratio;
+        for (double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25})
+            QTest::newRow(qPrintable(QString::number(ratio))) << ratio;
     }
 
     // Each square is one picture of exactly its size in device pixels, and the next begins where it ends.
@@ -341,7 +373,8 @@ private slots:
                 QPoint corner = toDevice(square.topLeft());
                 QPoint end = toDevice(square.bottomRight() + QPoint(1, 1));
                 QSize size(end.x() - corner.x(), end.y() - corner.y());
-                const QPixmap& picture = SquarePixmap(board.Pictures, board.ShownImage(view), size.width(), size.height());
+                const QPixmap& picture =
+                    SquarePixmap(board.Pictures, board.ShownImage(view), size.width(), size.height());
                 QCOMPARE(image.copy(QRect(corner, size)), picture.toImage().convertToFormat(QImage::Format_RGB32));
             }
         }
@@ -356,12 +389,17 @@ private slots:
         };
         // a1 has row + column odd, b1 even.
         const Row rows[] = {
-            {"PiecesOnBlack=1", "a2", SquareImage::LightSquare}, {"PiecesOnBlack=1", "a3", SquareImage::DarkSquare},
-            {"PiecesOnBlack=0", "a2", SquareImage::DarkSquare},  {"PiecesOnBlack=0", "a3", SquareImage::LightSquare},
-            {"PiecesOnBlack=2", "a2", SquareImage::LightSquare}, {"PiecesOnBlack=2", "a3", SquareImage::DarkSquare},
+            {"PiecesOnBlack=1", "a2", SquareImage::LightSquare},
+            {"PiecesOnBlack=1", "a3", SquareImage::DarkSquare},
+            {"PiecesOnBlack=0", "a2", SquareImage::DarkSquare},
+            {"PiecesOnBlack=0", "a3", SquareImage::LightSquare},
+            {"PiecesOnBlack=2", "a2", SquareImage::LightSquare},
+            {"PiecesOnBlack=2", "a3", SquareImage::DarkSquare},
             // A piece of a set-up on the other colour shows as on its own.
-            {"PiecesOnBlack=1", "b1", SquareImage::DarkWhiteMan}, {"PiecesOnBlack=2", "b1", SquareImage::LightWhiteMan},
-            {"PiecesOnBlack=2", "c1", SquareImage::DarkBlackKing}, {"PiecesOnBlack=2", "d1", SquareImage::LightBlackKing},
+            {"PiecesOnBlack=1", "b1", SquareImage::DarkWhiteMan},
+            {"PiecesOnBlack=2", "b1", SquareImage::LightWhiteMan},
+            {"PiecesOnBlack=2", "c1", SquareImage::DarkBlackKing},
+            {"PiecesOnBlack=2", "d1", SquareImage::LightBlackKing},
         };
         for (const Row& row : rows) {
             game.Place(row.Rules, "W: b1 Ke3; B: Kc1 Kd1");

@@ -12,7 +12,7 @@ namespace tavlon12::lab {
 
 /// What a command has done, beside what it prints.
 struct Report {
-    std::string Output; ///< whole lines; nothing of it counts when the command fails
+    std::string Output;      ///< whole lines; nothing of it counts when the command fails
     std::uint64_t Nodes = 0; ///< sequences of the full depth, or calls of search members
 };
 

@@ -7,24 +7,31 @@
 
 namespace tavlon12::lab {
 
-void BuildTables(const Position& position, Family family, SearchState& search) {
+void BuildTables(Position& position, Family family, SearchState& search) {
     EvaluationTables& tables = search.Tables;
     BuildEvaluationTables(position, tables);
-    if (tables.VariantFamily == static_cast<Long>(family)) return;
+    if (tables.VariantFamily == family)
+        return;
     BuildSquareValues(position, tables);
-    if (family != Family::None) BuildFastSquareValues(position, tables);
-    tables.VariantFamily = static_cast<Long>(family);
+    AdoptFamily(position, tables, family);
 }
 
 Long GenerateLegalMovesOf(Family family, Position& position) {
-    if (family == Family::None) return GenerateLegalMoves(position);
+    if (family == Family::None)
+        return GenerateLegalMoves(position);
     GenerateFamilyMoves(family, position, 0);
-    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed()) GenerateFamilyMoves(family, position, 1);
+    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed())
+        GenerateFamilyMoves(family, position, 1);
     return MoveCount(position.Tree);
 }
 
+Long CountLegalMovesOf(Family family, Position& position) {
+    return family == Family::None ? CountLegalMoves(position) : CountFamilyMoves(family, position);
+}
+
 Long EvaluateOf(Family family, Position& position, SearchState& search, Long side) {
-    if (family == Family::None) return Evaluate(position, search, -kWin, kWin, side);
+    if (family == Family::None)
+        return Evaluate(position, search, -kWin, kWin, side);
     return EvaluateFamily(family, position, search, -kWin, kWin, side);
 }
 

@@ -20,7 +20,8 @@ enum class Command { Moves, Perft, Eval, Search, Bench };
 
 /// Which generator, evaluation and search are asked for.
 enum class Members {
-    OfGame,  ///< those the program uses: the family's where rules and start position have one
+    OfGame,  ///< the general ones, but in a search those of the program: the family's where rules and start position
+             ///< have one
     General, ///< the general ones whatever the rules are
     Fast,    ///< those of the family that the rules alone have
 };
@@ -32,13 +33,13 @@ struct Options {
     // The position
     std::filesystem::path Variants; ///< folder of the definitions, empty: that of the program folder
     std::string Variant = "Canadian Checkers";
-    bool ReadsDefinition = true; ///< otherwise the rules begin as the built-in ones; for the bench alone
-    std::vector<std::string> Rules; ///< "KEY=VALUE" in order
+    bool ReadsDefinition = true;      ///< otherwise the rules begin as the built-in ones; for the bench alone
+    std::vector<std::string> Rules;   ///< "KEY=VALUE" in order
     std::optional<std::string> Setup; ///< 144 digits
     std::optional<Long> Turn;         ///< side to move
     std::optional<std::array<Long, 2>> OffBoard; ///< White's, Black's
-    Long Last = 0;                    ///< square on which the last move ended, 0 for none
-    std::vector<std::string> Play;    ///< move keys in capitals
+    Long Last = 0;                               ///< square on which the last move ended, 0 for none
+    std::vector<std::string> Play;               ///< move keys in capitals
 
     // The command
     Members Use = Members::OfGame;

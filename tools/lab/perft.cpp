@@ -4,6 +4,8 @@
 #include "rules/generate_moves.h"
 #include "rules/make_move.h"
 
+#include <utility>
+
 namespace tavlon12::lab {
 
 namespace {
@@ -25,15 +27,17 @@ private:
     /// Counts on from the present position, which `done` moves have reached; gives the sequences of the full depth.
     std::uint64_t Explore(Long done) {
         const GameTree& tree = position_.Tree;
-        const Long count = GenerateLegalMovesOf(family_, position_);
-        if (position_.StopFlag != 0 || position_.Fault.Passed()) return 0;
+        const bool last = done + 1 == depth_;
+        const bool bulk = last && done > 0 && !made_;
+        const Long count = bulk ? CountLegalMovesOf(family_, position_) : GenerateLegalMovesOf(family_, position_);
+        if (position_.StopFlag != 0 || position_.Fault.Passed())
+            return 0;
         if (interrupted_ && interrupted_()) {
             result_.Interrupted = true;
             return 0;
         }
         result_.ByDepth[static_cast<std::size_t>(done)] += static_cast<std::uint64_t>(count);
         const Long first = tree.PlyFirstMove[tree.Ply];
-        const bool last = done + 1 == depth_;
         if (last && done > 0) {
             for (Long slot = first; made_ && slot < first + count; ++slot) {
                 PerformMove(position_, slot);
@@ -48,9 +52,11 @@ private:
                 PerformMove(position_, slot);
                 below = Explore(done + 1);
                 TakeBackMove(position_, slot);
-                if (result_.Interrupted || position_.StopFlag != 0 || position_.Fault.Passed()) return 0;
+                if (result_.Interrupted || position_.StopFlag != 0 || position_.Fault.Passed())
+                    return 0;
             }
-            if (done == 0) result_.Roots.push_back({position_.Moves[slot].From, position_.Moves[slot].To, below});
+            if (done == 0)
+                result_.Roots.push_back({position_.Moves[slot].From, position_.Moves[slot].To, below});
             total += below;
         }
         return total;

@@ -25,8 +25,9 @@ struct PerftResult {
 /// When the moves of the last ply are made: never, their number is enough; or each, as the search would.
 enum class LastPly { InBulk, Made };
 
-/// Counts the sequences of up to `depth` moves from the root position; every slot of the move list counts. It ends early, with
-/// the position whole, at a passed limit of the generator, at a full move list and when `interrupted` says so.
+/// Counts the sequences of up to `depth` moves from the root position; every slot of the move list counts. It ends
+/// early, with the position whole, at a passed limit of the generator, at a full move list and when `interrupted` says
+/// so.
 PerftResult CountSequences(Position& position, Family family, Long depth, LastPly lastPly,
                            const std::function<bool()>& interrupted);
 

@@ -28,14 +28,16 @@ Failure ApplyRule(std::string_view line, Position& position) {
     std::string_view value = line.substr(name.size() + 1);
     const RuleKey* key = FindRuleKey(name);
     if (key == nullptr) {
-        if (std::ranges::find(kTextKeys, name) != kTextKeys.end()) return std::nullopt;
+        if (std::ranges::find(kTextKeys, name) != kTextKeys.end())
+            return std::nullopt;
         return "--rule " + Quoted(line) + ": no key of a definition";
     }
     if (!SetRuleValue(position.DefinedRules, *key, value)) {
         return "--rule " + Quoted(line) + ": the number must lie " + RangeOf(*key);
     }
     GameTree& tree = position.Tree;
-    if (name == "Setup" && value != "normal") PlaceSetup(position, value);
+    if (name == "Setup" && value != "normal")
+        PlaceSetup(position, value);
     if (name == "BlackStarts" && position.DefinedRules.BlackStarts == 0) {
         tree.PlyValue[0] = -tree.PlyValue[0];
         tree.GameValue[0] = -tree.GameValue[0];
@@ -51,13 +53,15 @@ Failure StartGame(const Lab& lab, const Options& options, Workbench& bench) {
         position.VariantFile = options.Variant;
         const std::filesystem::path folder =
             options.Variants.empty() ? VariantFolder(lab.ProgramFolder, 1) : options.Variants;
-        if (auto failure = LoadVariant(folder, position, bench.Game.Texts)) return failure->Message();
+        if (auto failure = LoadVariant(folder, position, bench.Game.Texts))
+            return failure->Message();
     }
     for (const std::string& rule : options.Rules) {
-        if (Failure failure = ApplyRule(rule, position)) return failure;
+        if (Failure failure = ApplyRule(rule, position))
+            return failure;
     }
     position.Rules = position.DefinedRules;
-    position.DirTable = DirectionsOf(position.Rules);
+    AdoptMovements(position);
     FinishNewPosition(position);
     return std::nullopt;
 }
@@ -69,14 +73,17 @@ Failure ChooseFamily(const Options& options, const Workbench& bench, Family& ofT
     ofTables = options.Setup ? Family::None : RecognizeVariantFamily(position.Rules, position.InitialBoard);
     if (options.Use == Members::Fast) {
         ofTables = FamilyOfRules(position.DefinedRules);
-        if (ofTables == Family::None) return "--fast: these rules have no fast generator";
+        if (ofTables == Family::None)
+            return "--fast: these rules have no fast generator";
     }
-    ofMembers = options.Use == Members::General ? Family::None : ofTables;
+    const bool asTheGame = options.Use == Members::OfGame && options.Name == Command::Search;
+    ofMembers = asTheGame || options.Use == Members::Fast ? ofTables : Family::None;
     return std::nullopt;
 }
 
 void PlaceByHand(const Options& options, Position& position) {
-    if (options.Turn) position.Tree.SideToMove = *options.Turn;
+    if (options.Turn)
+        position.Tree.SideToMove = *options.Turn;
     if (options.Setup) {
         position.CustomSetup = true;
         position.Board = ReadPositionString(*options.Setup);
@@ -93,10 +100,13 @@ void PlaceByHand(const Options& options, Position& position) {
 Failure PlayMove(Session& game, const std::string& key, std::size_t number) {
     Position& position = game.Pos;
     const std::string move = "--play: move " + std::to_string(number) + ", " + Quoted(LowerCase(key)) + ", ";
-    if (GameIsFull(game)) return move + "is too much: a game holds " + std::to_string(kMaxHalfMoves) + " half-moves";
+    if (GameIsFull(game))
+        return move + "is too much: a game holds " + std::to_string(kMaxHalfMoves) + " half-moves";
     const bool legal = InputMove(game, key);
-    if (Failure failure = LimitPassed(position)) return failure;
-    if (!legal) return move + "is not legal";
+    if (Failure failure = LimitPassed(position))
+        return failure;
+    if (!legal)
+        return move + "is not legal";
 
     HalfMoveEntry entry;
     entry.Move = position.Moves[game.LastMoveSlot];
@@ -114,7 +124,8 @@ Failure GeneratorLimitPassed(const Position& position) {
     const GeneratorFault& fault = position.Fault;
     std::string text;
     switch (fault.Limit) {
-    case GeneratorFault::Kind::None: return std::nullopt;
+    case GeneratorFault::Kind::None:
+        return std::nullopt;
     case GeneratorFault::Kind::Jumps:
         text = "a capture jumps more pieces than a move can hold";
         break;
@@ -126,27 +137,33 @@ Failure GeneratorLimitPassed(const Position& position) {
         break;
     }
     text += " (jumps " + std::to_string(fault.Depth) + ", captures " + std::to_string(fault.Rows) + ")";
-    if (position.Rules.RemovePieces != 1) text += "; try RemovePieces=1";
+    if (position.Rules.RemovePieces != 1)
+        text += "; try RemovePieces=1";
     return text;
 }
 
 Failure LimitPassed(const Position& position) {
-    if (Failure failure = GeneratorLimitPassed(position)) return failure;
-    if (position.StopFlag == 0) return std::nullopt;
+    if (Failure failure = GeneratorLimitPassed(position))
+        return failure;
+    if (position.StopFlag == 0)
+        return std::nullopt;
     return "the move list is full: it holds " + std::to_string(kMoveSlots - 1) + " moves";
 }
 
 Failure PreparePosition(Lab& lab, const Options& options) {
     Workbench& bench = lab.Bench.emplace();
-    if (Failure failure = StartGame(lab, options, bench)) return failure;
+    if (Failure failure = StartGame(lab, options, bench))
+        return failure;
     Family ofTables = Family::None;
-    if (Failure failure = ChooseFamily(options, bench, ofTables, bench.FamilyOfMembers)) return failure;
+    if (Failure failure = ChooseFamily(options, bench, ofTables, bench.FamilyOfMembers))
+        return failure;
     PlaceByHand(options, bench.Pos);
     BuildTables(bench.Pos, ofTables, bench.Search);
-    bench.Search.Tables.VariantFamily = static_cast<Long>(bench.FamilyOfMembers);
+    bench.Search.Tables.VariantFamily = bench.FamilyOfMembers;
     SetManThresholds(bench.Pos, bench.Search);
     for (std::size_t i = 0; i < options.Play.size(); ++i) {
-        if (Failure failure = PlayMove(bench.Game, options.Play[i], i + 1)) return failure;
+        if (Failure failure = PlayMove(bench.Game, options.Play[i], i + 1))
+            return failure;
     }
     return std::nullopt;
 }

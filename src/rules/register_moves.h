@@ -1,0 +1,74 @@
+#pragma once
+
+#include "rules/position.h"
+
+namespace tavlon12 {
+
+// Appending to the move list with the sort score. In a full list the last slot is overwritten and `StopFlag` set.
+
+inline constexpr Long kBestLineScore = 500;
+inline constexpr Long kFirstKillerScore = 250;
+inline constexpr Long kSecondKillerScore = 150;
+inline constexpr Long kRecaptureScore = 300;
+
+/// What the memory of the search adds to a move: the jumped pieces play no part.
+inline Long MemoryScore(const Position& position, Long from, Long to) {
+    Long ply = position.Tree.Ply;
+    const BestLineCell& best = position.BestLine[0][ply];
+    if (best.From == from && best.To == to) return kBestLineScore;
+    const auto& killers = position.Killers[ply];
+    if (killers[0] == SquarePair{from, to}) return kFirstKillerScore;
+    if (killers[1] == SquarePair{from, to}) return kSecondKillerScore;
+    return 0;
+}
+
+/// The board must show the moving piece on `from` for the score to count its worth.
+inline Long CaptureScore(const Position& position, Long from, Long to, const CapturePath& captures) {
+    const GameTree& tree = position.Tree;
+    Long score = 100 * captures.MaterialSum() - 50 * Magnitude(position.Board[from]);
+    if (tree.Ply > 0 && to == tree.PlyLastTo[tree.Ply - 1]) score += kRecaptureScore;
+    return score + MemoryScore(position, from, to);
+}
+
+/// The next free slot of the list.
+inline MoveRecord& AppendSlot(Position& position) {
+    GameTree& tree = position.Tree;
+    MoveRecord& move = position.Moves[tree.NextMoveSlot];
+    if (tree.NextMoveSlot < kMoveSlots - 1) {
+        ++tree.NextMoveSlot;
+    } else {
+        position.StopFlag = kStopCancel;
+    }
+    return move;
+}
+
+/// Appends a quiet move of the current ply.
+inline void RegisterMove(Position& position, Long from, Long to, Long promotes = 0) {
+    MoveRecord& move = AppendSlot(position);
+    move.From = from;
+    move.To = to;
+    move.Captures = CapturePath();
+    move.Promotes = promotes;
+    move.SortScore = MemoryScore(position, from, to);
+}
+
+/// Appends a capture.
+inline void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures, Long promotes = 0) {
+    MoveRecord& move = AppendSlot(position);
+    move.From = from;
+    move.To = to;
+    move.Captures = captures;
+    move.Promotes = promotes;
+    move.SortScore = CaptureScore(position, from, to, captures);
+}
+
+/// Appends a move that promotes, as a capture when `captures` is not empty.
+inline void RegisterPromotion(Position& position, Long from, Long to, const CapturePath& captures) {
+    if (captures.Count != 0) {
+        RegisterCaptureMove(position, from, to, captures, kKing);
+    } else {
+        RegisterMove(position, from, to, kKing);
+    }
+}
+
+} // namespace tavlon12

@@ -1,0 +1,105 @@
+#include "rules/fast_generators.h"
+
+#include "rules/generate_moves.h"
+#include "support/positions.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace tavlon12::support {
+namespace {
+
+struct FamilyRow {
+    Family Member;
+    const char* Changed;
+};
+
+constexpr const char* kAmerican = "MaxCapMove=0 | WhiteManMovement=NW;NE NW;NE | BlackManMovement=NW;NE NW;NE | LongKings=0 | "
+                                  "ManContJump=0 | RemovePieces=0 | BlackStarts=1";
+constexpr const char* kItalian = "MaxCapMoveKings=1 | KingCapMove=1 | ManCapKing=0 | WhiteManMovement=NW;NE NW;NE | "
+                                 "BlackManMovement=NW;NE NW;NE | LongKings=0 | ManContJump=0 | RemovePieces=0 | "
+                                 "PiecesOnBlack=0 | PromoW=AbCbEbGbIbKb | PromoB=B1D1F1H1J1L1";
+constexpr const char* kRussian = "MaxCapMove=0 | ManContJumpCrowned=1 | ThreeKings=1 | NumberKings=15";
+
+constexpr FamilyRow kFamilies[] = {{Family::American, kAmerican},
+                                   {Family::Italian, kItalian},
+                                   {Family::German, ""},
+                                   {Family::Russian, kRussian}};
+
+std::vector<std::string> Moves(const Position& position) {
+    std::vector<std::string> moves;
+    const GameTree& tree = position.Tree;
+    for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.NextMoveSlot; ++slot) {
+        moves.push_back(MoveText(position.Moves[slot]));
+    }
+    return moves;
+}
+
+/// Of Italian captures by men and kings that take as many pieces and kings, the fast generator gives the kings' alone.
+void DropMenBesideKings(Position& position) {
+    GameTree& tree = position.Tree;
+    auto first = position.Moves.begin() + tree.PlyFirstMove[tree.Ply];
+    auto last = position.Moves.begin() + tree.NextMoveSlot;
+    auto captures = [&](Long piece) {
+        return [&position, piece](const MoveRecord& move) {
+            return move.IsCapture() && Magnitude(position.Board[move.From]) == piece;
+        };
+    };
+    if (std::none_of(first, last, captures(kKing))) return;
+    tree.NextMoveSlot = static_cast<Long>(std::remove_if(first, last, captures(kMan)) - position.Moves.begin());
+}
+
+class FamilyGenerator : public testing::TestWithParam<FamilyRow> {};
+
+TEST_P(FamilyGenerator, GivesTheMovesOfTheGeneralOne) {
+    const FamilyRow& row = GetParam();
+    Random random(static_cast<std::uint64_t>(row.Member));
+    Long compared = 0;
+    Long kings = 0;
+    while (compared < Scaled(100000)) {
+        auto position = StartPosition(RulesWith(row.Changed));
+        while (PlayAtRandom(*position, 1, random) == 1 && position->Tree.TreeIndex < 400) {
+            for (Long mode : {0, 1}) {
+                GenerateMoves(*position, mode);
+                if (row.Member == Family::Italian) DropMenBesideKings(*position);
+                std::vector<std::string> expected = Moves(*position);
+                GenerateFamilyMoves(row.Member, *position, mode);
+                std::vector<std::string> fast = Moves(*position);
+                if (row.Member == Family::American) { // square by square instead of captures last
+                    auto begin = position->Moves.begin();
+                    ASSERT_TRUE(std::is_sorted(begin, begin + position->Tree.NextMoveSlot,
+                                               [](const MoveRecord& a, const MoveRecord& b) { return a.From < b.From; }));
+                    std::sort(expected.begin(), expected.end());
+                    std::sort(fast.begin(), fast.end());
+                }
+                ASSERT_EQ(fast, expected) << "mode " << mode << "\n" << DescribePosition(*position);
+            }
+            ++compared;
+            kings += position->PieceCount[2] + position->PieceCount[3] > 0;
+        }
+    }
+    EXPECT_GT(kings, compared / 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FamilyGenerator, testing::ValuesIn(kFamilies));
+
+TEST(RecognizeVariantFamily, KnowsTheFourSetsAndNoOther) {
+    for (const FamilyRow& row : kFamilies) {
+        const RuleSet rules = RulesWith(row.Changed);
+        EXPECT_EQ(FamilyOfRules(rules), row.Member);
+        EXPECT_EQ(RecognizeVariantFamily(rules, ClassicStart()), row.Member);
+        EXPECT_EQ(RecognizeVariantFamily(rules, EmptyBoard()), Family::None);
+    }
+    for (const char* changed : {"MulJumps=0", "CapRequired=0", "MaxCapMoveK=0", "AntiMode=1", "NumberMen=1", "NumberFriends=-1",
+                                "ContractB2=3", "BlackStarts=1", "PiecesOnBlack=0", "NumberKings=15", "ManCapKing=0",
+                                "PromoW=BbDbFbHbJb", "BlackKingMovement=NW;NE;SW;SE NW;NE;SE;SW", "MaxCapMove=2"}) {
+        EXPECT_EQ(FamilyOfRules(RulesWith(changed)), Family::None) << changed;
+    }
+    EXPECT_EQ(FamilyOfRules(RulesWith("PromoW=BbDbFbHbJbLba1")), Family::German) << "only the first six squares count";
+}
+
+} // namespace
+} // namespace tavlon12::support
