@@ -73,8 +73,8 @@ Long OwnTerms(const Position& position, const EvaluationTables& tables, Long sid
 }
 
 /// Where one side has fewer promotion squares, each that it lacks draws its pieces to the opponent and holds their rows
-/// together. The score is rounded each time as a whole, so that the terms before it decide a tie: such rules need the scan of the
-/// board in its order.
+/// together. The score is rounded each time as a whole, so that the terms before it decide a tie: such rules need the
+/// scan of the board in its order.
 struct UnevenRace {
     const Position& Pos;
     const SearchState& Search;
@@ -151,7 +151,8 @@ void BuildPieceTerms(Position& position, EvaluationTables& tables) {
     tables.BackRankLines = BuildBackRankLines(position, kPromotionSlots, true);
     for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
         if (!IsSquare(square)) continue;
-        // An empty square counts half its value for each side, a piece the whole of its own side's: all values are even.
+        // An empty square counts half its value for each side, a piece the whole of its own side's: all values are
+        // even.
         const Long half[2] = {tables.SquareValue[0][square] / 2, tables.SquareValue[1][square] / 2};
         for (std::size_t s : {0, 1}) tables.EmptyAdvancement[s] += half[s];
         for (Long side : {kWhite, kBlack}) {

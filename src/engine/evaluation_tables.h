@@ -5,8 +5,8 @@
 
 namespace tavlon12 {
 
-/// All tables of the evaluation for the rules in force, in their order: closeness, cones, square values, promotion counts.
-/// The variant family stays 0 until a family with generators of its own is recognised.
+/// All tables of the evaluation for the rules in force, in their order: closeness, cones, square values, promotion
+/// counts. The variant family stays 0 until a family with generators of its own is recognised.
 void BuildEvaluationTables(Position& position, EvaluationTables& tables);
 
 /// The last step of it: the family's square values, if there is a family, and what the pieces add by their squares.

@@ -164,7 +164,8 @@ BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stop
     for (Long side : {kWhite, kBlack}) {
         auto& lines = result[SideIndex(side)];
         const DirectionRow& manSteps = position.DirTable[PieceType(-side * kMan)];
-        // A square that stands in the list twice, and a direction too, counts twice: each set of lines holds a square once.
+        // A square that stands in the list twice, and a direction too, counts twice: each set of lines holds a square
+        // once.
         auto add = [&](Long square, Long second, Long third) {
             auto line = std::find_if(lines.begin(), lines.end(), [&](const BackRankLine& l) {
                 return l.Second == second && l.Third == third && !l.From.Has(square);

@@ -7,15 +7,16 @@ namespace tavlon12 {
 
 // What the general evaluation and those of the families share.
 //
-// What a piece is worth on its square alone is summed up by making and unmaking moves (piece_terms.h). What depends on other
-// pieces is worked out here: the nearness of a supported piece to its target, as loops over bytes that the compiler turns into
-// vector instructions, and the lines at the back rank, as shifts of whole sets.
+// What a piece is worth on its square alone is summed up by making and unmaking moves (piece_terms.h). What depends on
+// other pieces is worked out here: the nearness of a supported piece to its target, as loops over bytes that the
+// compiler turns into vector instructions, and the lines at the back rank, as shifts of whole sets.
 
 /// The greatest distance of two squares is 22, so that every bonus for nearness is above 0.
 inline constexpr Long kNearness = 23;
 
-/// The square of one piece of `side`, which the other side's pieces strive to: a king where there is one; of White's the first,
-/// of Black's the last in the order of rows, within a row the one on White's right and on Black's. 0 without pieces.
+/// The square of one piece of `side`, which the other side's pieces strive to: a king where there is one; of White's
+/// the first, of Black's the last in the order of rows, within a row the one on White's right and on Black's. 0 without
+/// pieces.
 Long TargetOf(const Position& position, Long side);
 
 struct ClosenessSum {
@@ -23,15 +24,16 @@ struct ClosenessSum {
     Long Lonely;   ///< how many of them have no support
 };
 
-/// Closeness of the pieces of `side` to `target`. The nearness of a man is divided by `manDivisor` (1 or 3), that of a king by 3.
+/// Closeness of the pieces of `side` to `target`. The nearness of a man is divided by `manDivisor` (1 or 3), that of a
+/// king by 3.
 ClosenessSum SumCloseness(const Position& position, Long side, Long target, Long manDivisor);
 
-/// Sum over the lines at the back rank before the promotion squares of `side`, seen from White. An open line counts 30, and
-/// one with a gap 20; `openCountsTwice` gives an open line both.
+/// Sum over the lines at the back rank before the promotion squares of `side`, seen from White. An open line counts 30,
+/// and one with a gap 20; `openCountsTwice` gives an open line both.
 Long BackRankScore(const Position& position, const BackRankLines& lines, Long side, bool openCountsTwice);
 
-/// The lines of three squares from the first `slots` promotion squares of a side on, in the directions of the other colour's men.
-/// With `stopsAtSideways` a step of size 1 ends the directions.
+/// The lines of three squares from the first `slots` promotion squares of a side on, in the directions of the other
+/// colour's men. With `stopsAtSideways` a step of size 1 ends the directions.
 BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stopsAtSideways);
 
 /// What a piece of a type on a square adds by itself, for every evaluation the same terms.

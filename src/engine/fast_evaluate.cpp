@@ -18,7 +18,8 @@ constexpr bool FliesIn(Family family) {
     return family == Family::German || family == Family::Russian;
 }
 
-Long OwnTerms(Family family, const Position& position, const EvaluationTables& tables, Long side, Long square, bool king) {
+Long OwnTerms(Family family, const Position& position, const EvaluationTables& tables, Long side, Long square,
+              bool king) {
     Long score = CentreTerm(square, position.Rules.PiecesOnBlack);
     if (king) return score + 25 + (FliesIn(family) ? LongKingTerm(square) : EdgeTerm(square));
     return score + tables.SquareValue[SideIndex(side)][square] +
@@ -59,7 +60,8 @@ Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long be
     if (search.RepeatCount > 0 || RepeatsElseStore(position)) return 0;
     if (!wholeScore) return 0;
 
-    Long score = static_cast<Long>(position.TermSum.OfFamily) + Closeness(position, kWhite) - Closeness(position, kBlack);
+    Long score =
+        static_cast<Long>(position.TermSum.OfFamily) + Closeness(position, kWhite) - Closeness(position, kBlack);
     const auto& lines = search.Tables.FamilyBackRankLines;
     if (count[0] > search.WhiteMenThreshold) score += BackRankScore(position, lines, kWhite, true);
     if (count[1] > search.BlackMenThreshold) score += BackRankScore(position, lines, kBlack, true);

@@ -6,8 +6,8 @@
 
 namespace tavlon12 {
 
-/// The shorter evaluation of a family's search members, on the scale of `Evaluate` and with its effects, for positions under
-/// exactly the family's rules. The German and the Russian family share one.
+/// The shorter evaluation of a family's search members, on the scale of `Evaluate` and with its effects, for positions
+/// under exactly the family's rules. The German and the Russian family share one.
 template <Family F>
 Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long beta, Long side, bool wholeScore = true);
 

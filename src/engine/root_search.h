@@ -24,13 +24,13 @@ using RootMoveTable = std::array<RootMove, kMoveSlots>;
 /// What a root search is asked.
 struct RootSearchInput {
     SearchMember Member = SearchMember::SearchGeneral;
-    Long DepthLimit = 1;             ///< iterations at the most
-    bool StopsByTime = false;        ///< otherwise by the iterations alone
-    Long TimeLimit = 0;              ///< whole seconds
-    Long StartTime = 0;              ///< whole seconds since midnight when the time began to run
-    bool MoveLimitHit = false;       ///< the game has passed its move limit: every move is worth a draw
-    bool DeepensShortLines = true;   ///< a root move with a short best line is searched one ply deeper
-    Long LastScore = 0;              ///< the score that stands when nothing better is found
+    Long DepthLimit = 1;           ///< iterations at the most
+    bool StopsByTime = false;      ///< otherwise by the iterations alone
+    Long TimeLimit = 0;            ///< whole seconds
+    Long StartTime = 0;            ///< whole seconds since midnight when the time began to run
+    bool MoveLimitHit = false;     ///< the game has passed its move limit: every move is worth a draw
+    bool DeepensShortLines = true; ///< a root move with a short best line is searched one ply deeper
+    Long LastScore = 0;            ///< the score that stands when nothing better is found
 };
 
 struct RootSearchResult {
@@ -46,7 +46,7 @@ struct RootSearchHooks {
     std::function<void(Long iteration, Long slot)> DeepeningStarted = [](Long, Long) {};
     /// The new best stands at the front of the list, its line in row 0 of the best lines.
     std::function<void(Long iteration, Long slot, Long score)> BestFound = [](Long, Long, Long) {};
-    std::function<void()> MoveFinished = [] {};                ///< one more root move searched
+    std::function<void()> MoveFinished = [] {};                 ///< one more root move searched
     std::function<void(Long seconds)> TimePassed = [](Long) {}; ///< elapsed, at most the time limit
     std::function<void(Long iteration)> IterationFinished = [](Long) {};
 };
@@ -54,11 +54,11 @@ struct RootSearchHooks {
 /// Seconds from `start` to `now`, both since midnight, with the clock past midnight or not.
 Long ElapsedSeconds(Long start, Long now);
 
-/// Deepens iteratively over the moves that the root ply of the move list holds. It sorts the best move to the front of the
-/// list, keeps a score for each move in `moves`, and leaves the board as it was. The principal variation stands in row 0 of
-/// the best lines when `BestFound` is called; later root moves clear its first cell. Ended early, it leaves `SearchAborted`
-/// set (and `StopFlag` 2 when the time was up). The caller prepares what one thinking shares with the static evaluation
-/// before it: `SearchAborted` cleared, `BackRankOn` set, thresholds and noise. `Ply` must be 0.
+/// Deepens iteratively over the moves that the root ply of the move list holds. It sorts the best move to the front of
+/// the list, keeps a score for each move in `moves`, and leaves the board as it was. The principal variation stands in
+/// row 0 of the best lines when `BestFound` is called; later root moves clear its first cell. Ended early, it leaves
+/// `SearchAborted` set (and `StopFlag` 2 when the time was up). The caller prepares what one thinking shares with the
+/// static evaluation before it: `SearchAborted` cleared, `BackRankOn` set, thresholds and noise. `Ply` must be 0.
 RootSearchResult SearchRoot(Position& position, SearchState& search, const RootSearchInput& input,
                             const RootSearchHooks& hooks, RootMoveTable& moves);
 

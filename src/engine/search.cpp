@@ -24,7 +24,6 @@ namespace tavlon12 {
 
 namespace {
 
-
 /// The value of a node where the side to move has no move, at a depth above 0.
 enum class NoMove {
     Loses,      ///< -32000, which the parent turns into a win that shrinks with the distance
@@ -37,7 +36,7 @@ using enum NoMove;
 
 struct MemberTraits {
     SearchMember Member;
-    Family Moves; ///< whose generator and evaluation it calls
+    Family Moves;        ///< whose generator and evaluation it calls
     Long DepthFloor;     ///< the lowest depth at which captures are still searched
     bool UnwindsAtEntry; ///< returns at once after any abort, otherwise only when a limit has been passed
     bool StopsOnTime;    ///< stops on any stop flag, not only on a cancel
@@ -131,8 +130,8 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     // 2. No best line yet
     position.BestLine[ply][ply].From = 0;
 
-    // 3. Static value and extension. Above depth 1 the value serves the extension of a forcing move alone; otherwise it is
-    // enough to know whether the position is won.
+    // 3. Static value and extension. Above depth 1 the value serves the extension of a forcing move alone; otherwise it
+    // is enough to know whether the position is won.
     const bool mayExtend = tree.PlyForcing[ply] == 1 && search.Options.ExtendedSearch == 1 && ply >= 2;
     const bool wholeScore = depth <= 1 || mayExtend || ply >= kMaxPly;
     const Long value = StaticValue<traits.Moves>(position, search, alpha, beta, wholeScore);

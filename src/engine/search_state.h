@@ -27,13 +27,13 @@ using BackRankLines = std::array<std::vector<BackRankLine>, 2>;
 struct EvaluationTables {
     std::array<std::array<Long, kBoardCells>, 2> SquareValue{};   ///< by side, then square
     std::array<std::array<Long, kBoardCells>, 2> PromotionCone{}; ///< 1 where a man of the side can still promote
-    std::array<Long, 2> EmptyAdvancement{};                  ///< by side, half its square values over all squares
-    tavlon12::BackRankLines BackRankLines;                   ///< of the general evaluation
-    tavlon12::BackRankLines FamilyBackRankLines;             ///< of the family's
-    bool ConesMatter = false;  ///< some square lies outside the cones
-    bool PromoEven = false;    ///< both sides have as many promotion squares
-    Long PromoCountMax = -1;   ///< the larger number of used promotion slots, minus 1
-    bool ClosenessOn = true;   ///< neither winning square rule is on
+    std::array<Long, 2> EmptyAdvancement{};                       ///< by side, half its square values over all squares
+    tavlon12::BackRankLines BackRankLines;                        ///< of the general evaluation
+    tavlon12::BackRankLines FamilyBackRankLines;                  ///< of the family's
+    bool ConesMatter = false;                                     ///< some square lies outside the cones
+    bool PromoEven = false;                                       ///< both sides have as many promotion squares
+    Long PromoCountMax = -1;             ///< the larger number of used promotion slots, minus 1
+    bool ClosenessOn = true;             ///< neither winning square rule is on
     Family VariantFamily = Family::None; ///< chosen once per game
 };
 
@@ -52,7 +52,7 @@ struct SearchState {
     bool LostFlag = false;    ///< the last evaluation found its side lost by the pieces or the winning squares
     bool NoMovesDraw = false; ///< it found the side to move without moves where that is a draw
     bool SearchAborted = false;
-    Long ExtensionLimit = 0; ///< plies from the root beyond which nothing is extended
+    Long ExtensionLimit = 0;     ///< plies from the root beyond which nothing is extended
     std::uint64_t NodeCount = 0; ///< calls of search members since it was last set to 0
 
     std::mt19937 Random{1};

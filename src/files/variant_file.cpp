@@ -30,8 +30,7 @@ struct Definition {
 
 /// The text behind `key` when the line begins with it.
 std::optional<std::string_view> ValueOf(std::string_view line, std::string_view key) {
-    if (!line.starts_with(key) || line.substr(key.size()).substr(0, 1) != "=")
-        return std::nullopt;
+    if (!line.starts_with(key) || line.substr(key.size()).substr(0, 1) != "=") return std::nullopt;
     return line.substr(key.size() + 1);
 }
 
@@ -50,13 +49,10 @@ void ReadText(std::string_view line, VariantTexts& texts) {
 /// False when the line holds a rule with a value out of the range of its kind.
 bool ReadRule(std::string_view line, Definition& definition) {
     const RuleKey* key = FindRuleKey(line.substr(0, line.find('=')));
-    if (key == nullptr)
-        return true;
+    if (key == nullptr) return true;
     auto value = ValueOf(line, key->Name);
-    if (!value)
-        return true;
-    if (!SetRuleValue(definition.Rules, *key, *value))
-        return false;
+    if (!value) return true;
+    if (!SetRuleValue(definition.Rules, *key, *value)) return false;
     if (key->Name == "Setup" && *value != "normal") {
         definition.Digits = *value;
         definition.BalanceNegated = false;
@@ -71,8 +67,7 @@ void Adopt(Definition&& definition, Position& position, VariantTexts& texts) {
     position.VariantName = position.VariantFile;
     position.DefinedRules = std::move(definition.Rules);
     texts = std::move(definition.Texts);
-    if (definition.Digits)
-        PlaceSetup(position, *definition.Digits);
+    if (definition.Digits) PlaceSetup(position, *definition.Digits);
     if (definition.BalanceNegated) {
         GameTree& tree = position.Tree;
         tree.PlyValue[0] = -tree.PlyValue[0];
@@ -91,8 +86,7 @@ std::optional<FileFailure> LoadVariant(const std::filesystem::path& folder, Posi
     using Kind = FileFailure::Kind;
     std::filesystem::path file = folder / (position.VariantFile + ".ini");
     std::vector<std::string> lines;
-    if (!ReadLines(file, lines))
-        return FileFailure{Kind::CannotOpen, file.string(), 0, ""};
+    if (!ReadLines(file, lines)) return FileFailure{Kind::CannotOpen, file.string(), 0, ""};
 
     Definition definition{position.DefinedRules, texts, {}, false};
     definition.Texts.VariantHelp.clear();

@@ -19,9 +19,9 @@ struct VariantTexts {
 /// The folder of a variant's definition below the program folder: `useClassic` 1 the program's, else the user's own.
 std::filesystem::path VariantFolder(const std::filesystem::path& programFolder, Long useClassic);
 
-/// Reads the definition of `position.VariantFile` from the folder into `DefinedRules`, and its start position, when it has
-/// one, onto the boards. The rules in force stay as they are. On a failure (no file, a value out of range, no line "END")
-/// nothing has changed.
+/// Reads the definition of `position.VariantFile` from the folder into `DefinedRules`, and its start position, when it
+/// has one, onto the boards. The rules in force stay as they are. On a failure (no file, a value out of range, no line
+/// "END") nothing has changed.
 std::optional<FileFailure> LoadVariant(const std::filesystem::path& folder, Position& position, VariantTexts& texts);
 
 } // namespace tavlon12

@@ -36,8 +36,7 @@ std::size_t NumberLength(std::string_view text) {
     return end;
 }
 
-template <typename Change>
-std::string Changed(std::string_view text, Change change) {
+template <typename Change> std::string Changed(std::string_view text, Change change) {
     std::string result(text);
     for (char& c : result) c = change(c);
     return result;

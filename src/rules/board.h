@@ -8,9 +8,10 @@
 
 namespace tavlon12 {
 
-// The mailbox: 16 rows of 14 cells, index = row * 14 + column. The 12 by 12 squares are rows 2 to 13, columns 1 to 12, that
-// is the indices 29 (a1, bottom left, White's side) to 194 (top right). Two border rows above and below and one border
-// column on each side let a step of up to 28 land on a border cell, so that no index is ever tested against the edge.
+// The mailbox: 16 rows of 14 cells, index = row * 14 + column. The 12 by 12 squares are rows 2 to 13, columns 1 to 12,
+// that is the indices 29 (a1, bottom left, White's side) to 194 (top right). Two border rows above and below and one
+// border column on each side let a step of up to 28 land on a border cell, so that no index is ever tested against the
+// edge.
 inline constexpr Long kBoardCells = 224;
 inline constexpr Long kBoardWidth = 14;
 inline constexpr Long kFirstSquare = 29;
@@ -106,7 +107,8 @@ BoardCells ClassicStart();
 /// 144 digits in index order: 0 empty, 1 white man, 2 black man, 3 white king, 4 black king.
 std::string PositionString(const BoardCells& board);
 
-/// Reads such digits; cells without a digit become empty, and so does a cell with any other character. Border cells stay.
+/// Reads such digits; cells without a digit become empty, and so does a cell with any other character. Border cells
+/// stay.
 BoardCells ReadPositionString(std::string_view digits);
 
 } // namespace tavlon12

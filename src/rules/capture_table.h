@@ -25,9 +25,9 @@ struct CaptureTable {
     std::array<CaptureRow, kCaptureRows> Rows;
     Long RowCount = 0;
     Long MaxLength = 0;
-    Long BestPiece = 0; ///< highest `StartPiece` for White, lowest for Black
-    Long LastCapCount = 0;      ///< jumps over the piece moved last that began a walk
-    bool NextIsLastCap = false; ///< the next row recorded began with such a jump
+    Long BestPiece = 0;                          ///< highest `StartPiece` for White, lowest for Black
+    Long LastCapCount = 0;                       ///< jumps over the piece moved last that began a walk
+    bool NextIsLastCap = false;                  ///< the next row recorded began with such a jump
     std::array<Long, kMaxJumps + 1> MostKings{}; ///< by length, most kings taken
     std::array<Long, 3> LongestOf{};             ///< by magnitude of the start piece, greatest length
 };

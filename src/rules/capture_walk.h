@@ -10,21 +10,22 @@ namespace tavlon12 {
 
 // How captures are found.
 //
-// A piece that captures walks over the board. At each square it stands on (a node of the walk) every capture direction is
-// tried in the order of its movement string; in a direction the walk looks for the piece to jump, and behind it for the
-// squares to land on, the nearest first. Each jump is carried out on the board itself: the piece moves, its start square is
-// empty, the jumped piece is marked by 10 less in its cell. From the new square the walk goes on in the same way, and when
-// all directions of a node are used up the jump that led there is undone. So the walk is depth-first, and the board is the
-// only copy of the position.
+// A piece that captures walks over the board. At each square it stands on (a node of the walk) every capture direction
+// is tried in the order of its movement string; in a direction the walk looks for the piece to jump, and behind it for
+// the squares to land on, the nearest first. Each jump is carried out on the board itself: the piece moves, its start
+// square is empty, the jumped piece is marked by 10 less in its cell. From the new square the walk goes on in the same
+// way, and when all directions of a node are used up the jump that led there is undone. So the walk is depth-first, and
+// the board is the only copy of the position.
 //
-// Captures are recorded on the way back, when a node is used up: with mandatory continuation only where no further jump was
-// found, otherwise at every node. A capture that ends on a promotion square is recorded at once where the rules end the
-// move there. What is recorded goes into a table of rows; which rows are legal moves depends on all of them and is decided
-// after the last piece has walked (capture_selection.h). Only American draughts, where every capture is as good as another,
-// puts them into the move list on the way.
+// Captures are recorded on the way back, when a node is used up: with mandatory continuation only where no further jump
+// was found, otherwise at every node. A capture that ends on a promotion square is recorded at once where the rules end
+// the move there. What is recorded goes into a table of rows; which rows are legal moves depends on all of them and is
+// decided after the last piece has walked (capture_selection.h). Only American draughts, where every capture is as good
+// as another, puts them into the move list on the way.
 //
-// Short pieces jump the neighbouring cell in a direction and land right behind it. Flying pieces look along the line for the
-// first piece and may land on any free square behind it. A man can start to fly in mid-walk, when it is crowned there.
+// Short pieces jump the neighbouring cell in a direction and land right behind it. Flying pieces look along the line
+// for the first piece and may land on any free square behind it. A man can start to fly in mid-walk, when it is crowned
+// there.
 
 /// Jumps that all walks of one call may make together before the call counts as running away.
 inline constexpr Long kMaxWork = 4'000'000;
@@ -32,10 +33,9 @@ inline constexpr Long kMaxWork = 4'000'000;
 /// Empties the table for a new call of a generator.
 void ClearCaptures(CaptureTable& table);
 
-/// The walks of one call of a generator, under `Rules` (walk_rules.h). A passed limit is left in the position's fault; the
-/// board is whole again either way.
-template <typename Rules>
-class CaptureWalk {
+/// The walks of one call of a generator, under `Rules` (walk_rules.h). A passed limit is left in the position's fault;
+/// the board is whole again either way.
+template <typename Rules> class CaptureWalk {
 public:
     CaptureWalk(Position& position, CaptureTable& table)
         : position_(position), table_(table), board_(position.Board), rules_(position), side_(position.Tree.SideToMove),
@@ -87,8 +87,8 @@ private:
         return !ends || Record(at, false, depth - 1);
     }
 
-    /// The cell of the piece to jump in a direction, 0 when there is none. A flying piece passes marked pieces where jumped
-    /// pieces do not block, and with `mayReverse` false it passes every piece, so that it finds none.
+    /// The cell of the piece to jump in a direction, 0 when there is none. A flying piece passes marked pieces where
+    /// jumped pieces do not block, and with `mayReverse` false it passes every piece, so that it finds none.
     Long FindCandidate(Long at, Long step, bool mayReverse) const {
         Long cell = at + step;
         if (!flying_) {
@@ -175,8 +175,8 @@ private:
     void AddRow(Long at, bool promotes, const CapturePath& stored) {
         Long length = stored.Count;
         Long kings = stored.KingCount();
-        table_.Rows[table_.RowCount] = {start_,   at, promotes ? 1 : 0,      kings, startPiece_,
-                                        longest_, table_.NextIsLastCap, stored};
+        table_.Rows[table_.RowCount] = {start_,      at,       promotes ? 1 : 0,     kings,
+                                        startPiece_, longest_, table_.NextIsLastCap, stored};
         table_.NextIsLastCap = false;
         ++table_.RowCount;
 

@@ -67,8 +67,7 @@ bool Matches(const RuleSet& r, const FamilyRow& row) {
            BeginsWithRow(r.PromoW, row.FirstPromoW) && BeginsWithRow(r.PromoB, row.FirstPromoB);
 }
 
-template <Family F>
-Long CountMoves(Position& position) {
+template <Family F> Long CountMoves(Position& position) {
     const FamilyRules<F> rules(position);
     if (CaptureStarters(position, rules).Any()) {
         GenerateFamilyMoves<F>(position, 0);
@@ -78,8 +77,7 @@ Long CountMoves(Position& position) {
 }
 
 /// Whether a recorded capture is legal. `maxLength` is the length asked for.
-template <Family F>
-bool IsSelected(const CaptureTable& table, const CaptureRow& row, Long maxLength) {
+template <Family F> bool IsSelected(const CaptureTable& table, const CaptureRow& row, Long maxLength) {
     if constexpr (F == Family::Italian) {
         return row.Path.Count == maxLength && row.KingsTaken == table.MostKings[maxLength] &&
                row.StartPiece == table.BestPiece;
@@ -89,8 +87,7 @@ bool IsSelected(const CaptureTable& table, const CaptureRow& row, Long maxLength
     }
 }
 
-template <Family F>
-void RegisterSelected(Position& position) {
+template <Family F> void RegisterSelected(Position& position) {
     const CaptureTable& table = position.Captures;
     bool kingsFirst = F == Family::Italian && Magnitude(table.BestPiece) == kKing;
     Long maxLength = kingsFirst ? table.LongestOf[kKing] : table.MaxLength;
@@ -115,16 +112,16 @@ Family RecognizeVariantFamily(const RuleSet& rules, const BoardCells& start) {
     return start == ClassicStart() ? FamilyOfRules(rules) : Family::None;
 }
 
-template <Family F>
-void GenerateFamilyMoves(Position& position, Long mode) {
+template <Family F> void GenerateFamilyMoves(Position& position, Long mode) {
     GameTree& tree = position.Tree;
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     // Captures are mandatory in all four sets, so that mode 0 gives no quiet moves.
     SquareSet starters = CaptureStarters(position, FamilyRules<F>(position));
-    MoveWalk walk = WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes) {
-        RegisterMove(position, from, to, promotes ? kKing : 0);
-        return false;
-    });
+    MoveWalk walk =
+        WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes) {
+            RegisterMove(position, from, to, promotes ? kKing : 0);
+            return false;
+        });
     if (walk == MoveWalk::LimitPassed) {
         tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     } else {

@@ -11,11 +11,11 @@ Family FamilyOfRules(const RuleSet& rules);
 /// The same for a game that begins with `start`, the initial board: only the classic start has a family.
 Family RecognizeVariantFamily(const RuleSet& rules, const BoardCells& start);
 
-/// The generators with a family's rules built in, for positions under exactly those rules: the moves of `GenerateMoves`, save
-/// that of equal captures by a man and a king the Italian one gives the king's alone, and that the American one gives quiet
-/// moves and captures square by square. Mode above 0: quiet moves and captures; else captures only.
-template <Family F>
-void GenerateFamilyMoves(Position& position, Long mode);
+/// The generators with a family's rules built in, for positions under exactly those rules: the moves of
+/// `GenerateMoves`, save that of equal captures by a man and a king the Italian one gives the king's alone, and that
+/// the American one gives quiet moves and captures square by square. Mode above 0: quiet moves and captures; else
+/// captures only.
+template <Family F> void GenerateFamilyMoves(Position& position, Long mode);
 
 /// The same for a family known at run time; `family` must not be None.
 void GenerateFamilyMoves(Family family, Position& position, Long mode);

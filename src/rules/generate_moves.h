@@ -4,9 +4,9 @@
 
 namespace tavlon12 {
 
-/// Fills the stretch of the move list for the current ply. Mode above 0: quiet moves and captures; 0: captures only, and with
-/// `CapRequired` off quiet moves too; below 0: captures only. The board is as before, also when a limit is passed: then
-/// `Fault` is set, `StopFlag` is 1 and the ply has no moves.
+/// Fills the stretch of the move list for the current ply. Mode above 0: quiet moves and captures; 0: captures only,
+/// and with `CapRequired` off quiet moves too; below 0: captures only. The board is as before, also when a limit is
+/// passed: then `Fault` is set, `StopFlag` is 1 and the ply has no moves.
 void GenerateMoves(Position& position, Long mode);
 
 /// The legal moves of the side to move: captures first, and all moves when there are none. Gives their number.

@@ -119,7 +119,8 @@ void TakeBackMove(Position& position, Long slot) {
     }
     // A man again also where the promotion has changed its colour.
     if (move.Promotes != 0 && move.From != kOffBoard) ReplacePiece(position, move.From, side * kMan);
-    if (rules.ManKing == 1 && tree.TreeLastMan[index] != 0) ReplacePiece(position, tree.TreeLastMan[index], -side * kMan);
+    if (rules.ManKing == 1 && tree.TreeLastMan[index] != 0)
+        ReplacePiece(position, tree.TreeLastMan[index], -side * kMan);
     if (rules.KingMan == 1 && tree.TreeKingMan[index] == 1) ReplacePiece(position, move.From, side * kKing);
 }
 

@@ -44,7 +44,8 @@ struct CapturePath {
     CapturePath Sorted() const;
 };
 
-/// A move. `From` is 999 for a piece placed from off the board; `To` may equal `From` when a capture ends where it began.
+/// A move. `From` is 999 for a piece placed from off the board; `To` may equal `From` when a capture ends where it
+/// began.
 struct MoveRecord {
     Long From = 0;
     Long To = 0;

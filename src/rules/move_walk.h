@@ -7,9 +7,10 @@
 
 namespace tavlon12 {
 
-// The walk over the squares that the generator and the evaluation's scan share. In ascending order of index each piece of the
-// side to move first gets its quiet moves, then its capture walk; on an empty square a piece may be placed from off the
-// board. Within a square the words of the movement string tell the order, and along a line the nearest square comes first.
+// The walk over the squares that the generator and the evaluation's scan share. In ascending order of index each piece
+// of the side to move first gets its quiet moves, then its capture walk; on an empty square a piece may be placed from
+// off the board. Within a square the words of the movement string tell the order, and along a line the nearest square
+// comes first.
 
 enum class MoveWalk { Finished, Stopped, LimitPassed };
 
@@ -20,7 +21,8 @@ inline Long FriendRun(const BoardCells& board, Long piece, Long cell, Long step,
     return length;
 }
 
-/// Calls `onQuiet(from, to, promotes)` for each quiet move of the piece on `square` until that returns true; gives whether it did.
+/// Calls `onQuiet(from, to, promotes)` for each quiet move of the piece on `square` until that returns true; gives
+/// whether it did.
 template <typename Rules, typename OnQuiet>
 bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, OnQuiet onQuiet) {
     constexpr Long kFriendJumpPromotionSlots = 12;
@@ -43,7 +45,8 @@ bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, O
         } else if (rules.JumpFriend() && board[target] == piece) {
             Long end;
             Long length = FriendRun(board, piece, target, step, end);
-            if (board[end] != kEmpty || (position.Rules.NumberFriends != -1 && position.Rules.NumberFriends != length)) continue;
+            if (board[end] != kEmpty || (position.Rules.NumberFriends != -1 && position.Rules.NumberFriends != length))
+                continue;
             bool promotes = man && IsPromotionSquare(position, side, end, kFriendJumpPromotionSlots);
             if (onQuiet(square, end, promotes)) return true;
         }
@@ -51,8 +54,8 @@ bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, O
     return false;
 }
 
-/// Whether the side to move may place a piece from off the board on the square: it lies in the side's first row and the cell of
-/// the same column in its last row is free.
+/// Whether the side to move may place a piece from off the board on the square: it lies in the side's first row and the
+/// cell of the same column in its last row is free.
 inline bool MayPlace(const Position& position, Long square) {
     const RuleSet& rules = position.Rules;
     const GameTree& tree = position.Tree;
@@ -68,10 +71,9 @@ inline bool MayPlace(const Position& position, Long square) {
     return other >= 0 && other < kBoardCells && position.Board[other] == kEmpty;
 }
 
-/// The pieces of the side to move that a capture may start from: short pieces with a piece to take beside them and a free
-/// square behind it, and all flying pieces. No other piece's walk can make a jump.
-template <typename Rules>
-SquareSet CaptureStarters(const Position& position, const Rules& rules) {
+/// The pieces of the side to move that a capture may start from: short pieces with a piece to take beside them and a
+/// free square behind it, and all flying pieces. No other piece's walk can make a jump.
+template <typename Rules> SquareSet CaptureStarters(const Position& position, const Rules& rules) {
     Long man = PieceType(position.Tree.SideToMove * kMan);
     const auto& sets = position.Key.Sets;
     const SquareSet& enemyMen = sets[man ^ 1];
@@ -99,8 +101,7 @@ SquareSet CaptureStarters(const Position& position, const Rules& rules) {
 }
 
 /// The pieces of the side to move that have an empty square to step to; where runs can be jumped, all its pieces.
-template <typename Rules>
-SquareSet QuietStarters(const Position& position, const Rules& rules) {
+template <typename Rules> SquareSet QuietStarters(const Position& position, const Rules& rules) {
     if (rules.JumpFriend()) return PiecesOf(position, position.Tree.SideToMove);
     Long man = PieceType(position.Tree.SideToMove * kMan);
     SquareSet empty = EmptySquares(position);
@@ -115,9 +116,9 @@ SquareSet QuietStarters(const Position& position, const Rules& rules) {
     return starters;
 }
 
-/// The number of quiet moves, where neither runs are jumped nor pieces placed: steps of short pieces are shifts of their set.
-template <typename Rules>
-Long CountQuietMoves(const Position& position, const Rules& rules) {
+/// The number of quiet moves, where neither runs are jumped nor pieces placed: steps of short pieces are shifts of
+/// their set. A number that the move list has no room for sets `StopFlag`, as listing them would.
+template <typename Rules> Long CountQuietMoves(Position& position, const Rules& rules) {
     SquareSet empty = EmptySquares(position);
     Long man = PieceType(position.Tree.SideToMove * kMan);
     Long count = 0;
@@ -138,11 +139,12 @@ Long CountQuietMoves(const Position& position, const Rules& rules) {
             count += (pieces.Shifted(step) & empty).Count();
         }
     }
+    if (position.Tree.PlyFirstMove[position.Tree.Ply] + count >= kMoveSlots) position.StopFlag = kStopCancel;
     return count;
 }
 
-/// Walks over all squares: quiet moves and placements to `onQuiet`, captures into the table. `captures` are the pieces that a
-/// capture may start from, as `CaptureStarters` gives them.
+/// Walks over all squares: quiet moves and placements to `onQuiet`, captures into the table. `captures` are the pieces
+/// that a capture may start from, as `CaptureStarters` gives them.
 template <typename Rules, typename OnQuiet>
 MoveWalk WalkMoves(Position& position, Long mode, const SquareSet& captures, CaptureTable& table, OnQuiet onQuiet) {
     const Rules rules(position);

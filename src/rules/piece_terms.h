@@ -7,8 +7,8 @@
 
 namespace tavlon12 {
 
-/// Three numbers of a piece on its square that the evaluation wants added up over the board, packed into one so that making a
-/// move keeps all sums by one addition. Each sum must stay within plus or minus 2^20.
+/// Three numbers of a piece on its square that the evaluation wants added up over the board, packed into one so that
+/// making a move keeps all sums by one addition. Each sum must stay within plus or minus 2^20.
 using PackedTerms = std::int64_t;
 
 inline constexpr int kTermBits = 21;

@@ -26,8 +26,8 @@ struct GeneratorFault {
 inline constexpr Long kStopCancel = 1; ///< the user cancelled, or the move list is full
 inline constexpr Long kStopTime = 2;
 
-/// Which squares promote, by the slots of the two lists: men in general ask all slots, friend jumps the first 12, the families the
-/// first 6.
+/// Which squares promote, by the slots of the two lists: men in general ask all slots, friend jumps the first 12, the
+/// families the first 6.
 struct PromotionMarks {
     std::array<std::array<Byte, kBoardCells>, 2> FirstSlot{}; ///< by side, the slot of the square from 1 on; 0 for none
 
@@ -39,8 +39,8 @@ struct PromotionMarks {
 
 PromotionMarks MarkPromotions(const RuleSet& rules);
 
-/// A board of one byte a cell, border cells 0, for loops over many cells at once. Room before and behind lets such a loop look
-/// a step away from any cell.
+/// A board of one byte a cell, border cells 0, for loops over many cells at once. Room before and behind lets such a
+/// loop look a step away from any cell.
 inline constexpr Long kByteMargin = 32;
 using ByteBoard = std::array<std::int8_t, kBoardCells + 2 * kByteMargin>;
 
@@ -54,20 +54,20 @@ struct Position {
     PromotionMarks Promotions = MarkPromotions(RuleSet());
 
     // Follow from the rules and the start position
-    bool DedupCaptures = false;      ///< routes over the same pieces count as one capture
-    bool SidewaysStepsOnly = false;  ///< every step is one cell sideways or along the column
-    bool SidewaysManyMen = false;    ///< sideways steps, and more than 12 men each at the start
-    Long PieceSum = 0;               ///< magnitudes of the start position
-    Long WhiteMen = 0;               ///< men of the start position, when it was counted
+    bool DedupCaptures = false;     ///< routes over the same pieces count as one capture
+    bool SidewaysStepsOnly = false; ///< every step is one cell sideways or along the column
+    bool SidewaysManyMen = false;   ///< sideways steps, and more than 12 men each at the start
+    Long PieceSum = 0;              ///< magnitudes of the start position
+    Long WhiteMen = 0;              ///< men of the start position, when it was counted
     Long BlackMen = 0;
-    bool CustomSetup = false;        ///< the start position was set by hand, loaded or drawn; a new game keeps it
+    bool CustomSetup = false; ///< the start position was set by hand, loaded or drawn; a new game keeps it
 
     BoardCells Board = EmptyBoard();
-    PositionKey Key;                   ///< of `Board`: the pieces as sets of squares
-    std::array<Long, 4> PieceCount{};  ///< by piece type
-    ByteBoard Bytes{};                 ///< the live pieces of `Board` again, a byte each
-    PieceTermTable TermsOfPieces{};    ///< what the evaluations want summed up, set when their tables are built
-    PieceTerms TermSum;                ///< over the pieces on the board
+    PositionKey Key;                  ///< of `Board`: the pieces as sets of squares
+    std::array<Long, 4> PieceCount{}; ///< by piece type
+    ByteBoard Bytes{};                ///< the live pieces of `Board` again, a byte each
+    PieceTermTable TermsOfPieces{};   ///< what the evaluations want summed up, set when their tables are built
+    PieceTerms TermSum;               ///< over the pieces on the board
     BoardCells InitialBoard = EmptyBoard();
     GameTree Tree;
     MoveList Moves{};
@@ -127,7 +127,8 @@ inline bool IsPromotionSquare(const Position& position, Long side, Long square, 
     return position.Promotions.Has(side, square, slots);
 }
 
-/// Takes over the steps and the promotion squares of the rules: `DirTable` and the marks anew, then `RecognizeBoardKind` and `ClassifySteps`.
+/// Takes over the steps and the promotion squares of the rules: `DirTable` and the marks anew, then
+/// `RecognizeBoardKind` and `ClassifySteps`.
 void AdoptMovements(Position& position);
 
 /// A step of +1 or -1 makes all squares playable; flying kings on such a board make `DedupCaptures` 1.
@@ -136,7 +137,8 @@ void RecognizeBoardKind(Position& position);
 /// Sets `SidewaysStepsOnly` and `SidewaysManyMen` from the steps and the men of the start.
 void ClassifySteps(Position& position);
 
-/// Moves every piece between the two squares of its column pair: `back` false from row + column odd to even, true the reverse.
+/// Moves every piece between the two squares of its column pair: `back` false from row + column odd to even, true the
+/// reverse.
 void ShiftPieces(Position& position, bool back);
 
 /// Moves each used promotion slot onto the playing colour.
@@ -145,19 +147,20 @@ void ShiftPromotions(Position& position);
 /// Brings the pieces onto the playing colour after the rule on colour has changed.
 void MatchPiecesToColour(Position& position);
 
-/// The first three steps of a new game but the reading of the definition: the classic start on `Board` and `InitialBoard`, with
-/// a balance of 0 and the material sum 40 that such a start has.
+/// The first three steps of a new game but the reading of the definition: the classic start on `Board` and
+/// `InitialBoard`, with a balance of 0 and the material sum 40 that such a start has.
 void PlaceClassicStart(Position& position);
 
-/// What a definition's `Setup` line gives: the digits on `Board` and `InitialBoard`, the men and the sum counted, the balance of
-/// the root seen from Black.
+/// What a definition's `Setup` line gives: the digits on `Board` and `InitialBoard`, the men and the sum counted, the
+/// balance of the root seen from Black.
 void PlaceSetup(Position& position, std::string_view digits);
 
 /// The last two steps of a new game: the pieces and promotion squares onto the playing colour, the side to move from
 /// `BlackStarts`, the tree empty, the material of the root.
 void FinishNewPosition(Position& position);
 
-/// Makes the board, set by hand or drawn, the start of a game: `InitialBoard`, counts, balance and `BlackStarts` follow.
+/// Makes the board, set by hand or drawn, the start of a game: `InitialBoard`, counts, balance and `BlackStarts`
+/// follow.
 void AdoptBoard(Position& position);
 
 /// Empties plies and half-moves; the side to move, the balance and the pieces off the board stay.

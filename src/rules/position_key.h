@@ -7,9 +7,9 @@
 
 namespace tavlon12 {
 
-/// Identifies a placement exactly: where the pieces of each type stand. The hash is the exclusive or of one random number a
-/// piece and makes a comparison quick; equal keys have equal sets. The side to move is no part of it. The key of an empty
-/// board equals that of an entry never written.
+/// Identifies a placement exactly: where the pieces of each type stand. The hash is the exclusive or of one random
+/// number a piece and makes a comparison quick; equal keys have equal sets. The side to move is no part of it. The key
+/// of an empty board equals that of an entry never written.
 struct PositionKey {
     std::uint64_t Hash = 0;
     std::array<SquareSet, 4> Sets{}; ///< by piece type

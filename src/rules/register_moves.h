@@ -53,7 +53,8 @@ inline void RegisterMove(Position& position, Long from, Long to, Long promotes =
 }
 
 /// Appends a capture.
-inline void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures, Long promotes = 0) {
+inline void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures,
+                                Long promotes = 0) {
     MoveRecord& move = AppendSlot(position);
     move.From = from;
     move.To = to;

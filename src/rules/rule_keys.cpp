@@ -66,8 +66,7 @@ const RuleKey kRuleKeys[] = {
 
 template <typename Number> bool ReadNumber(std::string_view text, Number& value) {
     double number = std::nearbyint(ParseNumber(text)); // ties to even
-    if (number < std::numeric_limits<Number>::min() || number > std::numeric_limits<Number>::max())
-        return false;
+    if (number < std::numeric_limits<Number>::min() || number > std::numeric_limits<Number>::max()) return false;
     value = static_cast<Number>(number);
     return true;
 }
@@ -118,8 +117,7 @@ PromotionList ReadPromotionList(std::string_view text) {
 std::string PromotionListText(const PromotionList& list) {
     std::string text;
     for (Long square : list) {
-        if (square != kUnusedSlot)
-            text += UpperCase(SquareNotation(square, Padding::Blank, kAlgebraic));
+        if (square != kUnusedSlot) text += UpperCase(SquareNotation(square, Padding::Blank, kAlgebraic));
     }
     return text;
 }

@@ -9,8 +9,7 @@
 
 namespace tavlon12 {
 
-using RuleMember =
-    std::variant<Byte RuleSet::*, Long RuleSet::*, PromotionList RuleSet::*, std::string RuleSet::*>;
+using RuleMember = std::variant<Byte RuleSet::*, Long RuleSet::*, PromotionList RuleSet::*, std::string RuleSet::*>;
 
 /// One rule value: its key in every file, the member that holds it, and the text beside its control.
 struct RuleKey {
@@ -27,8 +26,8 @@ std::span<const RuleKey> RuleKeys();
 const RuleKey* FindRuleKey(std::string_view name);
 
 /// Reads a value in the form of a definition file: numbers by their longest start, promotion squares as pairs of column
-/// letter and rank ("BbDb"), other texts as they stand. False, with nothing changed, when a number is out of the range of
-/// its kind (Byte 0 to 255, Long 32 bits).
+/// letter and rank ("BbDb"), other texts as they stand. False, with nothing changed, when a number is out of the range
+/// of its kind (Byte 0 to 255, Long 32 bits).
 [[nodiscard]] bool SetRuleValue(RuleSet& rules, const RuleKey& key, std::string_view text);
 
 /// Up to 20 squares, two characters each; a pair that is no square leaves its slot unused.

@@ -8,8 +8,9 @@
 
 namespace tavlon12 {
 
-/// A set of squares as bits, bit 0 the first square of the mailbox. Border cells between the squares have bits too, so that a
-/// step in any direction is a shift by that step; what runs onto a border cell is cleared by the set of empty squares.
+/// A set of squares as bits, bit 0 the first square of the mailbox. Border cells between the squares have bits too, so
+/// that a step in any direction is a shift by that step; what runs onto a border cell is cleared by the set of empty
+/// squares.
 struct SquareSet {
     std::array<std::uint64_t, 3> Words{};
 
@@ -39,7 +40,8 @@ struct SquareSet {
         return kFirstSquare + 64 * word + 63 - std::countl_zero(Words[word]);
     }
 
-    /// The lowest column of the highest row that has a square, and the highest column of the lowest row; not for an empty set.
+    /// The lowest column of the highest row that has a square, and the highest column of the lowest row; not for an
+    /// empty set.
     constexpr Long FirstOfLastRow() const {
         Long square = RowOf(Last()) * kBoardWidth + 1;
         while (!Has(square)) ++square;
@@ -53,8 +55,7 @@ struct SquareSet {
     }
 
     /// Calls `visit(square)` in ascending order until that returns true.
-    template <typename Visit>
-    constexpr void ForEachUntil(Visit visit) const {
+    template <typename Visit> constexpr void ForEachUntil(Visit visit) const {
         Long base = kFirstSquare;
         for (std::uint64_t word : Words) {
             for (; word != 0; word &= word - 1) {
@@ -64,8 +65,7 @@ struct SquareSet {
         }
     }
 
-    template <typename Visit>
-    constexpr void ForEach(Visit visit) const {
+    template <typename Visit> constexpr void ForEach(Visit visit) const {
         ForEachUntil([&](Long square) {
             visit(square);
             return false;
@@ -79,7 +79,8 @@ struct SquareSet {
             return {{Words[0] << up, Words[1] << up | Words[0] >> (64 - up), Words[2] << up | Words[1] >> (64 - up)}};
         }
         auto down = static_cast<unsigned>(-step);
-        return {{Words[0] >> down | Words[1] << (64 - down), Words[1] >> down | Words[2] << (64 - down), Words[2] >> down}};
+        return {
+            {Words[0] >> down | Words[1] << (64 - down), Words[1] >> down | Words[2] << (64 - down), Words[2] >> down}};
     }
 
     friend constexpr SquareSet operator&(const SquareSet& a, const SquareSet& b) {

@@ -7,7 +7,8 @@ namespace tavlon12 {
 /// The four rule sets that have generators and evaluations of their own.
 enum class Family : Long { None, American, Italian, German, Russian };
 
-// What a walk over the board asks of the rules: from the position's rule set, or, for a family, as constants that cost nothing.
+// What a walk over the board asks of the rules: from the position's rule set, or, for a family, as constants that cost
+// nothing.
 
 struct GeneralRules {
     static constexpr bool kRegistersAtOnce = false;
@@ -35,8 +36,7 @@ struct GeneralRules {
     bool DedupCaptures() const { return dedup; }
 };
 
-template <Family F>
-struct FamilyRules {
+template <Family F> struct FamilyRules {
     static constexpr bool kFlying = F == Family::German || F == Family::Russian;
     static constexpr bool kRegistersAtOnce = F == Family::American;
     static constexpr Long kPromotionSlots = 6;

@@ -42,20 +42,17 @@ void PrepareThinking(Session& session) {
     session.PredictedTo = 0;
     session.ResultText.clear();
     session.Input.MovablesBoxed = false;
-    if (session.Settings.ShowAvailableMoves == 1)
-        RedrawFromSquares(session);
+    if (session.Settings.ShowAvailableMoves == 1) RedrawFromSquares(session);
 
     if (session.PlayMode != kComputerComputer) {
         port.ListClear(ListId::List2);
         port.ListClear(ListId::List3);
-        for (ListId list : {ListId::List1, ListId::List2, ListId::List3})
-            port.SetListEnabled(list, false);
+        for (ListId list : {ListId::List1, ListId::List2, ListId::List3}) port.SetListEnabled(list, false);
     }
     ShowStrengthLine(session);
     ForgetFuture(session);
     port.SetStatusText(1, "Thinking...");
-    if (session.Settings.CalculationOn == 1)
-        port.SetSearchLine("");
+    if (session.Settings.CalculationOn == 1) port.SetSearchLine("");
     ShutCommandsForThinking(session);
 }
 
@@ -74,19 +71,15 @@ bool EndsBeforeThinking(Session& session) {
         return true;
     }
 
-    if (!lost && value != kWin && GenerateLegalMoves(position) > 0)
-        return false;
-    if (position.Fault.Passed())
-        return false;
+    if (!lost && value != kWin && GenerateLegalMoves(position) > 0) return false;
+    if (position.Fault.Passed()) return false;
     const bool computerWins = !lost && (value == kWin || position.Rules.AntiMode == 1);
     const std::string text = computerWins ? "Computer wins!" : UserWins(session);
     SetGameResult(session, GameResult::FromBoard);
     session.GameOver = true;
-    if (lost || value == kWin)
-        session.Port.SetStatusText(1, text);
+    if (lost || value == kWin) session.Port.SetStatusText(1, text);
     WaitSeconds(session, kPause);
-    if (!session.Quitting)
-        AnnounceResult(session, text, computerWins ? 0 : 1);
+    if (!session.Quitting) AnnounceResult(session, text, computerWins ? 0 : 1);
     return true;
 }
 
@@ -98,15 +91,13 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
     RootSearchInput input = RootInputOf(session);
     port.SetProgress(0);
     WaitSeconds(session, kPause);
-    if (session.Quitting)
-        return std::nullopt;
+    if (session.Quitting) return std::nullopt;
     StartProgress(session, input, display);
     input.StartTime = WholeSeconds(session);
     FillCandidates(session);
     const RootSearchResult result =
         SearchRoot(session.Pos, session.Search, input, ThinkingHooks(session, display), session.RootMoves);
-    if (session.Quitting || EndOnGeneratorFault(session))
-        return std::nullopt;
+    if (session.Quitting || EndOnGeneratorFault(session)) return std::nullopt;
     session.LastScore = result.LastScore;
     session.Search.RepeatCount = 0;
 
@@ -121,8 +112,7 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
         session.Search.SearchAborted = false;
     }
     SortCandidates(session);
-    if (session.PlayMode != kComputerComputer)
-        ShowCandidates(session, session.RootMoves[0].From);
+    if (session.PlayMode != kComputerComputer) ShowCandidates(session, session.RootMoves[0].From);
     port.SetStatusText(1, "");
     return result.BestDepth;
 }
@@ -175,8 +165,7 @@ void PlayMove(Session& session, const ThinkingDisplay& display, Long bestDepth) 
     InitGameTree(position);
     UpdateDrawStatus(session);
     DrawBoard(session, 0);
-    if (!won)
-        return;
+    if (!won) return;
     SetGameResult(session, GameResult::FromBoard);
     WaitSeconds(session, kPause);
     session.Port.SetProgress(display.ProgressMaximum);
@@ -200,12 +189,10 @@ void MaybeAskForDraw(Session& session) {
         session.PlayMode == kComputerComputer)
         return;
     const double chance = static_cast<double>(session.Search.Random()) / 4294967296.0;
-    if (!(chance < 0.1 || standsStill) || session.LastScore >= 30000 || session.MateAnnounced)
-        return;
+    if (!(chance < 0.1 || standsStill) || session.LastScore >= 30000 || session.MateAnnounced) return;
     session.LastDrawAsk = tree.TreeIndex;
     WaitSeconds(session, kPause);
-    if (session.Quitting || !session.Port.AskYesNo("How about a draw?", "Question"))
-        return;
+    if (session.Quitting || !session.Port.AskYesNo("How about a draw?", "Question")) return;
     SetGameResult(session, GameResult::Draw);
     session.GameOver = true;
     AnnounceResult(session, "It's a draw!", 0.5);
@@ -214,12 +201,10 @@ void MaybeAskForDraw(Session& session) {
 /// Ends the game by a draw rule that the position meets.
 void MaybeDrawByRule(Session& session) {
     GenerateMoves(session.Pos, 0);
-    if (!DrawRuleApplies(session, MoveCount(session.Pos.Tree) == 0))
-        return;
+    if (!DrawRuleApplies(session, MoveCount(session.Pos.Tree) == 0)) return;
     SetGameResult(session, GameResult::Draw);
     WaitSeconds(session, kPause);
-    if (session.Quitting)
-        return;
+    if (session.Quitting) return;
     session.GameOver = true;
     UpdateRating(session, 0.5);
     ShowDrawMessage(session);
@@ -229,13 +214,11 @@ void MaybeDrawByRule(Session& session) {
 /// back.
 void CloseThinking(Session& session) {
     const bool canMove = GenerateLegalMoves(session.Pos) > 0;
-    if (EndOnGeneratorFault(session))
-        return;
+    if (EndOnGeneratorFault(session)) return;
     if (!canMove && !session.GameOver) {
         session.GameOver = true;
         WaitSeconds(session, kPause);
-        if (session.Quitting)
-            return;
+        if (session.Quitting) return;
         SetGameResult(session, GameResult::FromBoard);
         const bool userWins = session.Pos.Rules.AntiMode == 1 && session.PlayMode != kComputerComputer;
         AnnounceResult(session, userWins ? UserWins(session) : "Computer wins!", userWins ? 1 : 0);
@@ -245,13 +228,10 @@ void CloseThinking(Session& session) {
     const bool autoplay = session.PlayMode == kComputerComputer;
     const bool goesOn = autoplay && !session.GameOver && !session.Search.SearchAborted;
     // A click on Cancel that came when the search was over must not stop the next one.
-    if (!autoplay)
-        session.Pos.StopFlag = 0;
-    if (goesOn)
-        return;
+    if (!autoplay) session.Pos.StopFlag = 0;
+    if (goesOn) return;
     RefreshLegalMoves(session);
-    if (autoplay)
-        ShowCandidates(session, session.RootMoves[0].From);
+    if (autoplay) ShowCandidates(session, session.RootMoves[0].From);
 }
 
 } // namespace
@@ -268,20 +248,15 @@ void ThinkComputerMove(Session& session) {
     const Long startTime = WholeSeconds(session);
     PrepareThinking(session);
     if (!EndsBeforeThinking(session)) {
-        if (EndOnGeneratorFault(session))
-            return;
+        if (EndOnGeneratorFault(session)) return;
         ThinkingDisplay display;
         const std::optional<Long> bestDepth = SearchMove(session, display, startTime);
-        if (!bestDepth)
-            return;
+        if (!bestDepth) return;
         PlayMove(session, display, *bestDepth);
-        if (!session.GameOver && !session.Quitting)
-            MaybeAskForDraw(session);
-        if (!session.GameOver && !session.Quitting)
-            MaybeDrawByRule(session);
+        if (!session.GameOver && !session.Quitting) MaybeAskForDraw(session);
+        if (!session.GameOver && !session.Quitting) MaybeDrawByRule(session);
     }
-    if (!session.Quitting)
-        CloseThinking(session);
+    if (!session.Quitting) CloseThinking(session);
 }
 
 } // namespace tavlon12

@@ -23,8 +23,7 @@ Long MoveLimitOf(Byte code) {
 Long LastIrreversible(const GameRecord& record, Long count) {
     for (Long halfMove = count; halfMove >= 1; --halfMove) {
         const MoveRecord& move = record.MoveHistory[halfMove];
-        if (move.IsCapture() || move.Promotes != 0)
-            return halfMove - 1;
+        if (move.IsCapture() || move.Promotes != 0) return halfMove - 1;
     }
     return -1;
 }
@@ -36,8 +35,7 @@ bool KingsRuleReached(Long treeIndex, bool materialThere, bool ruleOn, Long move
         from = 0;
         return false;
     }
-    if (!ruleOn)
-        return false;
+    if (!ruleOn) return false;
     if (from == 0) {
         from = treeIndex;
         return false;
@@ -70,22 +68,18 @@ void UpdateDrawStatus(Session& session) {
     Position& position = session.Pos;
     const Long treeIndex = position.Tree.TreeIndex;
     session.DrawReason = 0;
-    if (treeIndex < 1)
-        return;
+    if (treeIndex < 1) return;
 
     position.PositionKeys[treeIndex - 1] = KeyOf(position.Board);
-    if (FindRepetition(position, treeIndex - 1).RepeatCount > 2)
-        session.DrawReason = 1;
-    if (CheckMoveLimit(session, treeIndex - 1))
-        session.DrawReason = 2;
+    if (FindRepetition(position, treeIndex - 1).RepeatCount > 2) session.DrawReason = 1;
+    if (CheckMoveLimit(session, treeIndex - 1)) session.DrawReason = 2;
 
     const PieceCensus census = CountPieces(position.Board);
     const auto kingsOnly = [&census](Long more, Long fewer) {
         return !census.AnyMan && ((census.WhiteSum == more && census.BlackSum == fewer) ||
                                   (census.WhiteSum == fewer && census.BlackSum == more));
     };
-    if (kingsOnly(2, 2))
-        session.DrawReason = 3;
+    if (kingsOnly(2, 2)) session.DrawReason = 3;
     const RuleSet& rules = position.Rules;
     if (KingsRuleReached(treeIndex, kingsOnly(6, 2), rules.ThreeKings == 1, rules.NumberKings, session.ThreeKingsFrom))
         session.DrawReason = 4;
@@ -101,16 +95,11 @@ bool CheckMoveLimit(const Session& session, Long index) {
 bool DrawRuleApplies(const Session& session, bool noMoveInFirstList) {
     switch (session.DrawReason) {
     case 1:
-    case 2:
-        return session.Settings.ChessDraws == 1;
-    case 3:
-        return session.Settings.KingVersusKing == 1 && noMoveInFirstList;
-    case 4:
-        return session.Pos.Rules.ThreeKings == 1;
-    case 5:
-        return session.Pos.Rules.TwoKings == 1;
-    default:
-        return false;
+    case 2: return session.Settings.ChessDraws == 1;
+    case 3: return session.Settings.KingVersusKing == 1 && noMoveInFirstList;
+    case 4: return session.Pos.Rules.ThreeKings == 1;
+    case 5: return session.Pos.Rules.TwoKings == 1;
+    default: return false;
     }
 }
 
@@ -125,14 +114,11 @@ void CheckGameEnd(Session& session) {
     const bool noMoveInFirstList = MoveCount(position.Tree) == 0;
     GenerateMoves(position, 1);
     const bool canMove = MoveCount(position.Tree) > 0;
-    if (EndOnGeneratorFault(session))
-        return;
-    if (canMove && !won && !DrawRuleApplies(session, noMoveInFirstList))
-        return;
+    if (EndOnGeneratorFault(session)) return;
+    if (canMove && !won && !DrawRuleApplies(session, noMoveInFirstList)) return;
 
     PauseBeforeVerdict(session);
-    if (session.Quitting)
-        return;
+    if (session.Quitting) return;
     session.GameOver = true;
     DisableGameCommands(session);
     session.Port.SetListEnabled(ListId::List2, false);
@@ -166,34 +152,21 @@ void SetGameResult(Session& session, GameResult result) {
     const std::string whiteLost = whiteBegan ? "0-1" : "1-0";
     const std::string blackLost = Swapped(whiteLost);
     const PieceCensus census = CountPieces(position.Board);
-    if (census.WhiteSum == 0)
-        session.ResultText = whiteLost;
-    if (census.BlackSum == 0)
-        session.ResultText = blackLost;
+    if (census.WhiteSum == 0) session.ResultText = whiteLost;
+    if (census.BlackSum == 0) session.ResultText = blackLost;
     if (session.ResultText.empty() && GenerateLegalMoves(position) == 0)
         session.ResultText = position.Tree.SideToMove == kWhite ? whiteLost : blackLost;
-    if (!session.ResultText.empty() && position.Rules.AntiMode == 1)
-        session.ResultText = Swapped(session.ResultText);
+    if (!session.ResultText.empty() && position.Rules.AntiMode == 1) session.ResultText = Swapped(session.ResultText);
 }
 
 void ShowDrawMessage(Session& session) {
     std::string text = "It's a draw! ";
     switch (session.DrawReason) {
-    case 1:
-        text += "Triple Repetition";
-        break;
-    case 2:
-        text += "50 Moves Rule";
-        break;
-    case 3:
-        text += "King versus King";
-        break;
-    case 4:
-        text += "3 Kings versus 1 King";
-        break;
-    default:
-        text += "2 Kings versus 1 King";
-        break;
+    case 1: text += "Triple Repetition"; break;
+    case 2: text += "50 Moves Rule"; break;
+    case 3: text += "King versus King"; break;
+    case 4: text += "3 Kings versus 1 King"; break;
+    default: text += "2 Kings versus 1 King"; break;
     }
     session.Port.SetStatusText(1, text);
     ShowMessage(session, text + session.RatingNote, "Congratulations", MessageKind::Exclamation);

@@ -31,11 +31,12 @@ struct GameRecord {
     Long LastMoveIndex = 0; ///< half-moves in the record; `TreeIndex` is below it after going back
     std::array<MoveRecord, kMaxHalfMoves + 2> MoveHistory{};
     std::array<Long, kMaxHalfMoves + 2> MoveScores{};
-    std::array<Long, kMaxHalfMoves + 2> MoveChoices{};         ///< legal moves there were to choose from
-    std::array<std::string, kMaxHalfMoves + 2> MoveComments{}; ///< of the position after the half-move; entry 0 of the start
+    std::array<Long, kMaxHalfMoves + 2> MoveChoices{}; ///< legal moves there were to choose from
+    std::array<std::string, kMaxHalfMoves + 2>
+        MoveComments{}; ///< of the position after the half-move; entry 0 of the start
 
-    /// Row n holds the pair n from 1 on. Columns 0 and 1: move key, a blank, shown text ("c3d4 c3-d4"); 2 and 3: kind; 4: the
-    /// depth of the row's computer move, or "2" after a person's.
+    /// Row n holds the pair n from 1 on. Columns 0 and 1: move key, a blank, shown text ("c3d4 c3-d4"); 2 and 3: kind;
+    /// 4: the depth of the row's computer move, or "2" after a person's.
     std::array<std::array<std::string, 5>, kMaxHalfMoves / 2 + 2> GameRows{};
 };
 

@@ -40,22 +40,18 @@ std::string MoveKeyOfTypedText(const Session& session, const std::string& typed)
             continue;
         }
         const std::size_t mark = text.find('-');
-        if (mark == std::string::npos)
-            return text;
+        if (mark == std::string::npos) return text;
         std::string before = text.substr(0, mark);
         std::string after = text.substr(mark + 1);
-        if (before.size() == 1)
-            before += ' ';
-        if (after.size() == 1)
-            after += ' ';
+        if (before.size() == 1) before += ' ';
+        if (after.size() == 1) after += ' ';
         text = before + after;
     }
 }
 
 /// Makes the move or says that it is none.
 bool MakeOrRefuse(Session& session, const std::string& key) {
-    if (InputMove(session, key))
-        return true;
+    if (InputMove(session, key)) return true;
     if (GameIsFull(session)) {
         ShowGameFull(session);
         return false;
@@ -81,8 +77,7 @@ void GoOnAfterMove(Session& session, MovePath path) {
         session.Port.SetStatusText(1, "Player-Player mode");
         session.Port.SetProgress(0);
         CheckGameEnd(session);
-        if (!session.Quitting)
-            RefreshLegalMoves(session);
+        if (!session.Quitting) RefreshLegalMoves(session);
     } else if (path == MovePath::CandidateList) {
         RefreshLegalMoves(session);
     } else {
@@ -99,8 +94,7 @@ void CommitHumanMove(Session& session, MovePath path) {
 
     port.SetSearchLine("no calculation");
     port.SetStatusText(1, "");
-    if (path != MovePath::CandidateList)
-        port.SetListEnabled(ListId::List3, false);
+    if (path != MovePath::CandidateList) port.SetListEnabled(ListId::List3, false);
     session.GameTouched = true;
     port.SetCommandEnabled(Command::Moveback, true);
     port.SetCommandEnabled(Command::First, true);
@@ -115,28 +109,22 @@ void CommitHumanMove(Session& session, MovePath path) {
     entry.Depth = "2";
     DrawBoard(session, 0);
     const Long score = ScoreQuietly(session);
-    if (session.PlayMode == kPlayerPlayer)
-        entry.Score = score;
+    if (session.PlayMode == kPlayerPlayer) entry.Score = score;
     DrawBoard(session, 0);
     PlayMoveSound(session);
     EnterHalfMove(session, entry);
-    if (EndOnGeneratorFault(session))
-        return;
+    if (EndOnGeneratorFault(session)) return;
     UpdateDrawStatus(session);
     CheckGameEnd(session);
-    if (session.Quitting)
-        return;
+    if (session.Quitting) return;
     session.PredictedFrom = 0;
     session.PredictedTo = 0;
 
     // Taking back the computer's move has made the person the one to move; after the candidate the names stand as
     // before.
-    if (path == MovePath::CandidateList)
-        SwapNamesOfComputerGame(session);
-    if (path == MovePath::Board || path == MovePath::CandidateList)
-        DrawBoard(session, 0);
-    if (!session.GameOver)
-        GoOnAfterMove(session, path);
+    if (path == MovePath::CandidateList) SwapNamesOfComputerGame(session);
+    if (path == MovePath::Board || path == MovePath::CandidateList) DrawBoard(session, 0);
+    if (!session.GameOver) GoOnAfterMove(session, path);
 }
 
 std::string RefusedMoveText(const Session& session, const std::string& text) {
@@ -159,34 +147,27 @@ std::string RefusedMoveText(const Session& session, const std::string& text) {
                 return illegal + ": you cannot jump that way";
         return illegal + ": you need to jump";
     }
-    if (to == 0 || position.Board[to] == kEmpty)
-        return illegal;
+    if (to == 0 || position.Board[to] == kEmpty) return illegal;
     return illegal + ": that square is not empty";
 }
 
 void SubmitTypedMove(Session& session) {
-    if (session.Busy || session.GameOver)
-        return;
+    if (session.Busy || session.GameOver) return;
     const std::string text = session.Port.GetText(Control::Text2);
     session.Port.SetText(Control::Text2, "");
-    if (MakeOrRefuse(session, MoveKeyOfTypedText(session, text)))
-        CommitHumanMove(session, MovePath::Typed);
+    if (MakeOrRefuse(session, MoveKeyOfTypedText(session, text))) CommitHumanMove(session, MovePath::Typed);
 }
 
 void ClickLegalMove(Session& session) {
     UiPort& port = session.Port;
-    if (session.Busy || session.GameOver)
-        return;
+    if (session.Busy || session.GameOver) return;
     const Long selected = port.ListSelected(ListId::List2);
-    if (selected < 0 || selected >= port.ListCount(ListId::List2))
-        return;
+    if (selected < 0 || selected >= port.ListCount(ListId::List2)) return;
     std::string line = port.ListText(ListId::List2, selected);
     // The book mark behind a move of two squares or of one.
-    if (line.size() == 6 || line.size() == 3)
-        line.pop_back();
+    if (line.size() == 6 || line.size() == 3) line.pop_back();
     port.SetText(Control::Text2, "");
-    if (!MakeOrRefuse(session, MoveKeyOfTypedText(session, line)))
-        return;
+    if (!MakeOrRefuse(session, MoveKeyOfTypedText(session, line))) return;
     port.ListClear(ListId::List2);
     port.FocusList(ListId::List2);
     CommitHumanMove(session, MovePath::LegalList);
@@ -194,19 +175,15 @@ void ClickLegalMove(Session& session) {
 
 void ClickCandidateMove(Session& session) {
     UiPort& port = session.Port;
-    if (session.Busy || session.Pos.Tree.TreeIndex == 0)
-        return;
+    if (session.Busy || session.Pos.Tree.TreeIndex == 0) return;
     const Long selected = port.ListSelected(ListId::List3);
-    if (selected < 0 || selected >= port.ListCount(ListId::List3))
-        return;
+    if (selected < 0 || selected >= port.ListCount(ListId::List3)) return;
     const RootMove candidate = session.RootMoves[selected];
-    if (candidate.From == kNotFilled)
-        return;
+    if (candidate.From == kNotFilled) return;
     GoToMove(session, 1, true, false);
     const std::string key =
         SquareText(session, candidate.From, Padding::Blank) + SquareText(session, candidate.To, Padding::Blank);
-    if (!MakeOrRefuse(session, UpperCase(key)))
-        return;
+    if (!MakeOrRefuse(session, UpperCase(key))) return;
     port.SetListEnabled(ListId::List3, true);
     CommitHumanMove(session, MovePath::CandidateList);
 }

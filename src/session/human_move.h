@@ -9,12 +9,12 @@ namespace tavlon12 {
 /// Where a person's move came from.
 enum class MovePath { Board, Typed, LegalList, CandidateList };
 
-/// Enters the move that `InputMove` has just made into the game, tests its end, and lets the computer reply, but after a
-/// candidate, which replaces the computer's own move.
+/// Enters the move that `InputMove` has just made into the game, tests its end, and lets the computer reply, but after
+/// a candidate, which replaces the computer's own move.
 void CommitHumanMove(Session& session, MovePath path);
 
-/// Why a refused move is none, as its message says it: "Illegal move", with a reason behind it where one is known. For the text of
-/// two squares that `InputMove` has just refused.
+/// Why a refused move is none, as its message says it: "Illegal move", with a reason behind it where one is known. For
+/// the text of two squares that `InputMove` has just refused.
 std::string RefusedMoveText(const Session& session, const std::string& text);
 
 /// The contents of `Text2` as a move.

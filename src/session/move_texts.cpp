@@ -23,8 +23,7 @@ std::string RewrittenSquare(std::string_view text, Byte from, Byte to, const Pos
 std::string RewrittenCell(const std::string& cell, bool placement, Byte from, Byte to, const Position& position) {
     std::string key = MoveKeyOfCell(cell, placement);
     std::string first = RewrittenSquare(std::string_view(key).substr(0, 2), from, to, position);
-    if (placement)
-        return first + " " + first;
+    if (placement) return first + " " + first;
     std::string second = RewrittenSquare(std::string_view(key).substr(2), from, to, position);
     std::string shown = first + cell.substr(key.size() + 3, 1) + second + (cell.ends_with('K') ? "K" : "");
     return first + second + " " + shown;
@@ -44,8 +43,7 @@ std::string CandidateLine(const Session& session, const RootMove& move) {
 void DisplayMove(Session& session, Long slot) {
     const MoveRecord& move = session.Pos.Moves[slot];
     std::string separator;
-    if (move.From != kOffBoard)
-        separator = move.IsCapture() ? session.CaptureChar : "-";
+    if (move.From != kOffBoard) separator = move.IsCapture() ? session.CaptureChar : "-";
     std::string crown = move.Promotes != 0 ? "K" : "";
     std::string from = SquareText(session, move.From, Padding::Blank);
     std::string to = SquareText(session, move.To, Padding::Blank);
@@ -64,8 +62,7 @@ Long SquareOfText(const Session& session, std::string_view text) {
 }
 
 std::string GameLine(Long halfMove, const std::string& shownText) {
-    if (halfMove % 2 == 0)
-        return std::string(6, ' ') + shownText;
+    if (halfMove % 2 == 0) return std::string(6, ' ') + shownText;
     return RightAligned(std::to_string(RowOfHalfMove(halfMove)), 4) + ". " + shownText;
 }
 
@@ -77,8 +74,7 @@ void RefreshLegalMoves(Session& session) {
     Position& position = session.Pos;
     GenerateLegalMoves(position);
     session.Port.ListClear(ListId::List2);
-    if (EndOnGeneratorFault(session))
-        return;
+    if (EndOnGeneratorFault(session)) return;
     for (Long slot = position.Tree.PlyFirstMove[position.Tree.Ply]; slot < position.Tree.NextMoveSlot; ++slot) {
         DisplayMove(session, slot);
         session.Port.ListAdd(ListId::List2, session.MoveText.MoveTextShown);
@@ -86,12 +82,10 @@ void RefreshLegalMoves(Session& session) {
 }
 
 void ShowCandidates(Session& session, Long first) {
-    if (first == 0 || first == kNotFilled)
-        return;
+    if (first == 0 || first == kNotFilled) return;
     session.Port.ListClear(ListId::List3);
     for (const RootMove& move : session.RootMoves) {
-        if (move.From == kNotFilled)
-            break;
+        if (move.From == kNotFilled) break;
         session.Port.ListAdd(ListId::List3, CandidateLine(session, move));
     }
 }
@@ -104,14 +98,12 @@ void RewriteGameTexts(Session& session, Byte newNotation) {
     session.Port.ListClear(ListId::List1);
     for (Long halfMove = 1; halfMove <= session.Record.LastMoveIndex; ++halfMove) {
         std::string& cell = session.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)];
-        if (cell.empty())
-            break;
+        if (cell.empty()) break;
         bool placement = session.Record.MoveHistory[halfMove].From == kOffBoard;
         cell = RewrittenCell(cell, placement, from, to, position);
         session.Port.ListAdd(ListId::List1, GameLine(halfMove, ShownTextOfCell(cell, placement)));
     }
-    if (selected < session.Port.ListCount(ListId::List1))
-        session.Port.ListSelect(ListId::List1, selected);
+    if (selected < session.Port.ListCount(ListId::List1)) session.Port.ListSelect(ListId::List1, selected);
     session.Settings.Notation = newNotation;
 }
 

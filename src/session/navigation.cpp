@@ -16,8 +16,7 @@ namespace tavlon12 {
 namespace {
 
 void EnableCommands(Session& session, std::initializer_list<Command> commands, bool on) {
-    for (Command command : commands)
-        session.Port.SetCommandEnabled(command, on);
+    for (Command command : commands) session.Port.SetCommandEnabled(command, on);
 }
 
 void EmptyCandidateList(Session& session) {
@@ -27,8 +26,7 @@ void EmptyCandidateList(Session& session) {
 /// The line of the position on the board, none at the start of the game.
 void SelectLine(Session& session) {
     Long line = session.Pos.Tree.TreeIndex - 1;
-    if (line < session.Port.ListCount(ListId::List1))
-        session.Port.ListSelect(ListId::List1, line);
+    if (line < session.Port.ListCount(ListId::List1)) session.Port.ListSelect(ListId::List1, line);
 }
 
 void SetRootMaterial(Session& session) {
@@ -55,11 +53,9 @@ bool SameMove(const MoveRecord& a, const MoveRecord& b) {
 void PreferRecordedRoute(Session& session) {
     Position& position = session.Pos;
     const MoveRecord& recorded = session.Record.MoveHistory[position.Tree.TreeIndex];
-    if (SameMove(position.Moves[session.LastMoveSlot], recorded))
-        return;
+    if (SameMove(position.Moves[session.LastMoveSlot], recorded)) return;
     for (Long slot = position.Tree.PlyFirstMove[0]; slot < position.Tree.PlyFirstMove[1]; ++slot) {
-        if (!SameMove(position.Moves[slot], recorded))
-            continue;
+        if (!SameMove(position.Moves[slot], recorded)) continue;
         TakeBackMove(position, session.LastMoveSlot);
         PerformMove(position, slot);
         session.LastMoveSlot = slot;
@@ -73,15 +69,13 @@ bool RemakeHalfMove(Session& session) {
     Position& position = session.Pos;
     const GameRecord& record = session.Record;
     Long next = position.Tree.TreeIndex + 1;
-    if (next > record.LastMoveIndex)
-        return false;
+    if (next > record.LastMoveIndex) return false;
     bool placement = record.MoveHistory[next].From == kOffBoard;
     std::string key = MoveKeyOfCell(record.GameRows[RowOfHalfMove(next)][TextColumn(next)], placement);
     session.Port.SetText(Control::Text1, record.MoveComments[next]);
     SetRootMaterial(session);
     session.TouchedCell = 0;
-    if (!InputMove(session, UpperCase(key)))
-        return false;
+    if (!InputMove(session, UpperCase(key))) return false;
     PreferRecordedRoute(session);
     // A search from an earlier position may have written its own keys here.
     position.PositionKeys[next - 1] = KeyOf(position.Board);
@@ -93,19 +87,15 @@ void RebuildVerdict(Session& session) {
     Long index = session.Pos.Tree.TreeIndex;
     session.DrawReason = 0;
     session.MoveLimitHit = CheckMoveLimit(session, index);
-    if (session.MoveLimitHit)
-        session.DrawReason = 2;
+    if (session.MoveLimitHit) session.DrawReason = 2;
     Repetition repetition = FindRepetition(session.Pos, index);
-    if (repetition.RepeatCount == 3)
-        session.DrawReason = 1;
-    if (repetition.KingsOnlyFound)
-        session.DrawReason = 3;
+    if (repetition.RepeatCount == 3) session.DrawReason = 1;
+    if (repetition.KingsOnlyFound) session.DrawReason = 3;
     CheckGameEnd(session);
 }
 
 void DisableForwardAtEnd(Session& session) {
-    if (session.Record.MoveHistory[session.Pos.Tree.TreeIndex + 1].From != 0)
-        return;
+    if (session.Record.MoveHistory[session.Pos.Tree.TreeIndex + 1].From != 0) return;
     EnableCommands(session, {Command::MoveForward, Command::Last}, false);
 }
 
@@ -117,8 +107,7 @@ void ShowForwardPosition(Session& session) {
     bool atResult = !session.ResultShown.empty() && session.Pos.Tree.TreeIndex == session.Record.LastMoveIndex;
     session.Port.SetStatusText(1, atResult ? session.ResultShown : "");
     session.Port.SetProgress(0);
-    if (session.Pos.Tree.TreeIndex > 0)
-        EnableCommands(session, {Command::Moveback, Command::First}, true);
+    if (session.Pos.Tree.TreeIndex > 0) EnableCommands(session, {Command::Moveback, Command::First}, true);
     RebuildVerdict(session);
 }
 
@@ -126,8 +115,7 @@ void EnableRunningGame(Session& session) {
     session.Port.SetStatusText(1, "");
     session.Port.SetProgress(0);
     EnableCommands(session, {Command::Compute, Command::Analyze, Command::MoveForward, Command::Last}, true);
-    if (session.PlayMode != kPlayerPlayer)
-        EnableCommands(session, {Command::Offerdraw, Command::Resign}, true);
+    if (session.PlayMode != kPlayerPlayer) EnableCommands(session, {Command::Offerdraw, Command::Resign}, true);
     EnableCommands(session, {Command::Hint, Command::mnu_Play_Ccomputer}, true);
     session.Port.SetListEnabled(ListId::List2, true);
 }
@@ -145,23 +133,19 @@ void GoBackward(Session& session, Long count, bool silent) {
         }
         SwapNamesOfComputerGame(session);
     }
-    if (!silent)
-        session.Port.SetSearchLine("no calculation");
+    if (!silent) session.Port.SetSearchLine("no calculation");
     UpdatePlayerLabels(session);
     DrawBoard(session, 0);
     session.PredictedFrom = session.PredictedTo = 0;
     session.DrawReason = 0;
-    if (silent)
-        return;
+    if (silent) return;
     session.Port.SetText(Control::Text1, session.Record.MoveComments[tree.TreeIndex]);
-    if (tree.TreeIndex == 0)
-        EnableCommands(session, {Command::First, Command::Moveback}, false);
+    if (tree.TreeIndex == 0) EnableCommands(session, {Command::First, Command::Moveback}, false);
     EnableRunningGame(session);
 }
 
 void GoForwardBy(Session& session, Long count) {
-    for (Long i = 0; i < count && RemakeHalfMove(session); ++i)
-        SwapNamesOfComputerGame(session);
+    for (Long i = 0; i < count && RemakeHalfMove(session); ++i) SwapNamesOfComputerGame(session);
     session.Port.SetSearchLine("no calculation");
     ShowForwardPosition(session);
     DisableForwardAtEnd(session);
@@ -178,23 +162,19 @@ void LockAll(Session& session, bool on) {
 
 void GoToMove(Session& session, Long count, bool keepCandidates, bool silent) {
     session.RateableGame = false;
-    if (!keepCandidates)
-        ClearCandidates(session);
-    if (!silent)
-        session.Port.SetListEnabled(ListId::List3, false);
+    if (!keepCandidates) ClearCandidates(session);
+    if (!silent) session.Port.SetListEnabled(ListId::List3, false);
     if (count > 0) {
         GoBackward(session, count, silent);
     } else {
         GoForwardBy(session, -count);
     }
     GenerateLegalMoves(session.Pos);
-    if (!silent)
-        RefreshLegalMoves(session);
+    if (!silent) RefreshLegalMoves(session);
 }
 
 void StepForward(Session& session) {
-    if (!RemakeHalfMove(session))
-        return;
+    if (!RemakeHalfMove(session)) return;
     session.Port.SetListEnabled(ListId::List3, false);
     session.Port.SetSearchLine("no calculation");
     SwapNamesOfComputerGame(session);
@@ -204,48 +184,38 @@ void StepForward(Session& session) {
 }
 
 void GoFirst(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     EmptyCandidateList(session);
-    if (session.Pos.Tree.TreeIndex != 0)
-        GoToMove(session, session.Pos.Tree.TreeIndex, false, false);
+    if (session.Pos.Tree.TreeIndex != 0) GoToMove(session, session.Pos.Tree.TreeIndex, false, false);
 }
 
 // Back and Forward are greyed while the computer thinks; the test is for the shortcut that was pressed just before.
 void GoBack(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     EmptyCandidateList(session);
-    if (session.Pos.Tree.TreeIndex != 0)
-        GoToMove(session, 1, false, false);
+    if (session.Pos.Tree.TreeIndex != 0) GoToMove(session, 1, false, false);
 }
 
 void GoForward(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     EmptyCandidateList(session);
     StepForward(session);
 }
 
 void GoLast(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     Long count = session.Pos.Tree.TreeIndex - session.Port.ListCount(ListId::List1);
     EmptyCandidateList(session);
-    if (count != 0)
-        GoToMove(session, count, false, false);
+    if (count != 0) GoToMove(session, count, false, false);
 }
 
 void GoToSelectedLine(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     Long line = session.Port.ListSelected(ListId::List1);
     EmptyCandidateList(session);
-    if (line < 0)
-        return; // a press beside the lines
+    if (line < 0) return; // a press beside the lines
     Long count = session.Pos.Tree.TreeIndex - line - 1;
-    if (count != 0)
-        GoToMove(session, count, false, false);
+    if (count != 0) GoToMove(session, count, false, false);
 }
 
 void SwapPlayerNames(Session& session) {
@@ -253,8 +223,7 @@ void SwapPlayerNames(Session& session) {
 }
 
 void SwapNamesOfComputerGame(Session& session) {
-    if (session.BlackPlayerName == kComputerName || session.WhitePlayerName == kComputerName)
-        SwapPlayerNames(session);
+    if (session.BlackPlayerName == kComputerName || session.WhitePlayerName == kComputerName) SwapPlayerNames(session);
 }
 
 const std::string& NameToMove(const Session& session) {

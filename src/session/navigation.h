@@ -6,8 +6,8 @@
 
 namespace tavlon12 {
 
-/// `count` above 0 goes that many half-moves back, below 0 forward, 0 only refreshes. Without `keepCandidates` the candidate
-/// table is emptied. `silent` leaves lists and commands alone and only redraws the board.
+/// `count` above 0 goes that many half-moves back, below 0 forward, 0 only refreshes. Without `keepCandidates` the
+/// candidate table is emptied. `silent` leaves lists and commands alone and only redraws the board.
 void GoToMove(Session& session, Long count, bool keepCandidates, bool silent);
 
 /// One half-move forward; nothing at the end of the record.

@@ -7,16 +7,13 @@
 namespace tavlon12 {
 
 void NewGame(Session& session) {
-    if (session.Busy)
-        return;
-    if (session.GameTouched && !session.Port.AskYesNo("Quit current game?", "Confirmation"))
-        return;
+    if (session.Busy) return;
+    if (session.GameTouched && !session.Port.AskYesNo("Quit current game?", "Confirmation")) return;
 
     Position& position = session.Pos;
     position.CustomSetup = false;
     session.TouchedCell = 0;
-    if (!ResetGame(session))
-        return;
+    if (!ResetGame(session)) return;
     session.ResultShown.clear();
     ClearCandidates(session);
 
@@ -27,19 +24,16 @@ void NewGame(Session& session) {
     RefreshLegalMoves(session);
     session.Port.ListClear(ListId::List3);
     DrawBoard(session, 0);
-    if (session.Settings.UseSound == 1)
-        session.Port.PlaySound(session.ProgramFolder / "sounds" / "roll.wav");
+    if (session.Settings.UseSound == 1) session.Port.PlaySound(session.ProgramFolder / "sounds" / "roll.wav");
 }
 
 bool CloseRequested(Session& session) {
-    if (session.Quitting)
-        return true;
+    if (session.Quitting) return true;
     if (session.Settings.AskExit == 1 && !session.Port.AskYesNo("Are you sure you want to exit?", "Confirmation")) {
         return false;
     }
     session.Quitting = true;
-    if (session.Busy)
-        session.Pos.StopFlag = kStopCancel;
+    if (session.Busy) session.Pos.StopFlag = kStopCancel;
     return true;
 }
 

@@ -21,32 +21,27 @@ void ShowNotation(Session& session, Byte notation) {
 /// Brings the texts of the game and the lists into algebraic or numeric notation.
 void ChangeTexts(Session& session, Byte notation) {
     const bool rewrite = (session.Settings.Notation == kAlgebraic) != (notation == kAlgebraic);
-    if (rewrite)
-        RewriteGameTexts(session, notation);
+    if (rewrite) RewriteGameTexts(session, notation);
     session.Settings.Notation = notation;
-    if (rewrite)
-        ShowCandidates(session, session.RootMoves[0].From);
+    if (rewrite) ShowCandidates(session, session.RootMoves[0].From);
     RefreshLegalMoves(session);
 }
 
 } // namespace
 
 void ComputeCommand(Session& session) {
-    if (session.GameOver || session.Busy)
-        return;
+    if (session.GameOver || session.Busy) return;
     session.Port.SetStatusText(1, "");
     session.Busy = true;
     session.Port.SetControlEnabled(Control::mnu_Board1, false);
-    if (NameToMove(session) != kComputerName)
-        SwapNamesOfComputerGame(session);
+    if (NameToMove(session) != kComputerName) SwapNamesOfComputerGame(session);
     UpdatePlayerLabels(session);
     ThinkComputerMove(session);
     session.Busy = false;
 }
 
 void CancelCommand(Session& session) {
-    if (!session.SearchStarted)
-        return;
+    if (!session.SearchStarted) return;
     session.Pos.StopFlag = kStopCancel;
     session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
 }
@@ -60,28 +55,24 @@ void ToggleCalculation(Session& session) {
     session.Settings.CalculationOn = 1 - session.Settings.CalculationOn;
     const bool on = session.Settings.CalculationOn == 1;
     session.Port.SetCommandChecked(Command::calculation, on);
-    if (!on)
-        session.Port.SetSearchLine("no calculation");
+    if (!on) session.Port.SetSearchLine("no calculation");
 }
 
 void ShowNumericNotation(Session& session) {
     // A board that is played on all squares has no numbers.
-    if (session.Busy || session.Pos.Rules.PiecesOnBlack >= 2)
-        return;
+    if (session.Busy || session.Pos.Rules.PiecesOnBlack >= 2) return;
     ChangeTexts(session, kNumeric);
     ShowNotation(session, kNumeric);
 }
 
 void ShowAlgebraicNotation(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     ChangeTexts(session, kAlgebraic);
     ShowNotation(session, kAlgebraic);
 }
 
 void ShowNoNotation(Session& session) {
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     ChangeTexts(session, kNumeric);
     ShowNotation(session, kNoLabels);
 }

@@ -36,8 +36,7 @@ void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
 }
 
 void PlayMoveSound(Session& session) {
-    if (session.Settings.UseSound == 1)
-        session.Port.PlaySound(session.ProgramFolder / "sounds" / "click.wav");
+    if (session.Settings.UseSound == 1) session.Port.PlaySound(session.ProgramFolder / "sounds" / "click.wav");
 }
 
 } // namespace tavlon12

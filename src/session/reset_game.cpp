@@ -31,8 +31,7 @@ void SetDefinedDefaults(RuleSet& defined) {
 
 void DrawBeginner(Session& session) {
     RuleSet& rules = session.Pos.Rules;
-    if (rules.RndColor != 1)
-        return;
+    if (rules.RndColor != 1) return;
     rules.BlackStarts = std::bernoulli_distribution()(session.Search.Random) ? 1 : 0;
     session.Pos.DefinedRules.BlackStarts = rules.BlackStarts;
 }
@@ -67,8 +66,7 @@ void ClearPosition(Position& position) {
 
 void ClearRecord(GameRecord& record) {
     record.LastMoveIndex = 0;
-    for (MoveRecord& move : record.MoveHistory)
-        move.From = 0;
+    for (MoveRecord& move : record.MoveHistory) move.From = 0;
     record.MoveScores.fill(0);
     record.MoveChoices.fill(0);
     record.MoveComments.fill("");
@@ -119,14 +117,12 @@ void ShowFreshGame(Session& session) {
         port.SetCommandEnabled(Command::Offerdraw, true);
         port.SetCommandEnabled(Command::Resign, true);
     }
-    if (session.PlayMode != kComputerComputer)
-        port.SetCommandEnabled(Command::Hint, true);
+    if (session.PlayMode != kComputerComputer) port.SetCommandEnabled(Command::Hint, true);
 }
 
 /// A board that is played on all squares has no numbers.
 void LeaveNumericNotation(Session& session) {
-    if (session.Pos.Rules.PiecesOnBlack != 2 || session.Settings.Notation == kAlgebraic)
-        return;
+    if (session.Pos.Rules.PiecesOnBlack != 2 || session.Settings.Notation == kAlgebraic) return;
     session.Settings.Notation = kAlgebraic;
     session.Port.SetCommandChecked(Command::mnu_Board_Notation_Chess, true);
     session.Port.SetCommandChecked(Command::mnu_Board_Notation_Checkers, false);
@@ -138,8 +134,7 @@ void LeaveNumericNotation(Session& session) {
 bool ResetGame(Session& session) {
     Position& position = session.Pos;
     session.Search.Random.seed(static_cast<std::mt19937::result_type>(std::llround(session.Port.Clock() * 1000)));
-    if (!position.CustomSetup && !BuildPosition(session))
-        return false;
+    if (!position.CustomSetup && !BuildPosition(session)) return false;
 
     session.Port.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion));
     ShowVariantName(session);
@@ -149,8 +144,7 @@ bool ResetGame(Session& session) {
     ClearGameState(session);
     ShowFreshGame(session);
     RefreshLegalMoves(session);
-    if (position.Fault.Passed())
-        return false;
+    if (position.Fault.Passed()) return false;
     SetNames(session);
     session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
     LeaveNumericNotation(session);

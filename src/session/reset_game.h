@@ -4,8 +4,8 @@
 
 namespace tavlon12 {
 
-/// Starts a new game without asking anything: position, tables, record, names, commands. With `CustomSetup` the board stays.
-/// False, after the message and the end of the program, when the variant's definition cannot be read.
+/// Starts a new game without asking anything: position, tables, record, names, commands. With `CustomSetup` the board
+/// stays. False, after the message and the end of the program, when the variant's definition cannot be read.
 bool ResetGame(Session& session);
 
 /// Empties the candidate table.

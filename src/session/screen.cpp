@@ -16,8 +16,7 @@ void ShowCounts(Session& session) {
     bool blackFirst = position.Rules.BlackStarts == 1;
     session.Port.SetText(Control::Label5, std::to_string(blackFirst ? census.BlackSum : census.WhiteSum));
     session.Port.SetText(Control::Label6, std::to_string(blackFirst ? census.WhiteSum : census.BlackSum));
-    if (position.Rules.canContract != 1)
-        return;
+    if (position.Rules.canContract != 1) return;
     session.Port.SetText(Control::Label12, std::to_string(position.Tree.BlackOffBoard));
     session.Port.SetText(Control::Label14, std::to_string(position.Tree.WhiteOffBoard));
 }
@@ -34,8 +33,7 @@ void ShowSideToMove(Session& session) {
 bool RulesModified(const RuleSet& rules, const RuleSet& defined) {
     for (const RuleKey& key : RuleKeys()) {
         bool same = std::visit([&](auto member) { return rules.*member == defined.*member; }, key.Member);
-        if (key.MarksModified && !same)
-            return true;
+        if (key.MarksModified && !same) return true;
     }
     return false;
 }
@@ -72,8 +70,7 @@ void RedrawFromSquares(Session& session) {
     const GameTree& tree = session.Pos.Tree;
     for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.PlyFirstMove[tree.Ply + 1]; ++slot) {
         Long from = session.Pos.Moves[slot].From;
-        if (from != kOffBoard)
-            session.Port.ShowSquare(ViewOfCell(from, session.Settings.BoardTurned));
+        if (from != kOffBoard) session.Port.ShowSquare(ViewOfCell(from, session.Settings.BoardTurned));
     }
 }
 
@@ -93,10 +90,8 @@ std::string ShownVariantName(const Position& position) {
     const RuleSet& rules = position.Rules;
     bool ownPosition = position.CustomSetup && rules.RemoveMen != 1 && rules.DoMoves != 1;
     std::string name = position.VariantName;
-    if (ownPosition || RulesModified(rules, position.DefinedRules))
-        name += " (M)";
-    if (EndsWithNoCase(name, kBoardSize))
-        name.resize(name.size() - kBoardSize.size());
+    if (ownPosition || RulesModified(rules, position.DefinedRules)) name += " (M)";
+    if (EndsWithNoCase(name, kBoardSize)) name.resize(name.size() - kBoardSize.size());
     return name;
 }
 
@@ -120,13 +115,11 @@ std::string SideToMoveText(const Position& position) {
 }
 
 void ShowMessage(Session& session, const std::string& text, const std::string& title, MessageKind kind) {
-    if (!session.Quitting)
-        session.Port.ShowMessage(text, title, kind);
+    if (!session.Quitting) session.Port.ShowMessage(text, title, kind);
 }
 
 void WaitSeconds(Session& session, double seconds) {
-    if (!session.Quitting)
-        session.Port.Wait(seconds);
+    if (!session.Quitting) session.Port.Wait(seconds);
 }
 
 void FatalEnd(Session& session) {
@@ -136,10 +129,8 @@ void FatalEnd(Session& session) {
 
 bool EndOnGeneratorFault(Session& session) {
     const GeneratorFault& fault = session.Pos.Fault;
-    if (!fault.Passed())
-        return false;
-    if (session.Quitting)
-        return true; // shown already, or nobody is there to see it
+    if (!fault.Passed()) return false;
+    if (session.Quitting) return true; // shown already, or nobody is there to see it
     std::string text = "X=" + Str(fault.Depth) + "   K=" + Str(fault.Rows) + "\n\nFatal Error! Tavlon12 will exit.\n";
     if (session.Pos.Rules.RemovePieces != 1) {
         text += "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";

@@ -10,13 +10,15 @@ namespace tavlon12 {
 Long CellOfView(Long view, Long boardTurned);
 Long ViewOfCell(Long cell, Long boardTurned);
 
-/// Draws position, coordinates, counts and labels anew and sets `EqualKingsOnly`; overlay 1 prints the square numbers too.
+/// Draws position, coordinates, counts and labels anew and sets `EqualKingsOnly`; overlay 1 prints the square numbers
+/// too.
 void DrawBoard(Session& session, int overlay);
 
 /// Takes the highlight boxes off the squares from which a move starts.
 void RedrawFromSquares(Session& session);
 
-/// Names, colours and the mark of the player to move; panel 1 gets "White moves" or "Black moves" when it is empty or shows the other.
+/// Names, colours and the mark of the player to move; panel 1 gets "White moves" or "Black moves" when it is empty or
+/// shows the other.
 void UpdatePlayerLabels(Session& session);
 
 /// The variant's name with its mark " (M)" when rules differ from the definition.
@@ -38,7 +40,8 @@ void WaitSeconds(Session& session, double seconds);
 /// The message of a failure that cannot be repaired, and the end of the program without a question.
 void FatalEnd(Session& session);
 
-/// Shows the limit that a generator has passed and ends the program; false, with nothing done, when none has been passed.
+/// Shows the limit that a generator has passed and ends the program; false, with nothing done, when none has been
+/// passed.
 bool EndOnGeneratorFault(Session& session);
 
 } // namespace tavlon12

@@ -24,11 +24,11 @@ struct BoardInput {
     Long DragSource = -1; ///< the piece that is carried
     Long DragX = 0;       ///< last offset of the pointer from the pressed square's corner while a piece is carried
     Long DragY = 0;
-    bool DragIconSet = false;    ///< the cursor shows the piece
-    bool NumbersShown = false;   ///< the square numbers stand on the board while the button is down
-    Long HoverCell = 0;          ///< the last piece under the pointer that has a move
+    bool DragIconSet = false;  ///< the cursor shows the piece
+    bool NumbersShown = false; ///< the square numbers stand on the board while the button is down
+    Long HoverCell = 0;        ///< the last piece under the pointer that has a move
     Long HoverView = -1;
-    bool MovablesBoxed = false;  ///< the boxes of "Show available moves" are on the board
+    bool MovablesBoxed = false; ///< the boxes of "Show available moves" are on the board
     Long RightPressed = -1;
     bool PopupJustClosed = false;
     bool AfterPopup = false;     ///< presses are ignored until the mouse has moved

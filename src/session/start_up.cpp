@@ -12,10 +12,8 @@ constexpr Long kFirstLazyMargin = 150;
 /// Takes the settings over into what reads them while it runs.
 void AdoptSettings(Session& session) {
     UserSettings& settings = session.Settings;
-    if (settings.Limits.DepthLimit == 0)
-        settings.Limits.DepthLimit = 2;
-    if (settings.PlayMode == kComputerComputer)
-        settings.PlayMode = kPlayerComputer;
+    if (settings.Limits.DepthLimit == 0) settings.Limits.DepthLimit = 2;
+    if (settings.PlayMode == kComputerComputer) settings.PlayMode = kPlayerComputer;
     session.PlayMode = settings.PlayMode;
     session.Search.Options = settings.Search;
     AdoptMovements(session.Pos);
@@ -46,10 +44,8 @@ bool StartUp(Session& session) {
     AdoptSettings(session);
     ShowSettings(session);
     session.Port.LoadSkin();
-    if (session.Quitting)
-        return false; // a skin that cannot be loaded ends the program
-    if (!ResetGame(session))
-        return false;
+    if (session.Quitting) return false; // a skin that cannot be loaded ends the program
+    if (!ResetGame(session)) return false;
     session.Port.LayoutWindow();
     session.Port.SetStatusText(1, SideToMoveText(session.Pos));
     DrawBoard(session, 0);

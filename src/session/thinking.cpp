@@ -60,8 +60,7 @@ void DisplayMainVariant(Session& session) {
             else if (cell.From != kOffBoard)
                 text += "-";
             text += SquareText(session, cell.To, Padding::None);
-            if (cell.Kind > 1)
-                text += "K";
+            if (cell.Kind > 1) text += "K";
             text += " ";
         }
         if (k == 1) {
@@ -69,15 +68,12 @@ void DisplayMainVariant(Session& session) {
             session.PredictedTo = cell.To;
         }
     }
-    if (shown)
-        session.Port.SetSearchLine(session.Port.GetSearchLine() + "\nMain: " + text);
+    if (shown) session.Port.SetSearchLine(session.Port.GetSearchLine() + "\nMain: " + text);
 }
 
 void ShutCommandsForThinking(Session& session) {
-    for (Command command : kAlwaysAfterThinking)
-        session.Port.SetCommandEnabled(command, false);
-    for (Command command : kByStateAfterThinking)
-        session.Port.SetCommandEnabled(command, false);
+    for (Command command : kAlwaysAfterThinking) session.Port.SetCommandEnabled(command, false);
+    for (Command command : kByStateAfterThinking) session.Port.SetCommandEnabled(command, false);
     session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, true);
 }
 
@@ -96,13 +92,11 @@ void OpenCommandsAfterThinking(Session& session) {
             port.SetCommandEnabled(Command::Resign, true);
         }
     }
-    for (Command command : kAlwaysAfterThinking)
-        port.SetCommandEnabled(command, true);
+    for (Command command : kAlwaysAfterThinking) port.SetCommandEnabled(command, true);
     port.SetControlEnabled(Control::mnu_Board1, true);
     if (!autoplay) {
         port.SetListEnabled(ListId::List1, true);
-        if (session.RootMoves[0].From != kNotFilled)
-            port.SetListEnabled(ListId::List3, true);
+        if (session.RootMoves[0].From != kNotFilled) port.SetListEnabled(ListId::List3, true);
     }
     port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
     port.SetProgress(0);
@@ -124,8 +118,7 @@ RootSearchInput RootInputOf(const Session& session) {
     input.Member = SearchMemberOf(session.Pos, session.Search);
     input.StopsByTime = limits.FixedDepth != 1;
     input.DepthLimit = input.StopsByTime ? kIterationsByTime : limits.DepthLimit;
-    if (MoveCount(session.Pos.Tree) == 1)
-        input.DepthLimit = 1;
+    if (MoveCount(session.Pos.Tree) == 1) input.DepthLimit = 1;
     input.TimeLimit = limits.TimeLimit;
     input.MoveLimitHit = session.MoveLimitHit;
     input.LastScore = session.LastScore;

@@ -14,23 +14,70 @@ enum class ListId { List1, List2, List3 };
 
 /// What the logic writes, greys or reads by name: fields, labels, whole menus and the toolbar.
 enum class Control {
-    Text1, Text2, Command1, Toolbar1,
-    Label1, Label2, Label3, Label4, Label5, Label6, Label7, Label8, Label9, Label10, Label11, Label12, Label13, Label14,
-    mnuGame, mnuPlay, mnu_Board1, view, extra, Help,
+    Text1,
+    Text2,
+    Command1,
+    Toolbar1,
+    Label1,
+    Label2,
+    Label3,
+    Label4,
+    Label5,
+    Label6,
+    Label7,
+    Label8,
+    Label9,
+    Label10,
+    Label11,
+    Label12,
+    Label13,
+    Label14,
+    mnuGame,
+    mnuPlay,
+    mnu_Board1,
+    view,
+    extra,
+    Help,
 };
 
 /// A menu entry, with its toolbar button where it has one.
 enum class Command {
-    New1, NewVariant, Open1, Save, Details, Exit,
-    Compute, mnu_Play_Cancel, First, Moveback, MoveForward, Last, Offerdraw, Resign, Hint,
-    Cplayer, Pplayer, mnu_Play_Ccomputer, Options, Analyze,
-    Turn, Nonotation, mnu_Board_Notation_Chess, mnu_Board_Notation_Checkers, CreateHtml,
-    calculation, rating, plyvaluetable, QuickRules, Rules, mnu_Help_About,
+    New1,
+    NewVariant,
+    Open1,
+    Save,
+    Details,
+    Exit,
+    Compute,
+    mnu_Play_Cancel,
+    First,
+    Moveback,
+    MoveForward,
+    Last,
+    Offerdraw,
+    Resign,
+    Hint,
+    Cplayer,
+    Pplayer,
+    mnu_Play_Ccomputer,
+    Options,
+    Analyze,
+    Turn,
+    Nonotation,
+    mnu_Board_Notation_Chess,
+    mnu_Board_Notation_Checkers,
+    CreateHtml,
+    calculation,
+    rating,
+    plyvaluetable,
+    QuickRules,
+    Rules,
+    mnu_Help_About,
 };
 inline constexpr int kCommandCount = static_cast<int>(Command::mnu_Help_About) + 1;
 
-/// Everything that the logic asks of the screen. An operation that nobody filled does nothing. Texts are shown exactly as given;
-/// lists are counted from 0; -1 is no selection.
+/// Everything that the logic asks of the screen. An operation that nobody filled does nothing. Texts are shown exactly
+/// as given; lists are counted from 0; -1 is no selection.
 struct UiPort {
     std::function<void(int panel, const std::string& text)> SetStatusText = [](int, const std::string&) {};
     std::function<std::string(int panel)> GetStatusText = [](int) { return std::string(); };
@@ -65,17 +112,20 @@ struct UiPort {
     std::function<void(const std::string& address)> OpenDocument = [](const std::string&) {};
 
     // The board
-    std::function<void()> LayoutWindow = [] {};             ///< sizes and places everything for the skin and rules in force
-    std::function<void()> LoadSkin = [] {};                 ///< the skin named by `SkinName`; sets `SkinMode`
-    std::function<void(int overlay)> PaintBoard = [](int) {}; ///< all squares and coordinates; overlay 1: square numbers too
-    std::function<void(Long view)> ShowSquare = [](Long) {};  ///< one square with its piece, without a highlight box
+    std::function<void()> LayoutWindow = [] {}; ///< sizes and places everything for the skin and rules in force
+    std::function<void()> LoadSkin = [] {};     ///< the skin named by `SkinName`; sets `SkinMode`
+    std::function<void(int overlay)> PaintBoard = [](int) {
+    }; ///< all squares and coordinates; overlay 1: square numbers too
+    std::function<void(Long view)> ShowSquare = [](Long) {}; ///< one square with its piece, without a highlight box
     std::function<void(Long view)> DrawHighlightBox = [](Long) {};
-    std::function<void(bool label1ToMove)> MarkPlayerToMove = [](bool) {}; ///< white on red for the player to move, `Label1` or `Label2`
+    std::function<void(bool label1ToMove)> MarkPlayerToMove = [](bool) {
+    }; ///< white on red for the player to move, `Label1` or `Label2`
 
     // Time and the event loop
-    std::function<double()> Clock = [] { return 0.0; };       ///< seconds since midnight
-    std::function<void(double seconds)> Wait = [](double) {}; ///< lets the window live for that time, less when the search is to stop
-    std::function<void()> Yield = [] {};                      ///< lets pending user events run
+    std::function<double()> Clock = [] { return 0.0; }; ///< seconds since midnight
+    std::function<void(double seconds)> Wait = [](double) {
+    };                                   ///< lets the window live for that time, less when the search is to stop
+    std::function<void()> Yield = [] {}; ///< lets pending user events run
 
     std::function<void()> EndProgram = [] {}; ///< closes all windows without a question and ends the process
 };

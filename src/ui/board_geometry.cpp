@@ -51,8 +51,7 @@ std::string Letter(char smallLetter, bool capitals) {
 
 /// Ranks 1 to 12 as one character each.
 std::string RankCharacter(Long rank, bool capitals) {
-    if (rank > 10)
-        return Letter(static_cast<char>('a' + rank - 11), capitals);
+    if (rank > 10) return Letter(static_cast<char>('a' + rank - 11), capitals);
     return std::string(1, static_cast<char>('0' + rank % 10));
 }
 
@@ -64,8 +63,7 @@ const WindowGeometry& GeometryOfSkin(Long skinMode) {
 
 Place PlaceOf(const WindowGeometry& geometry, std::string_view name, bool extraPieces) {
     for (const ControlPlace& control : geometry.Controls) {
-        if (control.Name != name)
-            continue;
+        if (control.Name != name) continue;
         Place place = control.At;
         if (extraPieces && name == "Text1") {
             place.Top += kExtraPiecesShift;
@@ -85,16 +83,13 @@ std::string ColumnLabel(Long i, Byte notation, bool turned, bool capitals) {
     if (notation == kAlgebraic) {
         return Letter(static_cast<char>(turned ? 'l' - i + 1 : 'a' + i - 1), capitals);
     }
-    if (notation != kNumeric || i % 2 == 0)
-        return "";
+    if (notation != kNumeric || i % 2 == 0) return "";
     return std::to_string(turned ? 6 - (i - 1) / 2 : 67 + (i - 1) / 2);
 }
 
 std::string RowLabel(Long i, Byte notation, bool turned, bool capitals) {
-    if (notation == kAlgebraic)
-        return RankCharacter(turned ? 13 - i : i, capitals);
-    if (notation != kNumeric)
-        return "";
+    if (notation == kAlgebraic) return RankCharacter(turned ? 13 - i : i, capitals);
+    if (notation != kNumeric) return "";
     return std::to_string(turned ? 6 * i : 73 - 6 * i);
 }
 

@@ -43,8 +43,7 @@ Long TargetSquare(const Session& session, Long source, Long dx, Long dy) {
     bool turned = session.Settings.BoardTurned == 1;
     Long column = turned ? ColumnOf(source) - dx : ColumnOf(source) + dx;
     Long row = turned ? RowOf(source) + dy : RowOf(source) - dy;
-    if (column < 1 || column > kLastColumn || row < kFirstRow || row > kLastRow)
-        return 0;
+    if (column < 1 || column > kLastColumn || row < kFirstRow || row > kLastRow) return 0;
     Long target = row * kBoardWidth + column;
     return IsPlayingSquare(target, session.Pos.Rules.PiecesOnBlack) ? target : 0;
 }
@@ -53,11 +52,9 @@ Long TargetSquare(const Session& session, Long source, Long dx, Long dy) {
 
 void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseButton button) {
     BoardInput& input = session.Input;
-    if (session.Busy || input.RightPressed != -1 || input.AfterPopup)
-        return;
+    if (session.Busy || input.RightPressed != -1 || input.AfterPopup) return;
     if (button == Qt::RightButton) {
-        if (!input.MovablesBoxed)
-            input.RightPressed = view;
+        if (!input.MovablesBoxed) input.RightPressed = view;
         return;
     }
     if (board.ShowsEmptySquare(view)) {
@@ -69,8 +66,7 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
         input.PopupJustClosed = false;
         return;
     }
-    if (session.GameOver)
-        return;
+    if (session.GameOver) return;
 
     input.DragSource = view;
     input.DragX = 0;
@@ -85,11 +81,9 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
     bool canMove = false;
     input.SelfMoveExists = false;
     for (const MoveRecord& move : LegalMoves(session)) {
-        if (move.From != cell)
-            continue;
+        if (move.From != cell) continue;
         canMove = true;
-        if (move.To == cell)
-            input.SelfMoveExists = true;
+        if (move.To == cell) input.SelfMoveExists = true;
     }
     if (!canMove) {
         Refuse(session, board, view, "You cannot move that piece");
@@ -98,10 +92,8 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
 
     board.CarryPiece(value);
     input.DragIconSet = false;
-    if (session.Settings.ShowAvailableMoves != 1)
-        return;
-    if (input.HoverView > -1)
-        board.DrawHighlightBox(input.HoverView);
+    if (session.Settings.ShowAvailableMoves != 1) return;
+    if (input.HoverView > -1) board.DrawHighlightBox(input.HoverView);
     for (const MoveRecord& move : LegalMoves(session)) {
         if (move.From != input.HoverCell && move.From != kOffBoard) {
             board.ShowSquare(ViewOfCell(move.From, session.Settings.BoardTurned));
@@ -109,23 +101,19 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
     }
     for (const MoveRecord& move : LegalMoves(session)) {
         input.MovablesBoxed = true;
-        if (move.From == input.HoverCell)
-            board.DrawHighlightBox(ViewOfCell(move.To, session.Settings.BoardTurned));
+        if (move.From == input.HoverCell) board.DrawHighlightBox(ViewOfCell(move.To, session.Settings.BoardTurned));
     }
-    if (session.TouchedCell == 0)
-        session.TouchedCell = cell;
+    if (session.TouchedCell == 0) session.TouchedCell = cell;
 }
 
 void SquareMouseMove(Session& session, BoardView& board, Long view, int x, int y) {
     BoardInput& input = session.Input;
-    if (input.NumbersShown || session.Busy || session.GameOver)
-        return;
+    if (input.NumbersShown || session.Busy || session.GameOver) return;
     input.AfterPopup = false;
     if (session.Settings.ShowAvailableMoves == 1 && !input.MovablesBoxed) {
         input.MovablesBoxed = true;
         for (const MoveRecord& move : LegalMoves(session)) {
-            if (move.From == kOffBoard)
-                continue;
+            if (move.From == kOffBoard) continue;
             Long from = ViewOfCell(move.From, session.Settings.BoardTurned);
             board.ShowSquare(from);
             board.DrawHighlightBox(from);
@@ -134,8 +122,7 @@ void SquareMouseMove(Session& session, BoardView& board, Long view, int x, int y
     if (input.DragSource == -1) {
         Long cell = CellOfView(view, session.Settings.BoardTurned);
         for (const MoveRecord& move : LegalMoves(session)) {
-            if (move.From != cell)
-                continue;
+            if (move.From != cell) continue;
             input.HoverCell = cell;
             input.HoverView = view;
             break;
@@ -153,8 +140,7 @@ void SquareMouseMove(Session& session, BoardView& board, Long view, int x, int y
 
 void SquareMouseUp(Session& session, BoardView& board, Qt::MouseButton button) {
     BoardInput& input = session.Input;
-    if (session.Busy)
-        return;
+    if (session.Busy) return;
     if (button == Qt::RightButton) {
         input.RightPressed = -1;
         return;
@@ -164,8 +150,7 @@ void SquareMouseUp(Session& session, BoardView& board, Qt::MouseButton button) {
         DrawBoard(session, 0);
         return;
     }
-    if (input.DragSource == -1)
-        return;
+    if (input.DragSource == -1) return;
     board.DropCursor();
 
     Long source = CellOfView(input.DragSource, session.Settings.BoardTurned);
@@ -193,8 +178,7 @@ void SquareMouseUp(Session& session, BoardView& board, Qt::MouseButton button) {
         return;
     }
     CommitHumanMove(session, MovePath::Board);
-    if (session.PlayMode == kPlayerPlayer)
-        input.MovablesBoxed = false;
+    if (session.PlayMode == kPlayerPlayer) input.MovablesBoxed = false;
 }
 
 void FormMouseMove(Session& session) {
@@ -204,8 +188,7 @@ void FormMouseMove(Session& session) {
 void EndBoardInput(Session& session, BoardView& board) {
     BoardInput& input = session.Input;
     input.RightPressed = -1;
-    if (input.DragSource != -1)
-        PutBackCarriedPiece(session, board);
+    if (input.DragSource != -1) PutBackCarriedPiece(session, board);
     if (input.NumbersShown) {
         input.NumbersShown = false;
         DrawBoard(session, 0);

@@ -88,8 +88,7 @@ Long BoardView::ViewAt(const QPointF& point) const {
     QPointF inGrid = point - QPointF(SquareRect(0).topLeft());
     int column = static_cast<int>(std::floor(inGrid.x() / edge));
     int row = static_cast<int>(std::floor(inGrid.y() / edge));
-    if (column < 0 || column >= kGridSquares || row < 0 || row >= kGridSquares)
-        return -1;
+    if (column < 0 || column >= kGridSquares || row < 0 || row >= kGridSquares) return -1;
     return row * kGridSquares + column;
 }
 
@@ -129,8 +128,7 @@ void BoardView::paintEvent(QPaintEvent* event) {
 
     for (Long view = 0; view < static_cast<Long>(kSquareCount); ++view) {
         QRect place = SquareRect(view);
-        if (!event->region().intersects(place.adjusted(-1, -1, 1, 1)))
-            continue;
+        if (!event->region().intersects(place.adjusted(-1, -1, 1, 1))) continue;
         QRect target = deviceRect(place);
         const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
         painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
@@ -177,20 +175,16 @@ void BoardView::PaintCoordinates(QPainter& painter) const {
 
 void BoardView::mousePressEvent(QMouseEvent* event) {
     FlushRelease();
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)
-        return;
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
     // With no other button down nothing can be left of an earlier press, even if its release went to a message box.
     if (event->buttons() == event->button()) {
         PressedView = -1;
         Game.Input.RightPressed = -1;
     }
     // The pointer may have come here without a move (a touch, a window that opened under it): a press follows a move.
-    if (event->position() != LastPoint)
-        MoveTo(event->position());
-    if (PressedView == -1)
-        PressedView = ViewAt(event->position());
-    if (PressedView != -1)
-        SquareDown(PressedView, event->button());
+    if (event->position() != LastPoint) MoveTo(event->position());
+    if (PressedView == -1) PressedView = ViewAt(event->position());
+    if (PressedView != -1) SquareDown(PressedView, event->button());
 }
 
 // The second press of two quick ones is a press like any other.
@@ -200,8 +194,7 @@ void BoardView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void BoardView::mouseMoveEvent(QMouseEvent* event) {
     FlushRelease();
-    if (event->buttons() == Qt::NoButton)
-        PressedView = -1;
+    if (event->buttons() == Qt::NoButton) PressedView = -1;
     MoveTo(event->position());
 }
 
@@ -220,28 +213,23 @@ void BoardView::MoveTo(const QPointF& point) {
 // not go on sending the mouse here while the computer thinks.
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     FlushRelease();
-    if (PressedView == -1)
-        return;
-    if (event->buttons() == Qt::NoButton)
-        PressedView = -1;
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)
-        return;
+    if (PressedView == -1) return;
+    if (event->buttons() == Qt::NoButton) PressedView = -1;
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
     PendingRelease = event->button();
     QMetaObject::invokeMethod(
         this, [this] { FlushRelease(); }, Qt::QueuedConnection);
 }
 
 void BoardView::FlushRelease() {
-    if (!PendingRelease)
-        return;
+    if (!PendingRelease) return;
     Qt::MouseButton button = *PendingRelease;
     PendingRelease.reset();
     SquareUp(button);
 }
 
 void BoardView::leaveEvent(QEvent*) {
-    if (PressedView == -1)
-        OutsideMove();
+    if (PressedView == -1) OutsideMove();
 }
 
 } // namespace tavlon12

@@ -58,8 +58,7 @@ constexpr std::array<CommandRow, kCommandCount> kCommands{{
 
 constexpr bool InOrder() {
     for (std::size_t i = 0; i < kCommands.size(); ++i) {
-        if (kCommands[i].Id != static_cast<Command>(i))
-            return false;
+        if (kCommands[i].Id != static_cast<Command>(i)) return false;
     }
     return true;
 }

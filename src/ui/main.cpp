@@ -18,8 +18,7 @@ int main(int argc, char** argv) {
     session->ProgramFolder = QCoreApplication::applicationDirPath().toStdString();
 
     tavlon12::MainWindow window(*session);
-    if (!tavlon12::StartUp(*session))
-        return 1;
+    if (!tavlon12::StartUp(*session)) return 1;
     window.show();
     QApplication::exec();
     return window.ExitCode;

@@ -18,8 +18,6 @@
 #include <QStyleFactory>
 #include <QToolButton>
 
-#include <utility>
-
 namespace tavlon12 {
 
 namespace {
@@ -36,8 +34,7 @@ const QColor kAccent(122, 78, 42);
 QFont FontOfSize(int pixels, bool fixedPitch = false) {
     QFont font = fixedPitch ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QApplication::font();
     font.setPixelSize(pixels);
-    if (fixedPitch)
-        font.setStyleHint(QFont::Monospace);
+    if (fixedPitch) font.setStyleHint(QFont::Monospace);
     return font;
 }
 
@@ -74,6 +71,13 @@ QPalette LookPalette() {
     return palette;
 }
 
+/// Paper with a thin frame that is whole at any scale factor.
+QString Framed(const char* widget, int radius) {
+    return QStringLiteral("%1 { background: %2; border: 1px solid %3; border-radius: %4px; }")
+        .arg(QLatin1String(widget), kPaper.name(), kLine.name())
+        .arg(radius);
+}
+
 void SetPlace(QWidget& widget, const Place& place) {
     widget.setGeometry(place.Left, place.Top, place.Width, place.Height);
 }
@@ -90,17 +94,12 @@ void ApplyLook(QApplication& application) {
     application.setPalette(LookPalette());
 }
 
-// The second half of a double click is no click of its own: it would play a move of the list that has come meanwhile.
-void GameList::mouseDoubleClickEvent(QMouseEvent*) {
-    SkipRelease = true;
-}
+// The second press of a double click chooses nothing: it would play a move of the list that has come meanwhile.
+void GameList::mouseDoubleClickEvent(QMouseEvent*) {}
 
 void GameList::mouseReleaseEvent(QMouseEvent* event) {
-    if (std::exchange(SkipRelease, false))
-        return;
     QListWidget::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !viewport()->rect().contains(event->position().toPoint()))
-        return;
+    if (event->button() != Qt::LeftButton || !viewport()->rect().contains(event->position().toPoint())) return;
     // After the event, as with a release over the board.
     QMetaObject::invokeMethod(
         this, [this] { Clicked(); }, Qt::QueuedConnection);
@@ -159,8 +158,7 @@ MainWindow::MainWindow(Session& session) : Game(session) {
     MakeStatusBar();
     // When a list is greyed the focus goes on to the next control: to another list or the board, never to a text field.
     QWidget* order[] = {Board, Text2, Command1, Text1, List1, List2, List3};
-    for (std::size_t i = 0; i + 1 < std::size(order); ++i)
-        setTabOrder(order[i], order[i + 1]);
+    for (std::size_t i = 0; i + 1 < std::size(order); ++i) setTabOrder(order[i], order[i + 1]);
     setTabOrder(List3, Board);
     Board->setFocus();
 
@@ -180,8 +178,7 @@ void MainWindow::MakeActions() {
         action->setToolTip(QLatin1String(row.Tip));
         action->setIconVisibleInMenu(false);
         action->setMenuRole(QAction::NoRole);
-        if (*row.Shortcut != '\0')
-            action->setShortcut(QKeySequence(QLatin1String(row.Shortcut)));
+        if (*row.Shortcut != '\0') action->setShortcut(QKeySequence(QLatin1String(row.Shortcut)));
         if (*row.Icon != '\0') {
             action->setIcon(QIcon(QStringLiteral(":/art/toolbar/%1.svg").arg(QLatin1String(row.Icon))));
         }
@@ -190,8 +187,7 @@ void MainWindow::MakeActions() {
         Command id = row.Id;
         connect(action, &QAction::triggered, this, [this, action, id] {
             // The toolkit has moved the mark already; only the command itself may.
-            if (action->isCheckable())
-                action->setChecked(Checked[static_cast<std::size_t>(id)]);
+            if (action->isCheckable()) action->setChecked(Checked[static_cast<std::size_t>(id)]);
             RunCommand(id);
         });
         Actions[static_cast<std::size_t>(id)] = action;
@@ -214,15 +210,9 @@ void MainWindow::MakeMenus() {
             open = menu->addMenu(QLatin1String(line.Caption));
             open->setObjectName(QLatin1String(line.Name));
             break;
-        case MenuLine::Kind::SubmenuEnd:
-            open = menu;
-            break;
-        case MenuLine::Kind::Entry:
-            open->addAction(&ActionOf(line.Id));
-            break;
-        case MenuLine::Kind::Dash:
-            open->addSeparator();
-            break;
+        case MenuLine::Kind::SubmenuEnd: open = menu; break;
+        case MenuLine::Kind::Entry: open->addAction(&ActionOf(line.Id)); break;
+        case MenuLine::Kind::Dash: open->addSeparator(); break;
         }
     }
 
@@ -251,8 +241,7 @@ void MainWindow::MakeToolbar() {
     for (int place = 1; place <= kToolbarPlaces; ++place) {
         const CommandRow* found = nullptr;
         for (const CommandRow& row : AllCommands()) {
-            if (row.Button == place)
-                found = &row;
+            if (row.Button == place) found = &row;
         }
         if (found == nullptr) {
             Toolbar1->addSeparator();
@@ -286,8 +275,7 @@ void MainWindow::MakeSidePanel() {
     for (int i = 1; i <= 2; ++i) {
         QFrame* shape = new QFrame(client);
         name(shape, QStringLiteral("Shape%1").arg(i));
-        shape->setStyleSheet(QStringLiteral("QFrame { background: %1; border: 1px solid %2; border-radius: 3px; }")
-                                 .arg(kPaper.name(), kLine.name()));
+        shape->setStyleSheet(Framed("QFrame", 3));
     }
     for (int i = 1; i <= 3; ++i) {
         QFrame* line = new QFrame(client);
@@ -307,18 +295,13 @@ void MainWindow::MakeSidePanel() {
         Labels[i]->setAutoFillBackground(true);
         Labels[i]->setAlignment(Qt::AlignCenter);
     }
-    for (int i : {3, 4})
-        Labels[i]->setContentsMargins(5, 0, 0, 0);
-    for (int i : {3, 4, 7})
-        Labels[i]->setFont(FontOfSize(kFontPixels - 1));
-    for (int i : {10, 11, 12, 13, 14})
-        Labels[i]->setFont(FontOfSize(kFontPixels - 2));
-    for (int i : {5, 6})
-        Labels[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (int i : {3, 4}) Labels[i]->setContentsMargins(5, 0, 0, 0);
+    for (int i : {3, 4, 7}) Labels[i]->setFont(FontOfSize(kFontPixels - 1));
+    for (int i : {10, 11, 12, 13, 14}) Labels[i]->setFont(FontOfSize(kFontPixels - 2));
+    for (int i : {5, 6}) Labels[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont bold = FontOfSize(kFontPixels);
     bold.setBold(true);
-    for (int i : {1, 2, 8})
-        Labels[i]->setFont(bold);
+    for (int i : {1, 2, 8}) Labels[i]->setFont(bold);
     Labels[7]->setText(QStringLiteral("Depth:"));
     Labels[9]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     Labels[9]->setWordWrap(true);
@@ -334,7 +317,7 @@ void MainWindow::MakeSidePanel() {
         list->setUniformItemSizes(true);
         list->setTextElideMode(Qt::ElideNone);
         list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        list->setStyleSheet(QStringLiteral("QListWidget::item { padding: 1px 3px; }"));
+        list->setStyleSheet(Framed("QListWidget", 0) + QStringLiteral("QListWidget::item { padding: 1px 3px; }"));
         list->installEventFilter(this);
         (i == 1 ? List1 : i == 2 ? List2 : List3) = list;
     }
@@ -343,12 +326,10 @@ void MainWindow::MakeSidePanel() {
     List3->setToolTip(QStringLiteral("The computer's candidates with their values. A click plays one instead."));
     List1->Clicked = List1->Entered = [this] { Run([this] { GoToSelectedLine(Game); }); };
     List2->Clicked = [this] {
-        if (List2->currentRow() >= 0)
-            Run([this] { ClickLegalMove(Game); });
+        if (List2->currentRow() >= 0) Run([this] { ClickLegalMove(Game); });
     };
     List3->Clicked = [this] {
-        if (List3->currentRow() >= 0)
-            Run([this] { ClickCandidateMove(Game); });
+        if (List3->currentRow() >= 0) Run([this] { ClickCandidateMove(Game); });
     };
 
     Text2 = new QLineEdit(client);
@@ -365,6 +346,7 @@ void MainWindow::MakeSidePanel() {
     name(Text1, QStringLiteral("Text1"));
     Text1->setPlaceholderText(QStringLiteral("Comment"));
     Text1->setTabChangesFocus(true);
+    Text1->setStyleSheet(Framed("QPlainTextEdit", 0));
     Text1->installEventFilter(this);
 
     Progress = new QProgressBar(client);
@@ -406,12 +388,9 @@ QWidget& MainWindow::WidgetOf(Control control) {
     if (control >= Control::mnuGame) {
         return *Menus[static_cast<std::size_t>(control) - static_cast<std::size_t>(Control::mnuGame)];
     }
-    if (control == Control::Text1)
-        return *Text1;
-    if (control == Control::Text2)
-        return *Text2;
-    if (control == Control::Command1)
-        return *Command1;
+    if (control == Control::Text1) return *Text1;
+    if (control == Control::Text2) return *Text2;
+    if (control == Control::Command1) return *Command1;
     return *Toolbar1;
 }
 
@@ -423,14 +402,12 @@ void MainWindow::LayoutWindow() {
         QWidget* widget = centralWidget()->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
         SetPlace(*widget, PlaceOf(geometry, control.Name, extraPieces));
     }
-    for (std::size_t i = 10; i < Labels.size(); ++i)
-        Labels[i]->setVisible(extraPieces);
+    for (std::size_t i = 10; i < Labels.size(); ++i) Labels[i]->setVisible(extraPieces);
     Board->SetGeometry(geometry);
 
     ensurePolished();
     int menuHeight = menuBar()->heightForWidth(geometry.Width);
-    if (menuHeight <= 0)
-        menuHeight = menuBar()->sizeHint().height();
+    if (menuHeight <= 0) menuHeight = menuBar()->sizeHint().height();
     setFixedSize(geometry.Width, geometry.Height + menuHeight);
     if (QScreen* on = screen()) {
         QRect frame = frameGeometry();
@@ -439,15 +416,13 @@ void MainWindow::LayoutWindow() {
         move(std::max(frame.left(), on->availableGeometry().left()),
              std::max(frame.top(), on->availableGeometry().top()));
     }
-    for (QLabel* panel : StatusPanels)
-        panel->clear();
+    for (QLabel* panel : StatusPanels) panel->clear();
     StatusPanels[0]->setText(QLatin1String(kProductLine));
 }
 
 void MainWindow::RunCommand(Command command) {
     const CommandRow& row = RowOf(command);
-    if (row.Procedure == nullptr)
-        return;
+    if (row.Procedure == nullptr) return;
     Run(
         [&] {
             EndBoardInput(Game, *Board);
@@ -457,8 +432,7 @@ void MainWindow::RunCommand(Command command) {
 }
 
 void MainWindow::Run(const std::function<void()>& procedure, bool nested) {
-    if (Game.Quitting || (Running > 0 && !nested))
-        return;
+    if (Game.Quitting || (Running > 0 && !nested)) return;
     ++Running;
     procedure();
     --Running;
@@ -481,13 +455,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     event->ignore();
-    if (AskingToClose || Game.Quitting)
-        return;
+    if (AskingToClose || Game.Quitting) return;
     AskingToClose = true;
     bool yes = CloseRequested(Game);
     AskingToClose = false;
-    if (!yes || Running > 0)
-        return;
+    if (!yes || Running > 0) return;
     ClosingForGood = true;
     event->accept();
 }
@@ -499,15 +471,13 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         bool field = watched == Text1 || watched == Text2;
         if (key->modifiers() == Qt::ControlModifier && key->key() >= Qt::Key_A && key->key() <= Qt::Key_Z) {
             for (const CommandRow& row : AllCommands()) {
-                if (ActionOf(row.Id).shortcut() != QKeySequence(key->keyCombination()))
-                    continue;
+                if (ActionOf(row.Id).shortcut() != QKeySequence(key->keyCombination())) continue;
                 key->setAccepted(field && EditsText(key->key()));
                 return true;
             }
         }
     }
-    if (watched == Text1 && event->type() == QEvent::KeyPress)
-        Run([this] { CommentKey(Game); });
+    if (watched == Text1 && event->type() == QEvent::KeyPress) Run([this] { CommentKey(Game); });
     return QMainWindow::eventFilter(watched, event);
 }
 

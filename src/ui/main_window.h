@@ -39,9 +39,6 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    bool SkipRelease = false;
 };
 
 /// A label that ends a text too long for it in "...", and tells the whole in its tool tip.

@@ -20,8 +20,7 @@ constexpr std::array<char16_t, 32> kWindows1252{0x20AC, 0x0081, 0x201A, 0x0192, 
 QString Shown(const std::string& bytes) {
     QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
     QString text = utf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    if (!utf8.hasError())
-        return text;
+    if (!utf8.hasError()) return text;
     text.clear();
     for (char byte : bytes) {
         unsigned char code = static_cast<unsigned char>(byte);

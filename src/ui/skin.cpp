@@ -34,8 +34,7 @@ bool ReadPictures(Skin& skin, const QString& folder) {
 
 SquareImage ImageOf(bool dark, Long value) {
     int image = static_cast<int>(dark ? SquareImage::DarkSquare : SquareImage::LightSquare);
-    if (value != kEmpty)
-        image += 1 + static_cast<int>(PieceIndex(value));
+    if (value != kEmpty) image += 1 + static_cast<int>(PieceIndex(value));
     return static_cast<SquareImage>(image);
 }
 
@@ -51,16 +50,14 @@ bool LoadSkin(Session& session, Skin& skin) {
     skin = Skin();
     skin.DarkHighlight = QColor(255, 255, 0);
     skin.LightHighlight = QColor(128, 128, 0);
-    if (!folder.isEmpty() && ReadPictures(skin, folder))
-        return true;
+    if (!folder.isEmpty() && ReadPictures(skin, folder)) return true;
     FatalEnd(session);
     return false;
 }
 
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height) {
     QPixmap& cached = skin.Cache[{image, width, height}];
-    if (!cached.isNull())
-        return cached;
+    if (!cached.isNull()) return cached;
     QPixmap pixmap(width, height);
     pixmap.fill(Qt::black);
     QPainter painter(&pixmap);
@@ -68,13 +65,11 @@ const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height
     QRectF whole(0, 0, width, height);
     bool dark = image < SquareImage::LightSquare;
     QSvgRenderer* square = dark ? skin.Dark.get() : skin.Light.get();
-    if (square != nullptr)
-        square->render(&painter, whole);
+    if (square != nullptr) square->render(&painter, whole);
     if (!IsEmptySquareImage(image)) {
         int first = static_cast<int>(dark ? SquareImage::DarkWhiteMan : SquareImage::LightWhiteMan);
         QSvgRenderer* piece = skin.Pieces[static_cast<std::size_t>(static_cast<int>(image) - first)].get();
-        if (piece != nullptr)
-            piece->render(&painter, whole);
+        if (piece != nullptr) piece->render(&painter, whole);
     }
     painter.end();
     cached = pixmap;
@@ -88,8 +83,7 @@ QPixmap PiecePixmap(const Skin& skin, Long value, int edge, qreal ratio) {
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     QSvgRenderer* piece = skin.Pieces[PieceIndex(value)].get();
-    if (piece != nullptr)
-        piece->render(&painter, QRectF(0, 0, size, size));
+    if (piece != nullptr) piece->render(&painter, QRectF(0, 0, size, size));
     painter.end();
     pixmap.setDevicePixelRatio(ratio);
     return pixmap;

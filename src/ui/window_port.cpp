@@ -27,44 +27,32 @@ QMessageBox::StandardButton Ask(MainWindow& window, QMessageBox::Icon icon, cons
     QMessageBox box(icon, Shown(title), Shown(text), buttons, &window);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
-    for (QAbstractButton* button : box.buttons())
-        button->setIcon(QIcon());
+    for (QAbstractButton* button : box.buttons()) button->setIcon(QIcon());
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 QMessageBox::Icon IconOf(MessageKind kind) {
     switch (kind) {
-    case MessageKind::Exclamation:
-        return QMessageBox::Warning;
-    case MessageKind::Information:
-        return QMessageBox::Information;
-    case MessageKind::Plain:
-        break;
+    case MessageKind::Exclamation: return QMessageBox::Warning;
+    case MessageKind::Information: return QMessageBox::Information;
+    case MessageKind::Plain: break;
     }
     return QMessageBox::NoIcon;
 }
 
 void SetWidgetText(QWidget& widget, const std::string& text) {
     QString shown = Shown(text);
-    if (auto* label = qobject_cast<QLabel*>(&widget))
-        label->setText(shown);
-    if (auto* line = qobject_cast<QLineEdit*>(&widget))
-        line->setText(shown);
-    if (auto* button = qobject_cast<QPushButton*>(&widget))
-        button->setText(shown);
-    if (auto* field = qobject_cast<QPlainTextEdit*>(&widget))
-        field->setPlainText(shown);
+    if (auto* label = qobject_cast<QLabel*>(&widget)) label->setText(shown);
+    if (auto* line = qobject_cast<QLineEdit*>(&widget)) line->setText(shown);
+    if (auto* button = qobject_cast<QPushButton*>(&widget)) button->setText(shown);
+    if (auto* field = qobject_cast<QPlainTextEdit*>(&widget)) field->setPlainText(shown);
 }
 
 std::string WidgetText(const QWidget& widget) {
-    if (auto* label = qobject_cast<const QLabel*>(&widget))
-        return BytesOf(label->text());
-    if (auto* line = qobject_cast<const QLineEdit*>(&widget))
-        return BytesOf(line->text());
-    if (auto* button = qobject_cast<const QPushButton*>(&widget))
-        return BytesOf(button->text());
-    if (auto* field = qobject_cast<const QPlainTextEdit*>(&widget))
-        return BytesOf(field->toPlainText());
+    if (auto* label = qobject_cast<const QLabel*>(&widget)) return BytesOf(label->text());
+    if (auto* line = qobject_cast<const QLineEdit*>(&widget)) return BytesOf(line->text());
+    if (auto* button = qobject_cast<const QPushButton*>(&widget)) return BytesOf(button->text());
+    if (auto* field = qobject_cast<const QPlainTextEdit*>(&widget)) return BytesOf(field->toPlainText());
     return "";
 }
 
@@ -78,10 +66,8 @@ void MarkLabel(QLabel& label, bool toMove) {
 
 // Called at each node of the search: nearly always it only counts.
 void Yield(EventPump& pump) {
-    if (++pump.Calls % kNodesPerLook != 0 || pump.Inside)
-        return;
-    if (std::chrono::steady_clock::now() - pump.Last < kEventPause)
-        return;
+    if (++pump.Calls % kNodesPerLook != 0 || pump.Inside) return;
+    if (std::chrono::steady_clock::now() - pump.Last < kEventPause) return;
     pump.Inside = true;
     QCoreApplication::processEvents();
     pump.Inside = false;
@@ -143,8 +129,7 @@ void ConnectPort(MainWindow& window) {
     port.ListSelect = [w](ListId list, Long line) {
         GameList& shown = w->ListOf(list);
         shown.setCurrentRow(line);
-        if (line < 0)
-            shown.clearSelection();
+        if (line < 0) shown.clearSelection();
     };
     port.ListSelected = [w](ListId list) { return Long{w->ListOf(list).currentRow()}; };
     port.ListText = [w](ListId list, Long line) {

@@ -15,19 +15,14 @@ namespace {
 Family FamilyOf(SearchMember member) {
     switch (member) {
     case SearchMember::SearchAmerican:
-    case SearchMember::ScoreAmerican:
-        return Family::American;
+    case SearchMember::ScoreAmerican: return Family::American;
     case SearchMember::SearchItalian:
-    case SearchMember::ScoreItalian:
-        return Family::Italian;
+    case SearchMember::ScoreItalian: return Family::Italian;
     case SearchMember::SearchGerman:
-    case SearchMember::ScoreGerman:
-        return Family::German;
+    case SearchMember::ScoreGerman: return Family::German;
     case SearchMember::SearchRussian:
-    case SearchMember::ScoreRussian:
-        return Family::Russian;
-    default:
-        return Family::None;
+    case SearchMember::ScoreRussian: return Family::Russian;
+    default: return Family::None;
     }
 }
 
@@ -39,10 +34,8 @@ bool IsScore(SearchMember member) {
     case SearchMember::SearchAmerican:
     case SearchMember::SearchItalian:
     case SearchMember::SearchGerman:
-    case SearchMember::SearchRussian:
-        return false;
-    default:
-        return true;
+    case SearchMember::SearchRussian: return false;
+    default: return true;
     }
 }
 
@@ -60,12 +53,9 @@ Long NoMoveValue(SearchMember member, Long ply) {
     switch (member) {
     case SearchMember::SearchAnti:
     case SearchMember::ScoreAnti:
-    case SearchMember::ScoreAntiAllSquares:
-        return 31999 - ply;
-    case SearchMember::SearchGoal:
-        return -(31999 - ply);
-    default:
-        return -32000;
+    case SearchMember::ScoreAntiAllSquares: return 31999 - ply;
+    case SearchMember::SearchGoal: return -(31999 - ply);
+    default: return -32000;
     }
 }
 

@@ -128,8 +128,7 @@ TEST_F(VariantFileTest, ReadsPromotionSquaresIntoAllSlots) {
 TEST_F(VariantFileTest, PromotionSquaresSurviveTheWayThroughText) {
     PromotionList list;
     list.fill(kUnusedSlot);
-    for (Long i = 0; i < kPromotionSlots; ++i)
-        list[i] = (2 + i % 12) * kBoardWidth + 1 + (5 * i) % 12;
+    for (Long i = 0; i < kPromotionSlots; ++i) list[i] = (2 + i % 12) * kBoardWidth + 1 + (5 * i) % 12;
     EXPECT_EQ(ReadPromotionList(PromotionListText(list)), list);
     EXPECT_EQ(ReadPromotionList(PromotionListText(list) + "A1"), list) << "a square too many";
     EXPECT_EQ(PromotionListText(RuleSet().PromoW), "BBDBFBHBJBLB");
@@ -241,15 +240,13 @@ TEST_F(VariantFileTest, DamagedBytesNeverBreakTheReader) {
     std::mt19937 random(12);
     for (int round = 0; round < 150; ++round) {
         std::string damaged = text;
-        for (int byte = 0; byte < 8; ++byte)
-            damaged[random() % damaged.size()] = static_cast<char>(random());
+        for (int byte = 0; byte < 8; ++byte) damaged[random() % damaged.size()] = static_cast<char>(random());
         auto before = StateOf(*Pos, Texts);
         if (Load(damaged)) {
             ASSERT_TRUE(StateOf(*Pos, Texts) == before);
         }
         for (const PromotionList& list : {Pos->DefinedRules.PromoW, Pos->DefinedRules.PromoB}) {
-            for (Long square : list)
-                ASSERT_TRUE(square == kUnusedSlot || IsSquare(square));
+            for (Long square : list) ASSERT_TRUE(square == kUnusedSlot || IsSquare(square));
         }
     }
 }
@@ -265,8 +262,7 @@ TEST(VariantFolder, FollowsTheKindOfVariant) {
 std::vector<std::filesystem::path> ShippedVariants() {
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(ShippedDefaultVariant().parent_path())) {
-        if (entry.path().extension() == ".ini")
-            files.push_back(entry.path());
+        if (entry.path().extension() == ".ini") files.push_back(entry.path());
     }
     return files;
 }
@@ -290,8 +286,7 @@ TEST(ShippedVariants, AreReadAndEveryLineOfThemIsUsed) {
         EXPECT_FALSE(texts.VariantHelp.empty());
 
         const std::string bytes = ReadFile(file);
-        for (char c : bytes)
-            EXPECT_TRUE((c >= ' ' && c <= '~') || c == '\r' || c == '\n');
+        for (char c : bytes) EXPECT_TRUE((c >= ' ' && c <= '~') || c == '\r' || c == '\n');
         std::vector<std::string> lines;
         ASSERT_TRUE(ReadLines(file, lines));
         EXPECT_EQ(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\r')), lines.size());
@@ -301,16 +296,14 @@ TEST(ShippedVariants, AreReadAndEveryLineOfThemIsUsed) {
             EXPECT_TRUE(IsConsumed(lines[i])) << "line " << i + 1 << ": " << lines[i];
             keys.insert(lines[i].substr(0, lines[i].find('=')));
         }
-        for (const RuleKey& key : RuleKeys())
-            EXPECT_TRUE(keys.contains(std::string(key.Name))) << key.Name;
+        for (const RuleKey& key : RuleKeys()) EXPECT_TRUE(keys.contains(std::string(key.Name))) << key.Name;
     }
 }
 
 TEST(ShippedVariants, TheDefaultVariantHasTheDefaultRules) {
     auto position = std::make_unique<Position>();
     VariantTexts texts;
-    for (const RuleKey& key : RuleKeys())
-        ASSERT_TRUE(SetRuleValue(position->DefinedRules, key, "9"));
+    for (const RuleKey& key : RuleKeys()) ASSERT_TRUE(SetRuleValue(position->DefinedRules, key, "9"));
     ASSERT_FALSE(LoadVariant(ShippedDefaultVariant().parent_path(), *position, texts));
     EXPECT_EQ(position->DefinedRules, RuleSet());
 }

@@ -25,8 +25,7 @@ std::ptrdiff_t LinesOf(const std::string& text) {
 std::ptrdiff_t EndMarksOf(const std::string& output) {
     std::istringstream lines(output);
     std::ptrdiff_t marks = 0;
-    for (std::string line; std::getline(lines, line);)
-        marks += line == "." ? 1 : 0;
+    for (std::string line; std::getline(lines, line);) marks += line == "." ? 1 : 0;
     return marks;
 }
 

@@ -67,8 +67,7 @@ TEST(Batch, SurvivesNoise) {
     std::mt19937 random(1);
     for (int round = 0; round < 50; ++round) {
         std::string input;
-        for (int i = 0; i < 2000; ++i)
-            input += static_cast<char>(random() % 256);
+        for (int i = 0; i < 2000; ++i) input += static_cast<char>(random() % 256);
         std::ptrdiff_t lines = std::count(input.begin(), input.end(), '\n') + (input.back() == '\n' ? 0 : 1);
         std::vector<std::string> output = LinesOf(RunLine("batch", input).Output);
         EXPECT_EQ(std::count(output.begin(), output.end(), "."), lines);
@@ -82,8 +81,7 @@ std::vector<std::string> DiverseLines() {
     const std::string runaway = " --rule RemovePieces=0 --rule CapReverse=1 --rule MaxCapMove=0 --rule PiecesOnBlack=2 "
                                 "--rule 'WhiteKingMovement=N;NE;E;SE N;NE;E;SE;S;SW;W;NW' --setup ";
     std::string crowd(144, '0');
-    for (std::size_t i = 1; i < crowd.size(); i += 2)
-        crowd[i] = '4';
+    for (std::size_t i = 1; i < crowd.size(); i += 2) crowd[i] = '4';
     crowd.back() = '3';
     return {
         "search --depth 5",

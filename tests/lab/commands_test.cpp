@@ -14,8 +14,7 @@ using Fields = std::vector<std::string>;
 Fields FieldsOfLine(const std::string& line) {
     std::istringstream stream(line);
     Fields fields;
-    for (std::string field; stream >> field;)
-        fields.push_back(field);
+    for (std::string field; stream >> field;) fields.push_back(field);
     return fields;
 }
 
@@ -24,8 +23,7 @@ std::vector<Fields> Records(const std::string& output, const std::string& word) 
     std::vector<Fields> records;
     for (const std::string& line : LinesOf(output)) {
         Fields fields = FieldsOfLine(line);
-        if (fields.at(0) == word)
-            records.push_back(fields);
+        if (fields.at(0) == word) records.push_back(fields);
     }
     return records;
 }
@@ -74,8 +72,7 @@ TEST(LabMoves, ArePrintedFieldByField) {
         {"no piece moved last", " --rule LastCap=1 --setup " + pursued, "59 89 1074 0\n63 93 1078 0\n"},
         {"the piece moved last", " --rule LastCap=1 --last 78 --setup " + pursued, "63 93 1078 0\n"},
     };
-    for (const OutputRow& row : rows)
-        EXPECT_EQ(OutputOf("moves" + row.Options), row.Output) << row.Name;
+    for (const OutputRow& row : rows) EXPECT_EQ(OutputOf("moves" + row.Options), row.Output) << row.Name;
 }
 
 TEST(LabMoves, OfTheGameSetThePieceMovedLast) {
@@ -199,8 +196,7 @@ TEST(LabEval, TellsLossesAndBlockedSides) {
         {"won in anti mode", " --rule AntiMode=1 --setup " + Digits({{"a1", '4'}}), "eval 32000 lost 0 nomoves 0\n"},
         {"blocked", " --rule NoLegalDraw=1 --setup " + blocked, "eval 0 lost 0 nomoves 1\n"},
     };
-    for (const OutputRow& row : rows)
-        EXPECT_EQ(OutputOf("eval" + row.Options), row.Output) << row.Name;
+    for (const OutputRow& row : rows) EXPECT_EQ(OutputOf("eval" + row.Options), row.Output) << row.Name;
     Fields lost = FieldsOfLine(OutputOf("eval --side black --setup " + Digits({{"a1", '3'}})));
     EXPECT_EQ(lost[3], "1");
 }
@@ -220,8 +216,7 @@ TEST(LabSearch, TellsAPositionThatIsOver) {
         {"the first king", " --rule KingWin=1 --setup " + Digits({{"bb", '3'}, {"c5", '4'}}), "over won\n"},
         {"the opponent's first king", " --rule KingWin=1 --setup " + Digits({{"d4", '1'}, {"a1", '4'}}), "over lost\n"},
     };
-    for (const OutputRow& row : rows)
-        EXPECT_EQ(OutputOf("search --depth 3" + row.Options), row.Output) << row.Name;
+    for (const OutputRow& row : rows) EXPECT_EQ(OutputOf("search --depth 3" + row.Options), row.Output) << row.Name;
 }
 
 struct SearchRow {
@@ -242,8 +237,7 @@ TEST_P(LabSearchOutput, HangsTogether) {
     EXPECT_EQ(OutputOf("search" + options), output);
 
     std::string position = options.substr(options.find(" --depth 4") + 10);
-    if (std::size_t general = position.find(" --general"); general != std::string::npos)
-        position.erase(general, 10);
+    if (std::size_t general = position.find(" --general"); general != std::string::npos) position.erase(general, 10);
     std::vector<std::string> moves;
     for (const std::string& line : LinesOf(OutputOf("moves" + position))) {
         Fields fields = FieldsOfLine(line);
@@ -325,8 +319,7 @@ TEST(LabSearch, AMoveThatRepeatsTheGameIsWorthNothing) {
                  " --play 'a1b2 b0c9 b2a1 c9b0'");
     long repeated = 1;
     for (const Fields& fields : Records(output, "candidate")) {
-        if (fields[1] == "29" && fields[2] == "44")
-            repeated = std::stol(fields[3]);
+        if (fields[1] == "29" && fields[2] == "44") repeated = std::stol(fields[3]);
     }
     EXPECT_EQ(repeated, 0);
     EXPECT_GT(std::stol(Records(output, "bestmove")[0][3]), 100);
@@ -334,8 +327,7 @@ TEST(LabSearch, AMoveThatRepeatsTheGameIsWorthNothing) {
 
 TEST(LabLimits, ARunawayCaptureIsOneLine) {
     std::string crowd(144, '0');
-    for (std::size_t i = 1; i < crowd.size(); i += 2)
-        crowd[i] = '4';
+    for (std::size_t i = 1; i < crowd.size(); i += 2) crowd[i] = '4';
     crowd.back() = '3';
     const std::string options =
         " --rule RemovePieces=0 --rule CapReverse=1 --rule MaxCapMove=0 --rule PiecesOnBlack=2 --rule "
@@ -352,8 +344,7 @@ TEST(LabLimits, ARunawayCaptureIsOneLine) {
 
 TEST(LabLimits, AFullMoveListIsNoCount) {
     std::string crowd(144, '0');
-    for (std::size_t i = 0; i < crowd.size(); i += 4)
-        crowd[i] = i % 8 == 0 ? '3' : '4';
+    for (std::size_t i = 0; i < crowd.size(); i += 4) crowd[i] = i % 8 == 0 ? '3' : '4';
     const std::string queens = "=NW;N;NE;E;SE;S;SW;W";
     ToolRun run = RunLine("perft --depth 4 --rule WhiteKingMovement" + std::string("'") + queens +
                           "' --rule BlackKingMovement'" + queens + "' --setup " + crowd);
@@ -395,8 +386,7 @@ TEST(LabBench, EveryCaseRunsAndTheTotalIsTheirSum) {
         EXPECT_EQ((Fields{fields[1], fields[3], fields[5]}), (Fields{"nodes", "seconds", "nps"}));
         // A case that is over, or whose only move is searched once, measures nothing.
         EXPECT_GT(std::stol(fields[2]), 10) << lines[i];
-        if (i < cases.size())
-            sum += std::stol(fields[2]);
+        if (i < cases.size()) sum += std::stol(fields[2]);
     }
     EXPECT_EQ(FieldsOfLine(lines.back())[2], std::to_string(sum));
 }

@@ -6,8 +6,9 @@
 namespace tavlon12::lab {
 namespace {
 
-// Move lists, evaluations and searches as the plain version of the program gave them, before anything was made faster. Each entry
-// of the file: "= " with the position options, then what `moves`, `eval` and `search --depth 5` print, each closed by ".".
+// Move lists, evaluations and searches as the plain version of the program gave them, before anything was made faster.
+// Each entry of the file: "= " with the position options, then what `moves`, `eval` and `search --depth 5` print, each
+// closed by ".".
 
 std::string RestOfAnswer(std::istream& file) {
     std::string answer;

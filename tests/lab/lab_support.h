@@ -28,8 +28,7 @@ inline std::unique_ptr<Lab> MakeLab() {
 /// Runs the tool as a process would, from a command line in a shell's quoting.
 inline ToolRun RunLine(const std::string& line, const std::string& input = "") {
     std::vector<std::string> words;
-    if (Failure failure = SplitWords(line, words))
-        ADD_FAILURE() << *failure;
+    if (Failure failure = SplitWords(line, words)) ADD_FAILURE() << *failure;
     auto lab = MakeLab();
     std::istringstream in(input);
     std::ostringstream out, err;
@@ -48,8 +47,7 @@ inline std::string OutputOf(const std::string& line) {
 inline std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
     return lines;
 }
 
@@ -57,8 +55,7 @@ inline std::vector<std::string> LinesOf(const std::string& text) {
 inline std::string Digits(const std::vector<std::pair<std::string, char>>& pieces) {
     std::string digits(144, '0');
     const std::string ranks = "1234567890ab";
-    for (const auto& [square, digit] : pieces)
-        digits[ranks.find(square[1]) * 12 + (square[0] - 'a')] = digit;
+    for (const auto& [square, digit] : pieces) digits[ranks.find(square[1]) * 12 + (square[0] - 'a')] = digit;
     return digits;
 }
 

@@ -24,8 +24,7 @@ TEST(PositionString, RoundTripOfRandomBoards) {
     Random random(5);
     for (Long i = 0; i < 200; ++i) {
         std::string digits;
-        for (std::size_t cell = 0; cell < kSquareCount; ++cell)
-            digits += static_cast<char>('0' + Draw(random, 5));
+        for (std::size_t cell = 0; cell < kSquareCount; ++cell) digits += static_cast<char>('0' + Draw(random, 5));
         BoardCells board = ReadPositionString(digits);
         EXPECT_EQ(PositionString(board), digits);
         EXPECT_EQ(ReadPositionString(PositionString(board)), board);
@@ -56,8 +55,7 @@ TEST(BoardOf, ReadsListsAndPrintsThem) {
 TEST(SquareColourShift, EverySquareLeadsToItsNeighbourInTheColumnPair) {
     for (Long piecesOnBlack : {0, 1, 2}) {
         for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-            if (!IsSquare(square))
-                continue;
+            if (!IsSquare(square)) continue;
             bool odd = (square / 14 + square % 14) % 2 == 1;
             ColourShift shift = SquareColourShift(square, piecesOnBlack);
             EXPECT_EQ(shift.SquareIsDark, odd == (piecesOnBlack != 0)) << NameOf(square);

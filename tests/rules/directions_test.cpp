@@ -10,8 +10,7 @@ namespace {
 std::vector<Long> StepsOf(const DirectionRow& row) {
     std::vector<Long> steps;
     for (Long step : row) {
-        if (step == kEndOfSteps)
-            break;
+        if (step == kEndOfSteps) break;
         steps.push_back(step);
     }
     return steps;
@@ -40,8 +39,7 @@ TEST(ParseMovement, Rows) {
     };
     for (const Row& row : rows) {
         DirectionTable table;
-        for (DirectionRow& cells : table)
-            cells.fill(77);
+        for (DirectionRow& cells : table) cells.fill(77);
         ParseMovement(row.Text, row.Type, table);
         EXPECT_EQ(StepsOf(table[row.Type]), row.Quiet) << row.Text;
         EXPECT_EQ(StepsOf(table[row.Type + 4]), row.Captures) << row.Text;

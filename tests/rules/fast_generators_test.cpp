@@ -17,17 +17,16 @@ struct FamilyRow {
     const char* Changed;
 };
 
-constexpr const char* kAmerican = "MaxCapMove=0 | WhiteManMovement=NW;NE NW;NE | BlackManMovement=NW;NE NW;NE | LongKings=0 | "
-                                  "ManContJump=0 | RemovePieces=0 | BlackStarts=1";
+constexpr const char* kAmerican =
+    "MaxCapMove=0 | WhiteManMovement=NW;NE NW;NE | BlackManMovement=NW;NE NW;NE | LongKings=0 | "
+    "ManContJump=0 | RemovePieces=0 | BlackStarts=1";
 constexpr const char* kItalian = "MaxCapMoveKings=1 | KingCapMove=1 | ManCapKing=0 | WhiteManMovement=NW;NE NW;NE | "
                                  "BlackManMovement=NW;NE NW;NE | LongKings=0 | ManContJump=0 | RemovePieces=0 | "
                                  "PiecesOnBlack=0 | PromoW=AbCbEbGbIbKb | PromoB=B1D1F1H1J1L1";
 constexpr const char* kRussian = "MaxCapMove=0 | ManContJumpCrowned=1 | ThreeKings=1 | NumberKings=15";
 
-constexpr FamilyRow kFamilies[] = {{Family::American, kAmerican},
-                                   {Family::Italian, kItalian},
-                                   {Family::German, ""},
-                                   {Family::Russian, kRussian}};
+constexpr FamilyRow kFamilies[] = {
+    {Family::American, kAmerican}, {Family::Italian, kItalian}, {Family::German, ""}, {Family::Russian, kRussian}};
 
 std::vector<std::string> Moves(const Position& position) {
     std::vector<std::string> moves;
@@ -70,8 +69,9 @@ TEST_P(FamilyGenerator, GivesTheMovesOfTheGeneralOne) {
                 std::vector<std::string> fast = Moves(*position);
                 if (row.Member == Family::American) { // square by square instead of captures last
                     auto begin = position->Moves.begin();
-                    ASSERT_TRUE(std::is_sorted(begin, begin + position->Tree.NextMoveSlot,
-                                               [](const MoveRecord& a, const MoveRecord& b) { return a.From < b.From; }));
+                    ASSERT_TRUE(
+                        std::is_sorted(begin, begin + position->Tree.NextMoveSlot,
+                                       [](const MoveRecord& a, const MoveRecord& b) { return a.From < b.From; }));
                     std::sort(expected.begin(), expected.end());
                     std::sort(fast.begin(), fast.end());
                 }
@@ -93,9 +93,10 @@ TEST(RecognizeVariantFamily, KnowsTheFourSetsAndNoOther) {
         EXPECT_EQ(RecognizeVariantFamily(rules, ClassicStart()), row.Member);
         EXPECT_EQ(RecognizeVariantFamily(rules, EmptyBoard()), Family::None);
     }
-    for (const char* changed : {"MulJumps=0", "CapRequired=0", "MaxCapMoveK=0", "AntiMode=1", "NumberMen=1", "NumberFriends=-1",
-                                "ContractB2=3", "BlackStarts=1", "PiecesOnBlack=0", "NumberKings=15", "ManCapKing=0",
-                                "PromoW=BbDbFbHbJb", "BlackKingMovement=NW;NE;SW;SE NW;NE;SE;SW", "MaxCapMove=2"}) {
+    for (const char* changed :
+         {"MulJumps=0", "CapRequired=0", "MaxCapMoveK=0", "AntiMode=1", "NumberMen=1", "NumberFriends=-1",
+          "ContractB2=3", "BlackStarts=1", "PiecesOnBlack=0", "NumberKings=15", "ManCapKing=0", "PromoW=BbDbFbHbJb",
+          "BlackKingMovement=NW;NE;SW;SE NW;NE;SE;SW", "MaxCapMove=2"}) {
         EXPECT_EQ(FamilyOfRules(RulesWith(changed)), Family::None) << changed;
     }
     EXPECT_EQ(FamilyOfRules(RulesWith("PromoW=BbDbFbHbJbLba1")), Family::German) << "only the first six squares count";

@@ -19,20 +19,16 @@ struct Tally {
     Long Skipped = 0;
 
     void Count(Comparison comparison) {
-        if (comparison == Comparison::Compared)
-            ++Compared;
-        if (comparison == Comparison::Limit)
-            ++Limit;
-        if (comparison == Comparison::Skipped)
-            ++Skipped;
+        if (comparison == Comparison::Compared) ++Compared;
+        if (comparison == Comparison::Limit) ++Limit;
+        if (comparison == Comparison::Skipped) ++Skipped;
     }
 };
 
 void CompareAllModes(Position& position, Tally& tally) {
     for (Long mode : {-1, 0, 1}) {
         tally.Count(CompareGenerators(position, mode));
-        if (::testing::Test::HasFailure())
-            return;
+        if (::testing::Test::HasFailure()) return;
     }
 }
 
@@ -52,16 +48,14 @@ void CompareRandomGame(const RuleSet& rules, Long halfMoves, Random& random, Tal
     auto position = StartPosition(rules);
     for (Long i = 0; i < halfMoves; ++i) {
         CompareAllModes(*position, tally);
-        if (::testing::Test::HasFailure() || PlayAtRandom(*position, 1, random) == 0)
-            return;
+        if (::testing::Test::HasFailure() || PlayAtRandom(*position, 1, random) == 0) return;
     }
 }
 
 /// Leaves under moves that are legal, every slot of the list counted.
 Long Perft(Position& position, Long depth) {
     Long count = GenerateLegalMoves(position);
-    if (depth == 1)
-        return count;
+    if (depth == 1) return count;
     Long leaves = 0;
     Long first = position.Tree.PlyFirstMove[position.Tree.Ply];
     for (Long slot = first; slot < first + count; ++slot) {
@@ -74,13 +68,10 @@ Long Perft(Position& position, Long depth) {
 
 Long ReferencePerft(const ReferenceState& state, Long depth) {
     std::vector<ReferenceMove> moves = GenerateReferenceMoves(state, 0).Moves;
-    if (moves.empty())
-        moves = GenerateReferenceMoves(state, 1).Moves;
-    if (depth == 1)
-        return static_cast<Long>(moves.size());
+    if (moves.empty()) moves = GenerateReferenceMoves(state, 1).Moves;
+    if (depth == 1) return static_cast<Long>(moves.size());
     Long leaves = 0;
-    for (const ReferenceMove& move : moves)
-        leaves += ReferencePerft(AfterMove(state, move, false), depth - 1);
+    for (const ReferenceMove& move : moves) leaves += ReferencePerft(AfterMove(state, move, false), depth - 1);
     return leaves;
 }
 
@@ -119,8 +110,7 @@ TEST_P(NamedRulesTest, PositionsAndGames) {
     CompareRandomPositions(rules, Scaled(150), random, tally);
     EXPECT_GT(tally.Compared, Scaled(400));
     Tally games;
-    for (Long game = 0; game < Scaled(3) && !HasFailure(); ++game)
-        CompareRandomGame(rules, 150, random, games);
+    for (Long game = 0; game < Scaled(3) && !HasFailure(); ++game) CompareRandomGame(rules, 150, random, games);
     EXPECT_GT(games.Compared, 10);
     EXPECT_EQ(games.Limit, 0) << "a real game should stay far from the limits";
 }
@@ -128,8 +118,7 @@ TEST_P(NamedRulesTest, PositionsAndGames) {
 TEST_P(NamedRulesTest, Perft) {
     Random random(144);
     for (Long halfMoves : {0, 20, 50}) {
-        if (halfMoves > Scaled(50))
-            break;
+        if (halfMoves > Scaled(50)) break;
         auto position = StartPosition(RulesWith(GetParam().Changed));
         PlayAtRandom(*position, halfMoves, random);
         ReferenceState state = StateOf(*position);
@@ -141,8 +130,7 @@ INSTANTIATE_TEST_SUITE_P(Games, NamedRulesTest, ::testing::ValuesIn(NamedRuleSet
                          [](const auto& row) {
                              std::string name;
                              for (char c : row.param.Name) {
-                                 if (std::isalnum(static_cast<unsigned char>(c)) != 0)
-                                     name += c;
+                                 if (std::isalnum(static_cast<unsigned char>(c)) != 0) name += c;
                              }
                              return name;
                          });

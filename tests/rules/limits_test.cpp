@@ -20,8 +20,7 @@ BoardCells GridOfMen(Long columns, Long rows) {
     BoardCells board = EmptyBoard();
     for (Long row = 0; row < 2 * rows - 1; ++row) {
         for (Long column = 0; column < 2 * columns - 1; ++column) {
-            if ((row + column) % 2 == 1)
-                board[kFirstSquare + kBoardWidth * row + column] = -kMan;
+            if ((row + column) % 2 == 1) board[kFirstSquare + kBoardWidth * row + column] = -kMan;
         }
     }
     return board;
@@ -114,8 +113,7 @@ TEST(Limits, TwentyJumpsAreMadeAndTakenBack) {
         ASSERT_EQ(position->Moves[slot].Captures.Count, 20);
         PerformMove(*position, slot);
         Long men = 0;
-        for (Long cell : position->Board)
-            men += cell == -kMan ? 1 : 0;
+        for (Long cell : position->Board) men += cell == -kMan ? 1 : 0;
         EXPECT_EQ(men, 4);
         TakeBackMove(*position, slot);
         EXPECT_EQ(position->Board, board);
@@ -132,8 +130,7 @@ TEST(Limits, ManyKingsOnAllSquares) {
     Long passed = 0;
     for (Long i = 0; i < Scaled(40); ++i) {
         for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-            if (!IsSquare(square))
-                continue;
+            if (!IsSquare(square)) continue;
             Long drawn = Draw(random, 6);
             position->Board[square] = drawn == 0 ? kKing : drawn <= 2 ? -kMan : kEmpty;
         }

@@ -54,15 +54,13 @@ void ExpectSame(const Position& position, const Snapshot& before) {
 /// Material of the board, seen from a side.
 Long BalanceOf(const BoardCells& board, Long side) {
     Long sum = 0;
-    for (Long cell : board)
-        sum += cell == kBorder ? 0 : cell;
+    for (Long cell : board) sum += cell == kBorder ? 0 : cell;
     return 100 * side * sum;
 }
 
 Long MaterialOf(const BoardCells& board) {
     Long sum = 0;
-    for (Long cell : board)
-        sum += cell == kBorder ? 0 : Magnitude(cell);
+    for (Long cell : board) sum += cell == kBorder ? 0 : Magnitude(cell);
     return 100 * sum;
 }
 
@@ -107,22 +105,18 @@ void DownAndUp(Position& position, Long depth, Random& random) {
     while (static_cast<Long>(line.size()) < depth && position.Tree.NextMoveSlot < 800) {
         // Captures may also be played where they are not the only legal moves.
         GenerateMoves(position, DrawOneIn(random, 4) ? 1 : 0);
-        if (MoveCount(position.Tree) == 0)
-            GenerateMoves(position, 1);
+        if (MoveCount(position.Tree) == 0) GenerateMoves(position, 1);
         Long count = MoveCount(position.Tree);
-        if (count == 0 || position.Fault.Passed())
-            break;
+        if (count == 0 || position.Fault.Passed()) break;
         Long slot = position.Tree.PlyFirstMove[position.Tree.Ply] + Draw(random, count);
         line.push_back({slot, SnapshotOf(position)});
         MakeAndCheck(position, slot);
-        if (::testing::Test::HasFailure())
-            return;
+        if (::testing::Test::HasFailure()) return;
     }
     for (; !line.empty(); line.pop_back()) {
         TakeBackMove(position, line.back().Slot);
         ExpectSame(position, line.back().Before);
-        if (::testing::Test::HasFailure())
-            return;
+        if (::testing::Test::HasFailure()) return;
     }
 }
 
@@ -134,12 +128,10 @@ void MakeAll(Position& position, Long depth) {
     for (Long slot = first; slot < last; ++slot) {
         Snapshot before = SnapshotOf(position);
         MakeAndCheck(position, slot);
-        if (depth > 1)
-            MakeAll(position, depth - 1);
+        if (depth > 1) MakeAll(position, depth - 1);
         TakeBackMove(position, slot);
         ExpectSame(position, before);
-        if (::testing::Test::HasFailure())
-            return;
+        if (::testing::Test::HasFailure()) return;
     }
 }
 
@@ -149,11 +141,9 @@ TEST(MakeMove, RandomGamesUnderRandomRules) {
         RuleSet rules = RandomRules(random);
         SCOPED_TRACE("seed " + std::to_string(seed) + ", " + ChangedKeys(rules));
         auto position = StartPosition(rules);
-        if (DrawOneIn(random, 2))
-            PlacePiecesAtRandom(*position, random);
+        if (DrawOneIn(random, 2)) PlacePiecesAtRandom(*position, random);
         PlayAtRandom(*position, Draw(random, 40), random);
-        if (position->Fault.Passed())
-            continue;
+        if (position->Fault.Passed()) continue;
         CountRoot(*position);
         DownAndUp(*position, 40, random);
     }
@@ -167,10 +157,8 @@ TEST(MakeMove, LinesAsDeepAsThePliesGo) {
         auto position = StartPosition(RulesWith(named.Changed));
         CountRoot(*position);
         DownAndUp(*position, kMaxPly - 1, random);
-        for (Long i = 0; i < kMaxPly && position->Tree.PlyLastTo[i + 1] != 0; ++i)
-            deepest = std::max(deepest, i + 1);
-        if (HasFailure())
-            return;
+        for (Long i = 0; i < kMaxPly && position->Tree.PlyLastTo[i + 1] != 0; ++i) deepest = std::max(deepest, i + 1);
+        if (HasFailure()) return;
     }
     EXPECT_GT(deepest, 50);
 }
@@ -185,8 +173,7 @@ TEST(MakeMove, EveryMoveOfSmallPositions) {
         MakeAll(*position, 1);
         // Few pieces, so that the last man of a side comes about.
         for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-            if (IsSquare(square) && !DrawOneIn(random, 12))
-                position->Board[square] = kEmpty;
+            if (IsSquare(square) && !DrawOneIn(random, 12)) position->Board[square] = kEmpty;
         }
         RecountPieces(*position);
         CountRoot(*position);
@@ -246,8 +233,7 @@ TEST_P(AfterMoveRows, MadeAndTakenBack) {
     Long slot = -1;
     GenerateMoves(*position, 1);
     for (Long i = 0; i < position->Tree.NextMoveSlot; ++i) {
-        if (slot < 0 && MoveText(position->Moves[i]) == row.Move)
-            slot = i;
+        if (slot < 0 && MoveText(position->Moves[i]) == row.Move) slot = i;
     }
     ASSERT_GE(slot, 0) << "among " << MoveTexts(*position);
     Snapshot before = SnapshotOf(*position);

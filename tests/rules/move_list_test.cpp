@@ -1,5 +1,5 @@
-#include "rules/register_moves.h"
 #include "rules/move_list.h"
+#include "rules/register_moves.h"
 
 #include "rules/generate_moves.h"
 #include "support/positions.h"
@@ -14,8 +14,7 @@ using namespace support;
 
 CapturePath PathOf(std::initializer_list<std::pair<const char*, Long>> pieces) {
     CapturePath path;
-    for (const auto& [square, magnitude] : pieces)
-        path.Add(SquareOf(square), magnitude);
+    for (const auto& [square, magnitude] : pieces) path.Add(SquareOf(square), magnitude);
     return path;
 }
 
@@ -137,8 +136,7 @@ TEST(NextBestMove, BestFirstAndTheEarlierAmongEquals) {
     tree.PlyFirstMove[3] = 10;
     tree.NextMoveSlot = 10;
     const Long scores[] = {0, 250, -31999, 250, 0};
-    for (Long i = 0; i < 5; ++i)
-        position->Moves[5 + i].SortScore = scores[i];
+    for (Long i = 0; i < 5; ++i) position->Moves[5 + i].SortScore = scores[i];
     position->Moves[4].SortScore = 999; // of the ply before
     position->Moves[10].SortScore = 999;
     for (Long slot : {6, 8, 5, 9, 7}) {

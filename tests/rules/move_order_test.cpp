@@ -177,8 +177,7 @@ void PrintTo(const MoveRow& row, std::ostream* stream) {
 TEST_P(MoveOrder, MatchesTheRow) {
     const MoveRow& row = GetParam();
     auto position = MakePosition(RulesWith(row.Changed), row.Placement, row.Side);
-    if (*row.LastMove != '\0')
-        SetLastMove(*position, row.LastMove);
+    if (*row.LastMove != '\0') SetLastMove(*position, row.LastMove);
     BoardCells board = position->Board;
     if (row.Mode == kLegal) {
         GenerateLegalMoves(*position);

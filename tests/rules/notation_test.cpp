@@ -67,12 +67,10 @@ TEST(SquareNumber, Rows) {
 TEST(Notation, RoundTripOverThePlayingSquares) {
     for (Byte notation : {kAlgebraic, kNumeric, kNoLabels}) {
         for (Long piecesOnBlack : {0, 1, 2}) {
-            if (notation != kAlgebraic && piecesOnBlack == 2)
-                continue; // numbers exist on boards of one colour only
+            if (notation != kAlgebraic && piecesOnBlack == 2) continue; // numbers exist on boards of one colour only
             Long count = 0;
             for (Long square = 0; square < kBoardCells; ++square) {
-                if (!IsSquare(square) || !IsPlayingSquare(square, piecesOnBlack))
-                    continue;
+                if (!IsSquare(square) || !IsPlayingSquare(square, piecesOnBlack)) continue;
                 for (Padding padding : {Padding::Blank, Padding::None, Padding::Zero}) {
                     std::string text = UpperCase(SquareNotation(square, padding, notation).substr(0, 1)) +
                                        SquareNotation(square, padding, notation).substr(1);

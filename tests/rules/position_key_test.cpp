@@ -16,8 +16,7 @@ TEST(PositionKey, IdentifiesThePlacementExactly) {
     EXPECT_EQ(KeyOf(EmptyBoard()), PositionKey());
     std::vector<PositionKey> keys = {KeyOf(EmptyBoard())};
     for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-        if (!IsSquare(square))
-            continue;
+        if (!IsSquare(square)) continue;
         for (Long piece : {1, 2, -1, -2}) {
             BoardCells board = EmptyBoard();
             board[square] = piece;
@@ -25,8 +24,7 @@ TEST(PositionKey, IdentifiesThePlacementExactly) {
         }
     }
     for (std::size_t a = 0; a < keys.size(); ++a) {
-        for (std::size_t b = a + 1; b < keys.size(); ++b)
-            ASSERT_FALSE(keys[a] == keys[b]) << a << " and " << b;
+        for (std::size_t b = a + 1; b < keys.size(); ++b) ASSERT_FALSE(keys[a] == keys[b]) << a << " and " << b;
     }
 }
 
@@ -50,8 +48,7 @@ TEST(FindRepetition, CountsTheKeysUpToTheIndex) {
     PositionKey here = KeyOf(position->Board);
     PositionKey other = KeyOf(BoardOf("W: c3; B: e7"));
     const PositionKey keys[] = {here, other, here, other, here};
-    for (Long i = 0; i < 5; ++i)
-        position->PositionKeys[i] = keys[i];
+    for (Long i = 0; i < 5; ++i) position->PositionKeys[i] = keys[i];
     const Long counts[] = {0, 1, 1, 2, 2, 3}; // for the index -1 and on
     for (Long index = -1; index < 5; ++index) {
         EXPECT_EQ(FindRepetition(*position, index).RepeatCount, counts[index + 1]) << index;

@@ -67,8 +67,7 @@ TEST(MainLine, ShowsUpToTwentyMovesAndThePredictedReply) {
     EXPECT_EQ(game.PredictedFrom, d4);
     EXPECT_EQ(game.PredictedTo, c3);
 
-    for (Long k = 0; k < 25; ++k)
-        line[k] = {c3, d4, 0};
+    for (Long k = 0; k < 25; ++k) line[k] = {c3, d4, 0};
     line[25].From = 0;
     DisplayMainVariant(game);
     EXPECT_EQ(game.MainLineText.size(), 20u * 6);
@@ -115,8 +114,7 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
 
     // The candidates, best first; the search line with the best move; the time of the whole call.
     ASSERT_EQ(fixture.Screen.List(ListId::List3).Lines.size(), 11u);
-    for (std::size_t i = 1; i < 11; ++i)
-        EXPECT_GE(game.RootMoves[i - 1].Score, game.RootMoves[i].Score);
+    for (std::size_t i = 1; i < 11; ++i) EXPECT_GE(game.RootMoves[i - 1].Score, game.RootMoves[i].Score);
     EXPECT_EQ(game.RootMoves[0].Score, game.LastScore);
     const std::string best = "Depth: 3   Best: " + cell.substr(5) + "   Score:" + Str(game.LastScore);
     EXPECT_EQ(fixture.Screen.SearchLine, best + "   Time: 00:00.00\nMain: " + game.MainLineText);
@@ -126,8 +124,7 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     EXPECT_EQ(fixture.Screen.Status[1], "Black moves");
     EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 10   Depth: 3 ply");
 
-    for (ListId list : {ListId::List1, ListId::List2, ListId::List3})
-        EXPECT_TRUE(fixture.Screen.List(list).Enabled);
+    for (ListId list : {ListId::List1, ListId::List2, ListId::List3}) EXPECT_TRUE(fixture.Screen.List(list).Enabled);
     EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines.size(), 11u);
     for (Command command : {Command::New1, Command::Compute, Command::First, Command::Moveback, Command::Offerdraw,
                             Command::Resign, Command::Hint, Command::Turn, Command::plyvaluetable})
@@ -170,8 +167,7 @@ TEST(ComputerMove, StopsWhenItsTimeIsUp) {
     StartGame(fixture, support::RulesWith(""));
     fixture.Screen.Now = 86398.0; // midnight passes meanwhile
     fixture.Screen.OnYield = [&] {
-        if (fixture.Screen.Now >= 86400.0)
-            fixture.Screen.Now -= 86400.0;
+        if (fixture.Screen.Now >= 86400.0) fixture.Screen.Now -= 86400.0;
     };
     Think(game);
     EXPECT_EQ(fixture.Pos->Tree.TreeIndex, 1);
@@ -190,8 +186,7 @@ TEST(ComputerMove, CancelledAtOncePlaysTheFirstGeneratedMove) {
     StartGame(fixture, support::RulesWith(""));
     Long nodes = 0;
     fixture.Screen.OnYield = [&] {
-        if (nodes++ == 0)
-            CancelCommand(game);
+        if (nodes++ == 0) CancelCommand(game);
     };
     Think(game);
     EXPECT_EQ(game.Record.GameRows[1][0], "a5b6 a5-b6");
@@ -221,8 +216,7 @@ TEST(ComputerMove, ACancelThatComesTooLateDoesNotStopTheNextMove) {
     game.Settings.AskForDraw = 1;
     Long waits = 0;
     fixture.Screen.OnWait = [&] {
-        if (++waits == 2)
-            CancelCommand(game);
+        if (++waits == 2) CancelCommand(game);
     };
     game.Stagnation = 5;
     game.Pos.Tree.TreeIndex = 0;
@@ -259,8 +253,7 @@ TEST(ComputerMove, ForgetsTheHalfMovesThatLieAhead) {
     Session& game = fixture.Game;
     LimitDepth(fixture, 1);
     StartGame(fixture, support::RulesWith(""));
-    for (int i = 0; i < 4; ++i)
-        Think(game);
+    for (int i = 0; i < 4; ++i) Think(game);
     game.Record.MoveComments[2] = "two";
     game.Record.MoveComments[3] = "three";
     GoBack(game);
@@ -371,8 +364,7 @@ void PrintTo(const QuestionCase& test, std::ostream* stream) {
 /// A seed whose first draw lies below a tenth, or above it.
 std::uint32_t SeedOf(bool low) {
     for (std::uint32_t seed = 1;; ++seed)
-        if ((static_cast<double>(std::mt19937(seed)()) / 4294967296.0 < 0.1) == low)
-            return seed;
+        if ((static_cast<double>(std::mt19937(seed)()) / 4294967296.0 < 0.1) == low) return seed;
 }
 
 class DrawQuestion : public testing::TestWithParam<QuestionCase> {};
@@ -387,8 +379,7 @@ TEST_P(DrawQuestion, IsAskedWhenTheGameStandsStill) {
         game.Settings.ChessDraws = 0;
         game.Settings.AskForDraw = test.AskForDraw;
         fixture.Pos->Tree.TreeIndex = game.Record.LastMoveIndex = test.TreeIndex - 1;
-        for (Long i = 1; i < test.TreeIndex; ++i)
-            fixture.Screen.List(ListId::List1).Lines.push_back("");
+        for (Long i = 1; i < test.TreeIndex; ++i) fixture.Screen.List(ListId::List1).Lines.push_back("");
         game.LastDrawAsk = test.LastDrawAsk;
         game.Stagnation = test.Stagnation;
         game.MateAnnounced = test.MateAnnounced;
@@ -446,8 +437,7 @@ TEST(Stagnation, CountsMovesWithTheScoreOfSeventyEightHalfMovesBefore) {
         StartGame(fixture, "CapRequired=0", "W: Ka1 Kd2; B: Kbb");
         game.Settings.ChessDraws = 0;
         fixture.Pos->Tree.TreeIndex = game.Record.LastMoveIndex = row.TreeIndex - 1;
-        for (Long i = 1; i < row.TreeIndex; ++i)
-            fixture.Screen.List(ListId::List1).Lines.push_back("");
+        for (Long i = 1; i < row.TreeIndex; ++i) fixture.Screen.List(ListId::List1).Lines.push_back("");
         game.Stagnation = 3;
         // The new score is known when the move's line is added, and the count is taken after that.
         auto add = game.Port.ListAdd;

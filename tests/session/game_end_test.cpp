@@ -85,8 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
 std::string Shuffle(Long halfMoves) {
     constexpr std::string_view kMoves[] = {"a1b2 ", "bbca ", "b2a1 ", "cabb "};
     std::string text;
-    for (Long i = 0; i < halfMoves; ++i)
-        text += kMoves[i % 4];
+    for (Long i = 0; i < halfMoves; ++i) text += kMoves[i % 4];
     return text;
 }
 
@@ -152,10 +151,8 @@ INSTANTIATE_TEST_SUITE_P(
 /// Plays half-moves of two kings that do not capture, through the record alone.
 void PretendQuietHalfMoves(Session& game, Long count) {
     game.Pos.Tree.TreeIndex = game.Record.LastMoveIndex = count;
-    for (Long i = 1; i <= count; ++i)
-        game.Record.MoveHistory[i] = {29, 44, {}, 0, 0};
-    while (game.Port.ListCount(ListId::List1) < count)
-        game.Port.ListAdd(ListId::List1, "");
+    for (Long i = 1; i <= count; ++i) game.Record.MoveHistory[i] = {29, 44, {}, 0, 0};
+    while (game.Port.ListCount(ListId::List1) < count) game.Port.ListAdd(ListId::List1, "");
 }
 
 TEST(MoveLimit, ComesAtTheLimitOfItsCode) {

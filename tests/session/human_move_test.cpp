@@ -236,8 +236,7 @@ TEST(HumanMove, ReplacesWhatLayAhead) {
     Session& game = fixture.Game;
     game.PlayMode = kPlayerPlayer;
     StartGame(fixture, support::RulesWith(""));
-    for (const char* move : {"c5-d6", "b8-a7", "e5-f6"})
-        Type(fixture, move);
+    for (const char* move : {"c5-d6", "b8-a7", "e5-f6"}) Type(fixture, move);
     game.Record.MoveComments[1] = "one";
     game.Record.MoveComments[2] = "two";
     game.ResultText = "1-0";
@@ -388,8 +387,7 @@ TEST_P(EveryListLine, PlaysItsMoveInEachNotation) {
             for (std::size_t i = 0; i < moves.size() && i < 30; ++i) {
                 const std::string line = fixture.Screen.List(ListId::List2).Lines[i];
                 Click(fixture, ListId::List2, i);
-                if (fixture.Pos->Fault.Passed())
-                    break; // so many routes that the game cannot go on
+                if (fixture.Pos->Fault.Passed()) break; // so many routes that the game cannot go on
                 ASSERT_EQ(fixture.Pos->Tree.TreeIndex, 1) << line << "\n" << support::DescribePosition(*fixture.Pos);
                 EXPECT_TRUE(SameSquares(game.Record.MoveHistory[1], moves[i])) << line;
                 EXPECT_TRUE(fixture.Screen.List(ListId::List1).Lines[0].ends_with(line)) << line;
@@ -413,8 +411,7 @@ TEST_P(EveryListLine, OfTheCandidatesPlaysItsMove) {
         AdoptBoard(*fixture.Pos);
         support::StartFromBoard(fixture);
         ComputeCommand(game);
-        if (fixture.Pos->Tree.TreeIndex == 0)
-            continue; // the game was over before it began
+        if (fixture.Pos->Tree.TreeIndex == 0) continue; // the game was over before it began
         const std::size_t count = fixture.Screen.List(ListId::List3).Lines.size();
         ASSERT_GT(count, 0u);
         for (std::size_t i = 0; i < count && i < 20; ++i) {

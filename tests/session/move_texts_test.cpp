@@ -49,8 +49,7 @@ TEST(DisplayMove, WritesTheThreeTexts) {
 TEST(GameLine, AlignsThePairNumbers) {
     const std::pair<Long, std::string> rows[] = {{1, "   1. c3-d4"},  {2, "      c3-d4"},   {3, "   2. c3-d4"},
                                                  {19, "  10. c3-d4"}, {999, " 500. c3-d4"}, {1000, "      c3-d4"}};
-    for (const auto& [halfMove, line] : rows)
-        EXPECT_EQ(GameLine(halfMove, "c3-d4"), line);
+    for (const auto& [halfMove, line] : rows) EXPECT_EQ(GameLine(halfMove, "c3-d4"), line);
 }
 
 TEST(RefreshLegalMoves, ListsTheMovesInTheirOrder) {
@@ -94,8 +93,7 @@ TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
         game.PlayMode = kPlayerPlayer;
         UseRules(game.Pos, row);
         StartFromRandom(game, random, 14);
-        for (int i = 0; i < 30 && !game.GameOver; ++i)
-            ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
+        for (int i = 0; i < 30 && !game.GameOver; ++i) ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
         const Long last = game.Record.LastMoveIndex;
         ASSERT_GT(last, 2);
         const auto cells = game.Record.GameRows;

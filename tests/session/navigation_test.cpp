@@ -36,8 +36,7 @@ Shown Look(SessionFixture& fixture) {
     InitGameTree(*fixture.Pos);
     // The move that ends a game leaves the greyed list as it was.
     auto legalMoves = fixture.Screen.List(ListId::List2).Lines;
-    if (fixture.Game.GameOver)
-        legalMoves.clear();
+    if (fixture.Game.GameOver) legalMoves.clear();
     return {fixture.Pos->Board,  tree.SideToMove,          tree.PlyValue[0],
             tree.PlyMaterial[0], tree.WhiteOffBoard,       tree.BlackOffBoard,
             legalMoves,          NameToMove(fixture.Game), fixture.Screen.Texts[Control::Text1]};
@@ -67,8 +66,7 @@ struct RecordedGame : SessionFixture {
             std::string text = RandomMoveText(Game, random);
             ASSERT_TRUE(Play(Game, text)) << text;
             // A computer's reply leaves no moment to note the position between the two moves.
-            if (Index() == static_cast<Long>(Seen.size()) + 1)
-                Seen.emplace_back();
+            if (Index() == static_cast<Long>(Seen.size()) + 1) Seen.emplace_back();
             Note();
         }
         Keys.assign(Pos->PositionKeys.begin(), Pos->PositionKeys.begin() + Index());
@@ -149,8 +147,7 @@ TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgain) {
             game.Note();
             game.PlayRandomly(random, 40);
             WalkAbout(game, random);
-            if (game.Game.Record.LastMoveIndex < 4)
-                continue;
+            if (game.Game.Record.LastMoveIndex < 4) continue;
 
             // Another move from an earlier position replaces what came after it.
             Long branch = game.Game.Record.LastMoveIndex / 2;
@@ -179,8 +176,7 @@ TEST(Navigation, LeavesThePersonToMoveInAGameAgainstTheComputer) {
         game.Note();
         EXPECT_EQ(game.Seen.front().NameToMove, "Player");
         game.PlayRandomly(random, 16);
-        if (game.Game.GameOver && game.Index() % 2 != 0)
-            continue; // the person has made the last move
+        if (game.Game.GameOver && game.Index() % 2 != 0) continue; // the person has made the last move
         WalkAbout(game, random);
         EXPECT_EQ(NameToMove(game.Game), "Player");
         walked += game.Index() >= 10;
@@ -195,8 +191,7 @@ TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
     std::vector<MoveRecord> routes;
     StartFrom(game.Game, {{"C3"}, {}, {"D4", "D6", "B4", "B6", "K0"}, {}});
     for (Long slot = 0; slot < GenerateLegalMoves(*game.Pos); ++slot) {
-        if (game.Pos->Moves[slot].To == SquareOfText(game.Game, "C7"))
-            routes.push_back(game.Pos->Moves[slot]);
+        if (game.Pos->Moves[slot].To == SquareOfText(game.Game, "C7")) routes.push_back(game.Pos->Moves[slot]);
     }
     ASSERT_EQ(routes.size(), 2u);
 
@@ -366,8 +361,7 @@ TEST(Navigation, AGameOfAThousandHalfMovesIsFullAndCanBeWalked) {
     game.Game.Settings.KingVersusKing = 0;
     StartFrom(game.Game, {{}, {"A1"}, {}, {"K1"}});
     const char* const round[] = {"A1B2", "K1L2", "B2A1", "L2K1"};
-    for (Long i = 0; i < kMaxHalfMoves; ++i)
-        ASSERT_TRUE(Play(game.Game, round[i % 4])) << i;
+    for (Long i = 0; i < kMaxHalfMoves; ++i) ASSERT_TRUE(Play(game.Game, round[i % 4])) << i;
     EXPECT_TRUE(GameIsFull(game.Game));
     const BoardCells end = game.Pos->Board;
     EXPECT_FALSE(InputMove(game.Game, "A1B2"));
@@ -399,8 +393,7 @@ TEST(Navigation, LockingShutsEverythingThatCouldDisturbALoad) {
         {Control::Help, false},    {Control::Text2, false},   {Control::Toolbar1, false}};
     EXPECT_EQ(fixture.Screen.ControlEnabled, locked);
     UnlockCommands(fixture.Game);
-    for (const auto& [control, on] : fixture.Screen.ControlEnabled)
-        EXPECT_TRUE(on) << static_cast<int>(control);
+    for (const auto& [control, on] : fixture.Screen.ControlEnabled) EXPECT_TRUE(on) << static_cast<int>(control);
 }
 
 } // namespace

@@ -85,8 +85,7 @@ TEST(StartUp, EndsWithItsMessageWhereTheDefinitionCannotBeRead) {
         SCOPED_TRACE(name);
         ProgramFolder folder;
         std::filesystem::remove(folder.DefaultVariant());
-        if (text != nullptr)
-            WriteFile(folder.DefaultVariant(), text);
+        if (text != nullptr) WriteFile(folder.DefaultVariant(), text);
         SessionFixture fixture(folder.Path);
         EXPECT_FALSE(StartUp(fixture.Game));
         EXPECT_EQ(fixture.Screen.Messages, std::vector<RecordedMessage>{kFatal});
@@ -112,8 +111,7 @@ TEST(ResetGame, LeavesNothingOfTheGameBefore) {
     game.Settings.PlayMode = kPlayerPlayer;
     ASSERT_TRUE(StartUp(game));
     std::mt19937 random(9);
-    for (int i = 0; i < 12; ++i)
-        ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
+    for (int i = 0; i < 12; ++i) ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
     used.Screen.Texts[Control::Text1] = "comment";
     game.Record.MoveComments[3] = "comment";
     game.Input.DragSource = 5;
@@ -145,8 +143,7 @@ TEST(ResetGame, LeavesNothingOfTheGameBefore) {
     EXPECT_EQ(game.Record.MoveComments, fresh.Game.Record.MoveComments);
     EXPECT_EQ(game.Record.MoveScores, fresh.Game.Record.MoveScores);
     EXPECT_EQ(game.Record.MoveChoices, fresh.Game.Record.MoveChoices);
-    for (const MoveRecord& move : game.Record.MoveHistory)
-        EXPECT_EQ(move.From, 0);
+    for (const MoveRecord& move : game.Record.MoveHistory) EXPECT_EQ(move.From, 0);
     EXPECT_EQ(game.Input.DragSource, -1);
     EXPECT_EQ(game.Input.RightPressed, -1);
     EXPECT_FALSE(game.Input.MovablesBoxed);
@@ -241,8 +238,7 @@ TEST(ResetGame, ABoardOnAllSquaresIsWrittenInLetters) {
     EXPECT_EQ(game.Settings.Notation, kAlgebraic);
     EXPECT_TRUE(fixture.Screen.Checked[Command::mnu_Board_Notation_Chess]);
     EXPECT_FALSE(fixture.Screen.Checked[Command::mnu_Board_Notation_Checkers]);
-    for (const std::string& line : fixture.Screen.List(ListId::List2).Lines)
-        EXPECT_TRUE(std::isalpha(line[0])) << line;
+    for (const std::string& line : fixture.Screen.List(ListId::List2).Lines) EXPECT_TRUE(std::isalpha(line[0])) << line;
 }
 
 TEST(NewGame, AsksOnlyWhenAGameIsRunning) {

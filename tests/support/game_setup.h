@@ -49,8 +49,7 @@ inline void LimitDepth(SessionFixture& fixture, Byte depth) {
 
 inline std::vector<std::string> Texts(const std::vector<RecordedMessage>& messages) {
     std::vector<std::string> texts;
-    for (const RecordedMessage& message : messages)
-        texts.push_back(message.Text);
+    for (const RecordedMessage& message : messages) texts.push_back(message.Text);
     return texts;
 }
 

@@ -17,8 +17,7 @@ constexpr std::string_view kRankCharacters = "1234567890ab";
 
 std::string_view Trimmed(std::string_view text) {
     std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
+    if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
@@ -27,8 +26,7 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
     for (;;) {
         std::size_t end = text.find(separator);
         parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return parts;
+        if (end == std::string_view::npos) return parts;
         text.remove_prefix(end + 1);
     }
 }
@@ -61,22 +59,17 @@ std::unique_ptr<Position> NewPosition(const RuleSet& rules) {
 
 RuleSet RulesWith(std::string_view changedKeys) {
     RuleSet rules;
-    if (Trimmed(changedKeys).empty())
-        return rules;
+    if (Trimmed(changedKeys).empty()) return rules;
     for (std::string_view part : Split(changedKeys, '|')) {
         // The blank before the words of a movement string without quiet words belongs to the value.
         std::size_t equals = part.find('=');
-        if (equals == std::string_view::npos)
-            throw std::invalid_argument("no value in " + std::string(part));
+        if (equals == std::string_view::npos) throw std::invalid_argument("no value in " + std::string(part));
         std::string_view name = Trimmed(part.substr(0, equals));
         std::string_view value = part.substr(equals + 1);
-        while (!value.empty() && value.back() == ' ')
-            value.remove_suffix(1);
+        while (!value.empty() && value.back() == ' ') value.remove_suffix(1);
         const RuleKey* key = FindRuleKey(name);
-        if (key == nullptr)
-            throw std::invalid_argument("unknown key " + std::string(name));
-        if (!SetRuleValue(rules, *key, value))
-            throw std::invalid_argument("bad value of " + std::string(name));
+        if (key == nullptr) throw std::invalid_argument("unknown key " + std::string(name));
+        if (!SetRuleValue(rules, *key, value)) throw std::invalid_argument("bad value of " + std::string(name));
     }
     return rules;
 }
@@ -85,21 +78,17 @@ std::string ChangedKeys(const RuleSet& rules) {
     std::string text;
     for (const RuleKey& key : RuleKeys()) {
         std::string value = ValueText(rules, key.Member);
-        if (value == ValueText(RuleSet(), key.Member))
-            continue;
-        if (!text.empty())
-            text += " | ";
+        if (value == ValueText(RuleSet(), key.Member)) continue;
+        if (!text.empty()) text += " | ";
         text.append(key.Name).append("=").append(value);
     }
     return text.empty() ? "the default rules" : text;
 }
 
 Long SquareOf(std::string_view name) {
-    if (name.size() != 2 || name[0] < 'a' || name[0] > 'l')
-        return 0;
+    if (name.size() != 2 || name[0] < 'a' || name[0] > 'l') return 0;
     std::size_t rank = kRankCharacters.find(name[1]);
-    if (rank == std::string_view::npos)
-        return 0;
+    if (rank == std::string_view::npos) return 0;
     return (static_cast<Long>(rank) + 2) * 14 + (name[0] - 'a' + 1);
 }
 
@@ -110,25 +99,20 @@ std::string NameOf(Long square) {
 }
 
 BoardCells BoardOf(std::string_view placement) {
-    if (placement.size() == kSquareCount)
-        return ReadPositionString(placement);
+    if (placement.size() == kSquareCount) return ReadPositionString(placement);
     BoardCells board = EmptyBoard();
     for (std::string_view part : Split(placement, ';')) {
         part = Trimmed(part);
-        if (part.empty())
-            continue;
+        if (part.empty()) continue;
         Long side = part[0] == 'W' ? kWhite : part[0] == 'B' ? kBlack : 0;
         if (side == 0 || part.size() < 2 || part[1] != ':')
             throw std::invalid_argument("no side in " + std::string(part));
         for (std::string_view name : Split(part.substr(2), ' ')) {
-            if (name.empty())
-                continue;
+            if (name.empty()) continue;
             bool king = name[0] == 'K';
             Long square = SquareOf(king ? name.substr(1) : name);
-            if (square == 0)
-                throw std::invalid_argument("no square: " + std::string(name));
-            if (board[square] != kEmpty)
-                throw std::invalid_argument("two pieces on " + std::string(name));
+            if (square == 0) throw std::invalid_argument("no square: " + std::string(name));
+            if (board[square] != kEmpty) throw std::invalid_argument("two pieces on " + std::string(name));
             board[square] = side * (king ? kKing : kMan);
         }
     }
@@ -139,8 +123,7 @@ std::string PlacementOf(const BoardCells& board) {
     std::string lists[2] = {"W:", "B:"};
     for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
         Long cell = board[square];
-        if (cell == kEmpty || cell == kBorder)
-            continue;
+        if (cell == kEmpty || cell == kBorder) continue;
         lists[cell > 0 ? 0 : 1].append(Magnitude(cell) == kKing ? " K" : " ").append(NameOf(square));
     }
     return lists[0] + "; " + lists[1];
@@ -164,8 +147,7 @@ std::unique_ptr<Position> MakePosition(const RuleSet& rules, const BoardCells& b
 std::unique_ptr<Position> StartPosition(const RuleSet& rules) {
     auto position = NewPosition(rules);
     PlaceClassicStart(*position);
-    if (rules.Setup != "normal")
-        PlaceSetup(*position, rules.Setup);
+    if (rules.Setup != "normal") PlaceSetup(*position, rules.Setup);
     FinishNewPosition(*position);
     return position;
 }
@@ -195,8 +177,7 @@ std::string MoveText(const MoveRecord& move) {
 std::string MoveTexts(const Position& position) {
     std::string text;
     for (Long slot = position.Tree.PlyFirstMove[position.Tree.Ply]; slot < position.Tree.NextMoveSlot; ++slot) {
-        if (!text.empty())
-            text += " ";
+        if (!text.empty()) text += " ";
         text += MoveText(position.Moves[slot]);
     }
     return text;
@@ -287,8 +268,7 @@ std::span<const NamedRules> NamedRuleSets() {
     }();
     static const std::vector<NamedRules> table = [] {
         std::vector<NamedRules> rows;
-        for (const auto& [name, changed] : texts)
-            rows.push_back({name, changed});
+        for (const auto& [name, changed] : texts) rows.push_back({name, changed});
         return rows;
     }();
     return table;
@@ -307,8 +287,7 @@ namespace {
 Byte DrawFlag(Random& random, Long onInTen) {
     bool on = Draw(random, 10) < onInTen;
     // Now and then a value that is neither 0 nor 1: only exactly 1 is on.
-    if (!on && DrawOneIn(random, 20))
-        return 2;
+    if (!on && DrawOneIn(random, 20)) return 2;
     return on ? 1 : 0;
 }
 
@@ -318,8 +297,7 @@ std::string DrawWords(Random& random, bool wholeBoard, Long most) {
     std::string text;
     Long count = 1 + Draw(random, most);
     for (Long i = 0; i < count; ++i) {
-        if (i > 0)
-            text += ";";
+        if (i > 0) text += ";";
         text += words[Draw(random, choices)];
     }
     return text;
@@ -328,14 +306,12 @@ std::string DrawWords(Random& random, bool wholeBoard, Long most) {
 std::string DrawMovement(Random& random, bool wholeBoard, bool king) {
     Long most = king ? 6 : 4;
     std::string text = DrawOneIn(random, 15) ? "" : DrawWords(random, wholeBoard, most);
-    if (!DrawOneIn(random, 15))
-        text.append(" ").append(DrawWords(random, wholeBoard, most));
+    if (!DrawOneIn(random, 15)) text.append(" ").append(DrawWords(random, wholeBoard, most));
     return text;
 }
 
 PromotionList DrawPromotions(Random& random, const PromotionList& normal) {
-    if (!DrawOneIn(random, 3))
-        return normal;
+    if (!DrawOneIn(random, 3)) return normal;
     PromotionList list;
     list.fill(kUnusedSlot);
     Long used = Draw(random, kPromotionSlots + 1);
@@ -404,10 +380,8 @@ void PlacePiecesAtRandom(Position& position, Random& random) {
     Long sum[2] = {0, 0};
     std::vector<Long> occupied;
     for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-        if (!IsSquare(square) || !IsPlayingSquare(square, position.Rules.PiecesOnBlack))
-            continue;
-        if (Draw(random, 100) >= percent)
-            continue;
+        if (!IsSquare(square) || !IsPlayingSquare(square, position.Rules.PiecesOnBlack)) continue;
+        if (Draw(random, 100) >= percent) continue;
         Long piece = Draw(random, 10) < kingsInTen ? kKing : kMan;
         Long side = DrawOneIn(random, 2) ? kWhite : kBlack;
         position.Board[square] = side * piece;
@@ -429,8 +403,7 @@ void PlacePiecesAtRandom(Position& position, Random& random) {
 Long PlayAtRandom(Position& position, Long halfMoves, Random& random) {
     for (Long made = 0; made < halfMoves; ++made) {
         Long count = GenerateLegalMoves(position);
-        if (count <= 0 || position.Fault.Passed())
-            return made;
+        if (count <= 0 || position.Fault.Passed()) return made;
         PlayMove(position, position.Tree.PlyFirstMove[0] + Draw(random, count));
     }
     return halfMoves;

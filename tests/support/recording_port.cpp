@@ -14,11 +14,9 @@ void FillLists(UiPort& port, RecordingPort& screen) {
     port.ListAdd = [&](ListId list, const std::string& line) { screen.List(list).Lines.push_back(line); };
     port.ListRemove = [&](ListId list, Long line) {
         RecordedList& lines = screen.List(list);
-        if (line < 0 || line >= static_cast<Long>(lines.Lines.size()))
-            throw std::out_of_range("ListRemove");
+        if (line < 0 || line >= static_cast<Long>(lines.Lines.size())) throw std::out_of_range("ListRemove");
         lines.Lines.erase(lines.Lines.begin() + line);
-        if (lines.Selected >= line)
-            lines.Selected = lines.Selected == line ? -1 : lines.Selected - 1;
+        if (lines.Selected >= line) lines.Selected = lines.Selected == line ? -1 : lines.Selected - 1;
     };
     port.ListCount = [&](ListId list) { return static_cast<Long>(screen.List(list).Lines.size()); };
     port.ListSelect = [&](ListId list, Long line) {
@@ -44,8 +42,7 @@ void FillBoard(UiPort& port, RecordingPort& screen) {
 void FillTexts(UiPort& port, RecordingPort& screen) {
     port.SetStatusText = [&](int panel, const std::string& text) {
         screen.Status.at(static_cast<std::size_t>(panel)) = text;
-        if (panel == 1)
-            screen.Panel1.push_back(text);
+        if (panel == 1) screen.Panel1.push_back(text);
     };
     port.GetStatusText = [&](int panel) { return screen.Status.at(static_cast<std::size_t>(panel)); };
     port.ShowMessage = [&](const std::string& text, const std::string& title, MessageKind kind) {
@@ -54,8 +51,7 @@ void FillTexts(UiPort& port, RecordingPort& screen) {
     };
     port.AskYesNo = [&](const std::string& text, const std::string& title) {
         screen.Questions.push_back({text, title});
-        if (screen.Answers.empty())
-            return true;
+        if (screen.Answers.empty()) return true;
         bool answer = screen.Answers.front();
         screen.Answers.pop_front();
         return answer;

@@ -27,18 +27,15 @@ std::vector<Long> StepsOfWords(const std::string& words, Long side) {
     std::istringstream stream(words);
     for (std::string word; std::getline(stream, word, ';') && steps.size() < 8;) {
         auto found = rowsAndColumns.find(word);
-        if (found == rowsAndColumns.end())
-            break;
+        if (found == rowsAndColumns.end()) break;
         steps.push_back(side * found->second);
     }
     return steps;
 }
 
 const std::string& MovementOf(const RuleSet& rules, Long piece) {
-    if (piece == 1)
-        return rules.WhiteManMovement;
-    if (piece == -1)
-        return rules.BlackManMovement;
+    if (piece == 1) return rules.WhiteManMovement;
+    if (piece == -1) return rules.BlackManMovement;
     return piece == 2 ? rules.WhiteKingMovement : rules.BlackKingMovement;
 }
 
@@ -54,8 +51,7 @@ std::vector<Long> QuietSteps(const RuleSet& rules, Long piece) {
 std::vector<Long> CaptureSteps(const RuleSet& rules, Long piece) {
     const std::string& text = MovementOf(rules, piece);
     std::size_t blank = text.find(' ');
-    if (blank == std::string::npos)
-        return {};
+    if (blank == std::string::npos) return {};
     return StepsOfWords(text.substr(blank + 1), SideOf(piece));
 }
 
@@ -71,8 +67,7 @@ bool IsKing(Long piece) {
 }
 
 bool MayTake(const RuleSet& rules, Long hunter, Long prey) {
-    if (prey == kBorder || prey == kEmpty || SideOf(prey) == SideOf(hunter))
-        return false;
+    if (prey == kBorder || prey == kEmpty || SideOf(prey) == SideOf(hunter)) return false;
     return IsKing(hunter) || !IsKing(prey) || IsOn(rules.ManCapKing);
 }
 
@@ -81,8 +76,7 @@ bool RoutesCountOnce(const RuleSet& rules) {
     bool sideways = false;
     for (Long piece : {1, -1, 2, -2}) {
         for (const auto& steps : {QuietSteps(rules, piece), CaptureSteps(rules, piece)}) {
-            for (Long step : steps)
-                sideways = sideways || step == 1 || step == -1;
+            for (Long step : steps) sideways = sideways || step == 1 || step == -1;
         }
     }
     return IsOn(rules.LongKings) && (rules.PiecesOnBlack == 2 || sideways);
@@ -149,12 +143,10 @@ std::optional<Long> FirstInTheWay(const RuleSet& rules, const Standing& here, Lo
             return std::nullopt;
         return square;
     }
-    if (backwards && !IsOn(rules.CapReverse))
-        return std::nullopt;
+    if (backwards && !IsOn(rules.CapReverse)) return std::nullopt;
     for (Long square = here.At + step; here.Board[square] != kBorder; square += step) {
         if (HasJumped(here, square)) {
-            if (IsOn(rules.RemovePieces))
-                return std::nullopt;
+            if (IsOn(rules.RemovePieces)) return std::nullopt;
         } else if (here.Board[square] != kEmpty) {
             return square;
         }
@@ -173,8 +165,7 @@ std::vector<Long> Landings(const RuleSet& rules, const Standing& here, Long prey
         } else if (!here.Flying) {
             break;
         }
-        if (!here.Flying || IsOn(rules.KingFirst))
-            break;
+        if (!here.Flying || IsOn(rules.KingFirst)) break;
     }
     return squares;
 }
@@ -209,8 +200,7 @@ void Walk(Hunt& hunt, const Standing& here) {
     bool wentOn = false;
     for (Long step : CaptureSteps(rules, here.Piece)) {
         std::optional<Long> prey = FirstInTheWay(rules, here, step);
-        if (!prey || !MayTake(rules, here.Piece, here.Board[*prey]))
-            continue;
+        if (!prey || !MayTake(rules, here.Piece, here.Board[*prey])) continue;
         for (Long landing : Landings(rules, here, *prey, step)) {
             if (++hunt.Result.JumpsTried > hunt.Budget || here.Jumped.size() > 40) {
                 hunt.Result.GaveUp = true;
@@ -238,17 +228,14 @@ void Walk(Hunt& hunt, const Standing& here) {
                 }
             }
             Walk(hunt, next);
-            if (hunt.Result.GaveUp)
-                return;
+            if (hunt.Result.GaveUp) return;
         }
     }
-    if (here.Jumped.empty())
-        return;
+    if (here.Jumped.empty()) return;
     // With stops allowed everywhere each stage counts. Otherwise the end of a walk does: for a flying king whenever it
     // cannot go on, for other pieces when the capture found last does not begin with the same pieces.
     bool endOfWalk = IsOn(rules.LongKings) && !wentOn;
-    if (!IsOn(rules.MulJumps) || endOfWalk || !StartsWith(hunt.LastPath, here.Jumped))
-        Record(hunt, here, false);
+    if (!IsOn(rules.MulJumps) || endOfWalk || !StartsWith(hunt.LastPath, here.Jumped)) Record(hunt, here, false);
 }
 
 void HuntFrom(Hunt& hunt, Long square) {
@@ -271,8 +258,7 @@ void AddQuietMoves(const ReferenceState& state, Long square, std::vector<Referen
     Long side = SideOf(piece);
     for (Long step : QuietSteps(rules, piece)) {
         if (IsKing(piece) && IsOn(rules.LongKings)) {
-            for (Long to = square + step; board[to] == kEmpty; to += step)
-                moves.push_back({square, to, {}, false});
+            for (Long to = square + step; board[to] == kEmpty; to += step) moves.push_back({square, to, {}, false});
             continue;
         }
         if (board[square + step] == kEmpty) {
@@ -280,12 +266,10 @@ void AddQuietMoves(const ReferenceState& state, Long square, std::vector<Referen
             moves.push_back({square, to, {}, !IsKing(piece) && Promotes(rules, side, to)});
             continue;
         }
-        if (!IsOn(rules.JumpFriend))
-            continue;
+        if (!IsOn(rules.JumpFriend)) continue;
         Long to = square + step;
         Long friends = 0;
-        for (; board[to] == piece; to += step)
-            ++friends;
+        for (; board[to] == piece; to += step) ++friends;
         bool lengthFits = friends == rules.NumberFriends || rules.NumberFriends == -1;
         if (friends > 0 && lengthFits && board[to] == kEmpty) {
             moves.push_back({square, to, {}, !IsKing(piece) && Promotes(rules, side, to, 12)});
@@ -297,31 +281,24 @@ bool CanPlace(const ReferenceState& state, Long square) {
     const RuleSet& rules = state.Rules;
     Long row = square / 14;
     Long column = square % 14;
-    if (!IsOn(rules.canContract) || state.Board[square] != kEmpty)
-        return false;
-    if (rules.PiecesOnBlack < 2 && (row + column) % 2 != (rules.PiecesOnBlack == 0 ? 0 : 1))
-        return false;
+    if (!IsOn(rules.canContract) || state.Board[square] != kEmpty) return false;
+    if (rules.PiecesOnBlack < 2 && (row + column) % 2 != (rules.PiecesOnBlack == 0 ? 0 : 1)) return false;
     bool white = state.SideToMove == 1;
-    if (state.OffBoard[white ? 0 : 1] <= 0)
-        return false;
+    if (state.OffBoard[white ? 0 : 1] <= 0) return false;
     std::int64_t first = white ? rules.ContractW1 : rules.ContractB1;
     std::int64_t last = white ? rules.ContractW2 : rules.ContractB2;
-    if (row != first)
-        return false;
+    if (row != first) return false;
     std::int64_t rows = first < last ? last - first : first - last;
     std::int64_t mustBeFree = white ? row + rows : row - rows;
-    if (mustBeFree < 0 || mustBeFree > 15)
-        return false;
+    if (mustBeFree < 0 || mustBeFree > 15) return false;
     return state.Board[static_cast<std::size_t>(mustBeFree * 14 + column)] == kEmpty;
 }
 
 void SelectCaptures(Hunt& hunt, Long mode, std::vector<ReferenceMove>& moves) {
     const RuleSet& rules = hunt.State.Rules;
-    if (hunt.Rows.empty())
-        return;
+    if (hunt.Rows.empty()) return;
     bool lastCapFound = IsOn(rules.LastCap) && !hunt.LastCapRows.empty();
-    if (lastCapFound && !IsOn(rules.CapRequired) && mode == 0)
-        moves.clear();
+    if (lastCapFound && !IsOn(rules.CapRequired) && mode == 0) moves.clear();
 
     // What the tests compare with is taken from all captures found, before any of them is struck out.
     bool kingCaptures = false;
@@ -352,19 +329,14 @@ void SelectCaptures(Hunt& hunt, Long mode, std::vector<ReferenceMove>& moves) {
         if (longKing && IsOn(rules.MaxCapMoveK) && IsOn(rules.MulJumps) && row.Jumped.size() != row.LongestSoFar) {
             row.Struck = true;
         }
-        if (lastCapFound && hunt.LastCapRows.count(r) == 0)
-            row.Struck = true;
-        if (row.Struck)
-            continue;
+        if (lastCapFound && hunt.LastCapRows.count(r) == 0) row.Struck = true;
+        if (row.Struck) continue;
         if (IsOn(rules.MaxCapMove)) {
-            if (row.Jumped.size() != lengthAsked)
-                continue;
-            if (IsOn(rules.MaxCapMoveKings) && row.Kings() != mostKings[lengthAsked])
-                continue;
+            if (row.Jumped.size() != lengthAsked) continue;
+            if (IsOn(rules.MaxCapMoveKings) && row.Kings() != mostKings[lengthAsked]) continue;
         }
         bool menYield = IsOn(rules.KingCapMove) && !IsOn(rules.MaxCapMoveKings) && kingCaptures;
-        if (menYield && !IsKing(row.StartPiece))
-            continue;
+        if (menYield && !IsKing(row.StartPiece)) continue;
         hunt.Result.AnyCaptureLeft = true;
         moves.push_back({row.From, row.To, row.Jumped, row.Promotes});
     }
@@ -389,14 +361,10 @@ ReferenceMoves GenerateReferenceMoves(const ReferenceState& state, Long mode, Lo
     for (Long square = 29; square <= 194; ++square) {
         Long cell = state.Board[square];
         bool own = cell != kBorder && cell != kEmpty && SideOf(cell) == state.SideToMove;
-        if (own && withQuiet)
-            AddQuietMoves(state, square, result.Moves);
-        if (own)
-            HuntFrom(hunt, square);
-        if (result.GaveUp)
-            return result;
-        if (withQuiet && CanPlace(state, square))
-            result.Moves.push_back({kOffBoard, square, {}, false});
+        if (own && withQuiet) AddQuietMoves(state, square, result.Moves);
+        if (own) HuntFrom(hunt, square);
+        if (result.GaveUp) return result;
+        if (withQuiet && CanPlace(state, square)) result.Moves.push_back({kOffBoard, square, {}, false});
     }
     result.AnyQuiet = !result.Moves.empty();
     result.Rows = static_cast<Long>(hunt.Rows.size());
@@ -409,8 +377,7 @@ ReferenceState AfterMove(const ReferenceState& state, const ReferenceMove& move,
     const RuleSet& rules = state.Rules;
     Long side = state.SideToMove;
     Long piece = side;
-    for (const ReferencePiece& jumped : move.Jumped)
-        after.Board[jumped.Square] = kEmpty;
+    for (const ReferencePiece& jumped : move.Jumped) after.Board[jumped.Square] = kEmpty;
     if (move.From == kOffBoard) {
         --after.OffBoard[side == 1 ? 0 : 1];
     } else {
@@ -418,10 +385,8 @@ ReferenceState AfterMove(const ReferenceState& state, const ReferenceMove& move,
         after.Board[move.From] = kEmpty;
     }
     bool captures = !move.Jumped.empty();
-    if (IsOn(rules.KingMan) && captures && IsKing(piece) && move.From != move.To)
-        piece = side;
-    if (move.Promotes)
-        piece = IsOn(rules.ChangeSide) ? -2 * side : 2 * side;
+    if (IsOn(rules.KingMan) && captures && IsKing(piece) && move.From != move.To) piece = side;
+    if (move.Promotes) piece = IsOn(rules.ChangeSide) ? -2 * side : 2 * side;
     after.Board[move.To] = piece;
     after.SideToMove = -side;
     after.LastTo = move.To;
@@ -430,11 +395,9 @@ ReferenceState AfterMove(const ReferenceState& state, const ReferenceMove& move,
         std::vector<Long> pieces;
         for (Long square = 29; square <= 194; ++square) {
             Long cell = after.Board[square];
-            if (cell != kBorder && cell != kEmpty && SideOf(cell) == -side)
-                pieces.push_back(square);
+            if (cell != kBorder && cell != kEmpty && SideOf(cell) == -side) pieces.push_back(square);
         }
-        if (pieces.size() == 1 && !IsKing(after.Board[pieces[0]]))
-            after.Board[pieces[0]] = -2 * side;
+        if (pieces.size() == 1 && !IsKing(after.Board[pieces[0]])) after.Board[pieces[0]] = -2 * side;
     }
     return after;
 }
@@ -463,8 +426,7 @@ std::string MoveText(const ReferenceMove& move) {
 
 std::string MoveTexts(const std::vector<ReferenceMove>& moves) {
     std::string text;
-    for (const ReferenceMove& move : moves)
-        text.append(text.empty() ? "" : " ").append(MoveText(move));
+    for (const ReferenceMove& move : moves) text.append(text.empty() ? "" : " ").append(MoveText(move));
     return text;
 }
 

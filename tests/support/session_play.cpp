@@ -18,8 +18,7 @@ namespace {
 void Place(Position& position, const std::vector<std::string>& squares, Long piece) {
     for (const std::string& text : squares) {
         Long square = SquareNumber(text, kAlgebraic, 1);
-        if (square == 0)
-            throw std::invalid_argument("no square: " + text);
+        if (square == 0) throw std::invalid_argument("no square: " + text);
         position.Board[square] = piece;
     }
 }
@@ -27,8 +26,7 @@ void Place(Position& position, const std::vector<std::string>& squares, Long pie
 void StartFromBoard(Session& session) {
     AdoptBoard(session.Pos);
     session.Pos.CustomSetup = true;
-    if (!ResetGame(session))
-        throw std::runtime_error("the game cannot be started");
+    if (!ResetGame(session)) throw std::runtime_error("the game cannot be started");
     session.Pos.CustomSetup = false;
     DrawBoard(session, 0);
 }
@@ -52,8 +50,7 @@ void StartFromRandom(Session& session, std::mt19937& random, Long pieces) {
     for (Long side : {kWhite, kBlack}) {
         for (Long i = 0; i < pieces; ++i) {
             Long square = kFirstSquare + static_cast<Long>(random() % (kLastSquare - kFirstSquare + 1));
-            if (position.Board[square] != kEmpty || !IsPlayingSquare(square, position.Rules.PiecesOnBlack))
-                continue;
+            if (position.Board[square] != kEmpty || !IsPlayingSquare(square, position.Rules.PiecesOnBlack)) continue;
             bool king = random() % 4 == 0 || IsPromotionSquare(position, side, square);
             position.Board[square] = side * (king ? kKing : kMan);
         }
@@ -63,8 +60,7 @@ void StartFromRandom(Session& session, std::mt19937& random, Long pieces) {
 }
 
 bool Play(Session& session, const std::string& text) {
-    if (!InputMove(session, text))
-        return false;
+    if (!InputMove(session, text)) return false;
     CommitHumanMove(session, MovePath::Typed);
     return true;
 }
@@ -72,8 +68,7 @@ bool Play(Session& session, const std::string& text) {
 std::string RandomMoveText(Session& session, std::mt19937& random) {
     InitGameTree(session.Pos);
     Long count = GenerateLegalMoves(session.Pos);
-    if (count == 0)
-        return "";
+    if (count == 0) return "";
     DisplayMove(session, session.Pos.Tree.PlyFirstMove[0] + static_cast<Long>(random() % static_cast<unsigned>(count)));
     return UpperCase(session.MoveText.MoveTextKey);
 }
@@ -108,8 +103,7 @@ void UseRules(Position& position, const RulesRow& row) {
     position.Rules = RuleSet();
     for (const auto& [name, value] : row.Values) {
         const RuleKey* key = FindRuleKey(name);
-        if (key == nullptr || !SetRuleValue(position.Rules, *key, value))
-            throw std::invalid_argument(name);
+        if (key == nullptr || !SetRuleValue(position.Rules, *key, value)) throw std::invalid_argument(name);
     }
     AdoptMovements(position);
 }

@@ -92,8 +92,7 @@ private slots:
             game.Drag(square, to.toStdString());
         }
         std::vector<SeenBox> expected;
-        if (!message.isEmpty())
-            expected.push_back(ErrorBox(message));
+        if (!message.isEmpty()) expected.push_back(ErrorBox(message));
         QCOMPARE(game.Boxes.Seen, expected);
         QCOMPARE(game.Pos->Board, before);
         QCOMPARE(game.Lines(*game.Window->List2), legal);

@@ -16,8 +16,7 @@ BoxWatcher::BoxWatcher() {
 
 void BoxWatcher::Look() {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr || !box->isVisible() || Inside)
-        return;
+    if (box == nullptr || !box->isVisible() || Inside) return;
     Inside = true;
     Seen.push_back({box->windowTitle(), box->text(), box->icon()});
     BeforeAnswer();
@@ -35,8 +34,7 @@ GameWindow::GameWindow(const std::string& skinName, Long playMode)
     Window = std::make_unique<MainWindow>(Game);
     Game.Port.Wait = [](double) { QCoreApplication::processEvents(); };
     Started = StartUp(Game);
-    if (!Started)
-        return;
+    if (!Started) return;
     Window->show();
     Window->activateWindow();
     QCoreApplication::processEvents();
@@ -116,15 +114,13 @@ void GameWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 
 void GameWindow::TypeMove(const QString& text) {
     Click(PointOf(*Window->Text2, Window->Text2->rect().center()));
-    for (QChar letter : text)
-        QTest::keyClick(Window->windowHandle(), letter.toLatin1());
+    for (QChar letter : text) QTest::keyClick(Window->windowHandle(), letter.toLatin1());
     Key(Qt::Key_Return);
 }
 
 std::string GameWindow::Lines(const GameList& list) const {
     std::string lines;
-    for (int i = 0; i < list.count(); ++i)
-        lines += (i == 0 ? "" : "|") + BytesOf(list.item(i)->text());
+    for (int i = 0; i < list.count(); ++i) lines += (i == 0 ? "" : "|") + BytesOf(list.item(i)->text());
     return lines;
 }
 

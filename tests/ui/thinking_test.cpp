@@ -15,12 +15,10 @@ struct WhileThinking {
     WhileThinking(GameWindow& game, std::function<void()> act) : Game(game), Act(std::move(act)) {
         game.ThinkLong();
         QObject::connect(&Timer, &QTimer::timeout, [this] {
-            if (Game.Search->NodeCount == 0 || !Game.Game.Busy || Ran)
-                return;
+            if (Game.Search->NodeCount == 0 || !Game.Game.Busy || Ran) return;
             Ran = true;
             Act();
-            if (!Game.Game.Quitting)
-                Game.Key(Qt::Key_E, Qt::ControlModifier);
+            if (!Game.Game.Quitting) Game.Key(Qt::Key_E, Qt::ControlModifier);
         });
         Timer.start(30);
     }
@@ -45,8 +43,7 @@ private slots:
             WhileThinking thinking(game, [&] {
                 QVERIFY(game.IsOn(Command::mnu_Play_Cancel));
                 QCOMPARE(game.Window->List1->count(), 1);
-                if (byButton)
-                    game.ClickButton("Cancel");
+                if (byButton) game.ClickButton("Cancel");
             });
             game.Drag("c5", "d6");
             QVERIFY(thinking.Ran);
@@ -92,8 +89,7 @@ private slots:
         struct Painted : QObject {
             int Count = 0;
             bool eventFilter(QObject*, QEvent* event) override {
-                if (event->type() == QEvent::Paint)
-                    ++Count;
+                if (event->type() == QEvent::Paint) ++Count;
                 return false;
             }
         } painted;
@@ -178,8 +174,7 @@ private slots:
         auto* widget = game.Window->findChild<QWidget*>(field);
         auto text = [&] { return field == "Text2" ? game.Window->Text2->text() : game.Window->Text1->toPlainText(); };
         game.Click(game.PointOf(*widget, QPoint(30, 10)));
-        for (char letter : std::string("abc"))
-            QTest::keyClick(game.Window->windowHandle(), letter);
+        for (char letter : std::string("abc")) QTest::keyClick(game.Window->windowHandle(), letter);
         QCOMPARE(text(), "abc");
         game.Key(Qt::Key_A, Qt::ControlModifier);
         game.Key(Qt::Key_C, Qt::ControlModifier);

@@ -54,8 +54,7 @@ QString MenuText(const QMenu& menu) {
             lines << action->menu()->objectName() + " " + action->text() + " [" + MenuText(*action->menu()) + "]";
         } else {
             QString line = action->objectName() + " " + action->text();
-            if (!action->shortcut().isEmpty())
-                line += " " + action->shortcut().toString(QKeySequence::PortableText);
+            if (!action->shortcut().isEmpty()) line += " " + action->shortcut().toString(QKeySequence::PortableText);
             lines << line;
         }
     }
@@ -127,8 +126,7 @@ private slots:
             game.Place(rules, "W: c3; B: d8");
             std::vector<QWidget*> shown;
             for (QWidget* widget : game.Window->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-                if (widget->isVisible() && !widget->objectName().startsWith("Shape"))
-                    shown.push_back(widget);
+                if (widget->isVisible() && !widget->objectName().startsWith("Shape")) shown.push_back(widget);
             }
             for (QWidget* a : shown) {
                 for (QWidget* b : shown) {

@@ -24,8 +24,7 @@ bool ReadLine(std::istream& in, Line& line) {
     line.Text.clear();
     line.TooLong = false;
     int byte = bytes.sbumpc();
-    if (byte == kEnd)
-        return false;
+    if (byte == kEnd) return false;
     for (; byte != kEnd && byte != '\n'; byte = bytes.sbumpc()) {
         if (line.Text.size() < kLongestLine) {
             line.Text += static_cast<char>(byte);
@@ -33,8 +32,7 @@ bool ReadLine(std::istream& in, Line& line) {
             line.TooLong = true;
         }
     }
-    if (line.Text.ends_with('\r'))
-        line.Text.pop_back();
+    if (line.Text.ends_with('\r')) line.Text.pop_back();
     return true;
 }
 
@@ -48,23 +46,18 @@ bool TakeQuoted(std::string_view line, char quote, std::size_t& at, std::string&
         }
         bool escapes = quote == '"' && line[at] == '\\' && at + 1 < line.size() &&
                        kEscapable.find(line[at + 1]) != std::string_view::npos;
-        if (escapes)
-            ++at;
+        if (escapes) ++at;
         word += line[at];
     }
     return false;
 }
 
 Failure RunLine(Lab& lab, const Line& line, Report& report) {
-    if (line.TooLong)
-        return "the line has more than " + std::to_string(kLongestLine) + " bytes";
-    if (line.Text.find('\0') != std::string::npos)
-        return "the line holds a NUL byte";
+    if (line.TooLong) return "the line has more than " + std::to_string(kLongestLine) + " bytes";
+    if (line.Text.find('\0') != std::string::npos) return "the line holds a NUL byte";
     std::vector<std::string> words;
-    if (Failure failure = SplitWords(line.Text, words))
-        return failure;
-    if (!words.empty() && words[0] == "batch")
-        return "a batch cannot run in a batch";
+    if (Failure failure = SplitWords(line.Text, words)) return failure;
+    if (!words.empty() && words[0] == "batch") return "a batch cannot run in a batch";
     return RunCommand(lab, words, report);
 }
 
@@ -75,17 +68,14 @@ Failure SplitWords(std::string_view line, std::vector<std::string>& words) {
     words.clear();
     for (std::size_t at = 0;;) {
         at = line.find_first_not_of(kBlanks, at);
-        if (at == std::string_view::npos)
-            return std::nullopt;
+        if (at == std::string_view::npos) return std::nullopt;
         std::string word;
         while (at < line.size() && kBlanks.find(line[at]) == std::string_view::npos) {
             const char c = line[at++];
             if (c == '\'' || c == '"') {
-                if (!TakeQuoted(line, c, at, word))
-                    return std::string("the quote ") + c + " is not closed";
+                if (!TakeQuoted(line, c, at, word)) return std::string("the quote ") + c + " is not closed";
             } else if (c == '\\') {
-                if (at == line.size())
-                    return "a \\ stands at the end of the line";
+                if (at == line.size()) return "a \\ stands at the end of the line";
                 word += line[at++];
             } else {
                 word += c;

@@ -31,8 +31,7 @@ std::string Rows(Long count, char digit) {
 
 std::string WholeRow(std::string_view rank) {
     std::string squares;
-    for (char column = 'A'; column <= 'L'; ++column)
-        squares.append(1, column).append(rank);
+    for (char column = 'A'; column <= 'L'; ++column) squares.append(1, column).append(rank);
     return squares;
 }
 
@@ -129,15 +128,12 @@ Failure RunCase(Lab& lab, const BenchCase& benchCase, Measurement& measured) {
     Options options;
     Report report;
     Failure failure = SplitWords(benchCase.Line, words);
-    if (!failure)
-        failure = ParseOptions(words, options);
+    if (!failure) failure = ParseOptions(words, options);
     options.ReadsDefinition = false;
     options.MakesLastPly = benchCase.MakesLastPly;
     const auto start = std::chrono::steady_clock::now();
-    if (!failure)
-        failure = RunPrepared(lab, options, report);
-    if (failure)
-        return benchCase.Name + ": " + *failure;
+    if (!failure) failure = RunPrepared(lab, options, report);
+    if (failure) return benchCase.Name + ": " + *failure;
     measured.Seconds += SecondsSince(start);
     measured.Nodes += report.Nodes;
     return std::nullopt;
@@ -150,8 +146,7 @@ Failure RunBench(Lab& lab, std::span<const BenchCase> cases, std::optional<Long>
     const auto start = std::chrono::steady_clock::now();
     do {
         for (std::size_t i = 0; i < cases.size(); ++i) {
-            if (Failure failure = RunCase(lab, cases[i], measured[i]))
-                return failure;
+            if (Failure failure = RunCase(lab, cases[i], measured[i])) return failure;
         }
     } while (seconds && SecondsSince(start) < *seconds);
 

@@ -39,8 +39,7 @@ std::string Dashed(Long from, Long to) {
 
 /// The jumped pieces as fields of magnitude and three-digit square, "-" for none.
 std::string CapturesText(const CapturePath& captures) {
-    if (captures.Count == 0)
-        return "-";
+    if (captures.Count == 0) return "-";
     std::string text;
     for (Long i = 0; i < captures.Count; ++i) {
         std::string square = std::to_string(captures.Squares[i]);
@@ -52,8 +51,7 @@ std::string CapturesText(const CapturePath& captures) {
 Failure RunMoves(Workbench& bench, std::string& output) {
     Position& position = bench.Pos;
     const Long count = GenerateLegalMovesOf(bench.FamilyOfMembers, position);
-    if (Failure failure = LimitPassed(position))
-        return failure;
+    if (Failure failure = LimitPassed(position)) return failure;
     for (Long slot = position.Tree.PlyFirstMove[0]; slot < count; ++slot) {
         const MoveRecord& move = position.Moves[slot];
         AddLine(output, move.From, move.To, CapturesText(move.Captures), move.Promotes);
@@ -65,16 +63,13 @@ Failure RunPerft(const Lab& lab, const Options& options, Workbench& bench, Repor
     const LastPly lastPly = options.MakesLastPly ? LastPly::Made : LastPly::InBulk;
     const PerftResult result =
         CountSequences(bench.Pos, bench.FamilyOfMembers, options.Depth, lastPly, lab.Interrupted);
-    if (result.Interrupted)
-        return kInterrupted;
-    if (Failure failure = LimitPassed(bench.Pos))
-        return failure;
+    if (result.Interrupted) return kInterrupted;
+    if (Failure failure = LimitPassed(bench.Pos)) return failure;
     for (std::size_t i = 0; i < result.ByDepth.size(); ++i) {
         AddLine(report.Output, "perft", i + 1, result.ByDepth[i]);
     }
     report.Nodes = result.ByDepth.back();
-    if (!options.Divide)
-        return std::nullopt;
+    if (!options.Divide) return std::nullopt;
     for (const PerftResult::RootCount& root : result.Roots) {
         AddLine(report.Output, Dashed(root.From, root.To), root.Count);
     }
@@ -84,8 +79,7 @@ Failure RunPerft(const Lab& lab, const Options& options, Workbench& bench, Repor
 Failure RunEval(const Options& options, Workbench& bench, std::string& output) {
     const Long side = options.Side.value_or(bench.Pos.Tree.SideToMove);
     const Long value = EvaluateOf(bench.FamilyOfMembers, bench.Pos, bench.Search, side);
-    if (Failure failure = LimitPassed(bench.Pos))
-        return failure;
+    if (Failure failure = LimitPassed(bench.Pos)) return failure;
     AddLine(output, "eval", value, "lost", bench.Search.LostFlag ? 1 : 0, "nomoves", bench.Search.NoMovesDraw ? 1 : 0);
     return std::nullopt;
 }
@@ -94,10 +88,8 @@ Failure RunEval(const Options& options, Workbench& bench, std::string& output) {
 std::string MainLine(const Position& position) {
     std::string line;
     for (const BestLineCell& cell : position.BestLine[0]) {
-        if (cell.From == 0)
-            break;
-        if (!line.empty())
-            line += ' ';
+        if (cell.From == 0) break;
+        if (!line.empty()) line += ' ';
         line += Dashed(cell.From, cell.To);
     }
     return line;
@@ -108,12 +100,9 @@ std::string MainLine(const Position& position) {
 std::string OverText(Workbench& bench) {
     Position& position = bench.Pos;
     const Long value = Evaluate(position, bench.Search, -kWin, kWin, position.Tree.SideToMove);
-    if (bench.Search.NoMovesDraw)
-        return "draw";
-    if (bench.Search.LostFlag)
-        return "lost";
-    if (value == kWin)
-        return "won";
+    if (bench.Search.NoMovesDraw) return "draw";
+    if (bench.Search.LostFlag) return "lost";
+    if (value == kWin) return "won";
     return GenerateLegalMoves(position) > 0 ? "" : "nomoves";
 }
 
@@ -152,49 +141,39 @@ Failure RunSearchCommand(const Lab& lab, const Options& options, Workbench& benc
     if (lab.Interrupted) {
         bench.Search.Yield = [&] {
             interrupted = interrupted || lab.Interrupted();
-            if (interrupted)
-                bench.Pos.StopFlag = kStopCancel;
+            if (interrupted) bench.Pos.StopFlag = kStopCancel;
         };
     }
     // A full move list is no failure: it ends the search in order, and what was found until then stands.
     const std::string over = OverText(bench);
-    if (Failure failure = GeneratorLimitPassed(bench.Pos))
-        return failure;
+    if (Failure failure = GeneratorLimitPassed(bench.Pos)) return failure;
     if (!over.empty()) {
         AddLine(report.Output, "over", over);
         return std::nullopt;
     }
     SearchAndTell(options, bench, report);
-    if (interrupted)
-        return kInterrupted;
+    if (interrupted) return kInterrupted;
     return GeneratorLimitPassed(bench.Pos);
 }
 
 } // namespace
 
 Failure RunPrepared(Lab& lab, const Options& options, Report& report) {
-    if (Failure failure = PreparePosition(lab, options))
-        return failure;
+    if (Failure failure = PreparePosition(lab, options)) return failure;
     Workbench& bench = *lab.Bench;
     switch (options.Name) {
-    case Command::Moves:
-        return RunMoves(bench, report.Output);
-    case Command::Perft:
-        return RunPerft(lab, options, bench, report);
-    case Command::Eval:
-        return RunEval(options, bench, report.Output);
-    case Command::Search:
-        return RunSearchCommand(lab, options, bench, report);
-    case Command::Bench:
-        return RunBench(lab, BenchCases(), options.Seconds, report);
+    case Command::Moves: return RunMoves(bench, report.Output);
+    case Command::Perft: return RunPerft(lab, options, bench, report);
+    case Command::Eval: return RunEval(options, bench, report.Output);
+    case Command::Search: return RunSearchCommand(lab, options, bench, report);
+    case Command::Bench: return RunBench(lab, BenchCases(), options.Seconds, report);
     }
     return std::nullopt;
 }
 
 Failure RunCommand(Lab& lab, std::span<const std::string> words, Report& report) {
     Options options;
-    if (Failure failure = ParseOptions(words, options))
-        return failure;
+    if (Failure failure = ParseOptions(words, options)) return failure;
     return RunPrepared(lab, options, report);
 }
 
@@ -210,13 +189,10 @@ int RunTool(Lab& lab, std::span<const std::string> words, std::istream& in, std:
     } else {
         Report report;
         failure = RunCommand(lab, words, report);
-        if (!failure)
-            out << report.Output;
+        if (!failure) out << report.Output;
     }
-    if (!failure && !out.flush())
-        failure = "standard output cannot be written";
-    if (!failure)
-        return 0;
+    if (!failure && !out.flush()) failure = "standard output cannot be written";
+    if (!failure) return 0;
     err << "tavlon12-lab: " << OneLine(*failure) << '\n';
     return kBadUsage;
 }

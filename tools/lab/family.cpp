@@ -10,18 +10,15 @@ namespace tavlon12::lab {
 void BuildTables(Position& position, Family family, SearchState& search) {
     EvaluationTables& tables = search.Tables;
     BuildEvaluationTables(position, tables);
-    if (tables.VariantFamily == family)
-        return;
+    if (tables.VariantFamily == family) return;
     BuildSquareValues(position, tables);
     AdoptFamily(position, tables, family);
 }
 
 Long GenerateLegalMovesOf(Family family, Position& position) {
-    if (family == Family::None)
-        return GenerateLegalMoves(position);
+    if (family == Family::None) return GenerateLegalMoves(position);
     GenerateFamilyMoves(family, position, 0);
-    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed())
-        GenerateFamilyMoves(family, position, 1);
+    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed()) GenerateFamilyMoves(family, position, 1);
     return MoveCount(position.Tree);
 }
 
@@ -30,8 +27,7 @@ Long CountLegalMovesOf(Family family, Position& position) {
 }
 
 Long EvaluateOf(Family family, Position& position, SearchState& search, Long side) {
-    if (family == Family::None)
-        return Evaluate(position, search, -kWin, kWin, side);
+    if (family == Family::None) return Evaluate(position, search, -kWin, kWin, side);
     return EvaluateFamily(family, position, search, -kWin, kWin, side);
 }
 

@@ -50,8 +50,7 @@ template <typename Number> Failure ReadWhole(std::string_view text, Long minimum
 }
 
 Failure ReadSide(std::string_view text, std::optional<Long>& side) {
-    if (text != "white" && text != "black")
-        return "must be white or black";
+    if (text != "white" && text != "black") return "must be white or black";
     side = text == "white" ? kWhite : kBlack;
     return std::nullopt;
 }
@@ -97,8 +96,7 @@ bool IsSquareText(std::string_view text) {
 Failure ReadPlay(std::string_view text, Options& options) {
     while (true) {
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-        if (text.empty())
-            return std::nullopt;
+        if (text.empty()) return std::nullopt;
         std::string_view word = text.substr(0, text.find(' '));
         text.remove_prefix(word.size());
         std::string key = UpperCase(word);
@@ -131,22 +129,19 @@ struct OptionRow {
 constexpr OptionRow kOptions[] = {
     {"--variants", kEvery, true,
      [](std::string_view value, Options& options) -> Failure {
-         if (value.empty())
-             return "must name a folder";
+         if (value.empty()) return "must name a folder";
          options.Variants = value;
          return std::nullopt;
      }},
     {"--variant", kEvery, true,
      [](std::string_view value, Options& options) -> Failure {
-         if (value.empty())
-             return "must name a definition";
+         if (value.empty()) return "must name a definition";
          options.Variant = value;
          return std::nullopt;
      }},
     {"--rule", kEvery, true,
      [](std::string_view value, Options& options) -> Failure {
-         if (value.find('=') == std::string_view::npos)
-             return "must have the form KEY=VALUE";
+         if (value.find('=') == std::string_view::npos) return "must have the form KEY=VALUE";
          options.Rules.emplace_back(value);
          return std::nullopt;
      }},
@@ -200,43 +195,33 @@ Failure ReadCommand(std::string_view word, Options& options) {
 } // namespace
 
 Failure ParseOptions(std::span<const std::string> words, Options& options) {
-    if (words.empty())
-        return "no command, must be moves, perft, eval, search, bench or batch";
-    if (Failure failure = ReadCommand(words[0], options))
-        return failure;
+    if (words.empty()) return "no command, must be moves, perft, eval, search, bench or batch";
+    if (Failure failure = ReadCommand(words[0], options)) return failure;
 
     std::vector<const OptionRow*> given;
     for (std::size_t i = 1; i < words.size(); ++i) {
         const OptionRow* row = FindOption(words[i]);
-        if (row == nullptr)
-            return "unknown argument " + Quoted(words[i]);
+        if (row == nullptr) return "unknown argument " + Quoted(words[i]);
         const std::string name(row->Name);
-        if ((row->Commands & CommandBit(options.Name)) == 0)
-            return name + " is no option of " + words[0];
-        if (row->Name != kRepeatable && std::ranges::find(given, row) != given.end())
-            return name + " is given twice";
+        if ((row->Commands & CommandBit(options.Name)) == 0) return name + " is no option of " + words[0];
+        if (row->Name != kRepeatable && std::ranges::find(given, row) != given.end()) return name + " is given twice";
         given.push_back(row);
         if (!row->TakesValue) {
-            if (Failure failure = row->Read("", options))
-                return name + " " + *failure;
+            if (Failure failure = row->Read("", options)) return name + " " + *failure;
             continue;
         }
-        if (i + 1 == words.size())
-            return name + " has no value";
+        if (i + 1 == words.size()) return name + " has no value";
         const std::string& value = words[++i];
-        if (Failure failure = row->Read(value, options))
-            return name + " " + Quoted(value) + ": " + *failure;
+        if (Failure failure = row->Read(value, options)) return name + " " + Quoted(value) + ": " + *failure;
     }
     bool needsDepth = options.Name == Command::Perft || options.Name == Command::Search;
-    if (needsDepth && options.Depth == 0)
-        return "--depth is missing";
+    if (needsDepth && options.Depth == 0) return "--depth is missing";
     return std::nullopt;
 }
 
 std::string Quoted(std::string_view text) {
     constexpr std::size_t kShown = 60;
-    if (text.size() <= kShown)
-        return "\"" + std::string(text) + "\"";
+    if (text.size() <= kShown) return "\"" + std::string(text) + "\"";
     return "\"" + std::string(text.substr(0, kShown)) + "...\"";
 }
 

@@ -30,8 +30,7 @@ private:
         const bool last = done + 1 == depth_;
         const bool bulk = last && done > 0 && !made_;
         const Long count = bulk ? CountLegalMovesOf(family_, position_) : GenerateLegalMovesOf(family_, position_);
-        if (position_.StopFlag != 0 || position_.Fault.Passed())
-            return 0;
+        if (position_.StopFlag != 0 || position_.Fault.Passed()) return 0;
         if (interrupted_ && interrupted_()) {
             result_.Interrupted = true;
             return 0;
@@ -52,11 +51,9 @@ private:
                 PerformMove(position_, slot);
                 below = Explore(done + 1);
                 TakeBackMove(position_, slot);
-                if (result_.Interrupted || position_.StopFlag != 0 || position_.Fault.Passed())
-                    return 0;
+                if (result_.Interrupted || position_.StopFlag != 0 || position_.Fault.Passed()) return 0;
             }
-            if (done == 0)
-                result_.Roots.push_back({position_.Moves[slot].From, position_.Moves[slot].To, below});
+            if (done == 0) result_.Roots.push_back({position_.Moves[slot].From, position_.Moves[slot].To, below});
             total += below;
         }
         return total;

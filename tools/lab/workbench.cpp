@@ -28,16 +28,14 @@ Failure ApplyRule(std::string_view line, Position& position) {
     std::string_view value = line.substr(name.size() + 1);
     const RuleKey* key = FindRuleKey(name);
     if (key == nullptr) {
-        if (std::ranges::find(kTextKeys, name) != kTextKeys.end())
-            return std::nullopt;
+        if (std::ranges::find(kTextKeys, name) != kTextKeys.end()) return std::nullopt;
         return "--rule " + Quoted(line) + ": no key of a definition";
     }
     if (!SetRuleValue(position.DefinedRules, *key, value)) {
         return "--rule " + Quoted(line) + ": the number must lie " + RangeOf(*key);
     }
     GameTree& tree = position.Tree;
-    if (name == "Setup" && value != "normal")
-        PlaceSetup(position, value);
+    if (name == "Setup" && value != "normal") PlaceSetup(position, value);
     if (name == "BlackStarts" && position.DefinedRules.BlackStarts == 0) {
         tree.PlyValue[0] = -tree.PlyValue[0];
         tree.GameValue[0] = -tree.GameValue[0];
@@ -53,12 +51,10 @@ Failure StartGame(const Lab& lab, const Options& options, Workbench& bench) {
         position.VariantFile = options.Variant;
         const std::filesystem::path folder =
             options.Variants.empty() ? VariantFolder(lab.ProgramFolder, 1) : options.Variants;
-        if (auto failure = LoadVariant(folder, position, bench.Game.Texts))
-            return failure->Message();
+        if (auto failure = LoadVariant(folder, position, bench.Game.Texts)) return failure->Message();
     }
     for (const std::string& rule : options.Rules) {
-        if (Failure failure = ApplyRule(rule, position))
-            return failure;
+        if (Failure failure = ApplyRule(rule, position)) return failure;
     }
     position.Rules = position.DefinedRules;
     AdoptMovements(position);
@@ -73,8 +69,7 @@ Failure ChooseFamily(const Options& options, const Workbench& bench, Family& ofT
     ofTables = options.Setup ? Family::None : RecognizeVariantFamily(position.Rules, position.InitialBoard);
     if (options.Use == Members::Fast) {
         ofTables = FamilyOfRules(position.DefinedRules);
-        if (ofTables == Family::None)
-            return "--fast: these rules have no fast generator";
+        if (ofTables == Family::None) return "--fast: these rules have no fast generator";
     }
     const bool asTheGame = options.Use == Members::OfGame && options.Name == Command::Search;
     ofMembers = asTheGame || options.Use == Members::Fast ? ofTables : Family::None;
@@ -82,8 +77,7 @@ Failure ChooseFamily(const Options& options, const Workbench& bench, Family& ofT
 }
 
 void PlaceByHand(const Options& options, Position& position) {
-    if (options.Turn)
-        position.Tree.SideToMove = *options.Turn;
+    if (options.Turn) position.Tree.SideToMove = *options.Turn;
     if (options.Setup) {
         position.CustomSetup = true;
         position.Board = ReadPositionString(*options.Setup);
@@ -100,13 +94,10 @@ void PlaceByHand(const Options& options, Position& position) {
 Failure PlayMove(Session& game, const std::string& key, std::size_t number) {
     Position& position = game.Pos;
     const std::string move = "--play: move " + std::to_string(number) + ", " + Quoted(LowerCase(key)) + ", ";
-    if (GameIsFull(game))
-        return move + "is too much: a game holds " + std::to_string(kMaxHalfMoves) + " half-moves";
+    if (GameIsFull(game)) return move + "is too much: a game holds " + std::to_string(kMaxHalfMoves) + " half-moves";
     const bool legal = InputMove(game, key);
-    if (Failure failure = LimitPassed(position))
-        return failure;
-    if (!legal)
-        return move + "is not legal";
+    if (Failure failure = LimitPassed(position)) return failure;
+    if (!legal) return move + "is not legal";
 
     HalfMoveEntry entry;
     entry.Move = position.Moves[game.LastMoveSlot];
@@ -124,46 +115,33 @@ Failure GeneratorLimitPassed(const Position& position) {
     const GeneratorFault& fault = position.Fault;
     std::string text;
     switch (fault.Limit) {
-    case GeneratorFault::Kind::None:
-        return std::nullopt;
-    case GeneratorFault::Kind::Jumps:
-        text = "a capture jumps more pieces than a move can hold";
-        break;
-    case GeneratorFault::Kind::Rows:
-        text = "more captures than the table can hold";
-        break;
-    case GeneratorFault::Kind::Work:
-        text = "the search for captures does not end";
-        break;
+    case GeneratorFault::Kind::None: return std::nullopt;
+    case GeneratorFault::Kind::Jumps: text = "a capture jumps more pieces than a move can hold"; break;
+    case GeneratorFault::Kind::Rows: text = "more captures than the table can hold"; break;
+    case GeneratorFault::Kind::Work: text = "the search for captures does not end"; break;
     }
     text += " (jumps " + std::to_string(fault.Depth) + ", captures " + std::to_string(fault.Rows) + ")";
-    if (position.Rules.RemovePieces != 1)
-        text += "; try RemovePieces=1";
+    if (position.Rules.RemovePieces != 1) text += "; try RemovePieces=1";
     return text;
 }
 
 Failure LimitPassed(const Position& position) {
-    if (Failure failure = GeneratorLimitPassed(position))
-        return failure;
-    if (position.StopFlag == 0)
-        return std::nullopt;
+    if (Failure failure = GeneratorLimitPassed(position)) return failure;
+    if (position.StopFlag == 0) return std::nullopt;
     return "the move list is full: it holds " + std::to_string(kMoveSlots - 1) + " moves";
 }
 
 Failure PreparePosition(Lab& lab, const Options& options) {
     Workbench& bench = lab.Bench.emplace();
-    if (Failure failure = StartGame(lab, options, bench))
-        return failure;
+    if (Failure failure = StartGame(lab, options, bench)) return failure;
     Family ofTables = Family::None;
-    if (Failure failure = ChooseFamily(options, bench, ofTables, bench.FamilyOfMembers))
-        return failure;
+    if (Failure failure = ChooseFamily(options, bench, ofTables, bench.FamilyOfMembers)) return failure;
     PlaceByHand(options, bench.Pos);
     BuildTables(bench.Pos, ofTables, bench.Search);
     bench.Search.Tables.VariantFamily = bench.FamilyOfMembers;
     SetManThresholds(bench.Pos, bench.Search);
     for (std::size_t i = 0; i < options.Play.size(); ++i) {
-        if (Failure failure = PlayMove(bench.Game, options.Play[i], i + 1))
-            return failure;
+        if (Failure failure = PlayMove(bench.Game, options.Play[i], i + 1)) return failure;
     }
     return std::nullopt;
 }
