@@ -46,8 +46,7 @@ bool StartUp(Session& session) {
     session.Port.LoadSkin();
     if (session.Quitting) return false; // a skin that cannot be loaded ends the program
     if (!ResetGame(session)) return false;
-    session.Port.LayoutWindow();
-    session.Port.SetStatusText(1, SideToMoveText(session.Pos));
+    session.Port.LayoutWindow(); // leaves the product line in panel 1, over the side to move, until the first move
     DrawBoard(session, 0);
     ShowStrengthLine(session);
     return true;
