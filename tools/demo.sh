@@ -8,7 +8,7 @@ bin=${TAVLON12_BIN:-$build_dir/bin}
 screenshot=${1:-$build_dir/tavlon12-demo.png}
 
 # Places in the window, in pixels from the corner under the menu bar, for the default skin.
-client_height=689
+window_height=689
 board_left=25
 board_top=32
 square=38
@@ -83,7 +83,7 @@ find_window() {
             height=$HEIGHT
         fi
     done
-    [[ -n $window ]] && ((height >= client_height))
+    [[ -n $window ]] && ((height >= window_height))
 }
 
 for ((i = 0; i < 100; i++)); do
@@ -92,8 +92,21 @@ for ((i = 0; i < 100; i++)); do
     sleep 0.2
 done
 find_window || program_fault "The program did not open its window within 20 seconds."
-menu=$((height - client_height))
 xdotool windowmove --sync "$window" 0 0 2>/dev/null
+
+# The height of the menu bar depends on the fonts of the machine. Below it, in a gap between the toolbar's pictures, the first
+# dark pixel is the frame of the board, which begins two pixels above the squares.
+find_menu() {
+    local frame
+    frame=$(import -silent -window "$window" -crop "1x80+57+40" +repage -depth 8 gray:- 2>/dev/null |
+        od -An -v -tu1 -w1 | awk '$1 < 90 { print NR - 1; exit }')
+    [[ -n $frame ]] && menu=$((40 + frame + 2 - board_top))
+}
+for ((i = 0; i < 50; i++)); do
+    find_menu && break
+    sleep 0.2
+done
+[[ -n ${menu:-} ]] || program_fault "The program did not draw its board."
 
 # What the board shows, as a checksum.
 board_picture() {

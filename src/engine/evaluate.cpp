@@ -29,7 +29,8 @@ Long PieceTotal(const Position& position, Long side) {
 
 /// Whether the side to move has lost all its moves where that is a draw.
 bool IsDrawWithoutMoves(Position& position) {
-    return PieceTotal(position, kWhite) > 0 && PieceTotal(position, kBlack) > 0 && !GenerateMoves1(position, 1);
+    if (PieceTotal(position, kWhite) == 0 || PieceTotal(position, kBlack) == 0) return false;
+    return !GenerateMoves1(position, 1) && !position.Fault.Passed();
 }
 
 Long KingTerm(const RuleSet& rules, Long square) {

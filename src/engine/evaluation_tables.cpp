@@ -90,6 +90,7 @@ void CountPromoSquares(const Position& position, EvaluationTables& tables) {
 }
 
 void BuildEvaluationTables(Position& position, EvaluationTables& tables) {
+    position.Promotions = MarkPromotions(position.Rules); // the rules may have changed since the steps were adopted
     tables.ClosenessOn = position.Rules.KingWin == 0 && position.Rules.WinAtPromo == 0;
     BuildPromotionCones(position, tables);
     BuildSquareValues(position, tables);

@@ -91,8 +91,9 @@ struct RootSearch {
     }
     Long Elapsed() const { return ElapsedSeconds(Input.StartTime, Hooks.Seconds()); }
     bool TimeIsUp() const { return Input.StopsByTime && Elapsed() >= Input.TimeLimit; }
+    /// A cancel that has come before stays a cancel.
     void StopOnTime() {
-        Pos.StopFlag = kStopTime;
+        if (!Search.SearchAborted && Pos.StopFlag != kStopCancel) Pos.StopFlag = kStopTime;
         Search.SearchAborted = true;
     }
 };

@@ -149,7 +149,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     Long best;
     if (depth > 0) {
         Generate<traits.Moves>(position, 0);
-        if (MoveCount(tree) == 0) Generate<traits.Moves>(position, 1);
+        if (MoveCount(tree) == 0 && !position.Fault.Passed()) Generate<traits.Moves>(position, 1);
         best = -kWin;
     } else {
         Generate<traits.Moves>(position, depth);

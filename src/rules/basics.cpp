@@ -67,7 +67,9 @@ double ParseNumber(std::string_view text) {
 }
 
 std::string Str(Long number) {
-    return (number < 0 ? "" : " ") + std::to_string(number);
+    std::string text = std::to_string(number);
+    if (number >= 0) text.insert(text.begin(), ' ');
+    return text;
 }
 
 std::string RightAligned(std::string_view text, std::size_t width) {

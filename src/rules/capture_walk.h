@@ -64,7 +64,6 @@ private:
 
     /// Tries every jump from a node, which `depth` jumps have reached, and records the capture that ends there.
     bool Explore(Long at, Long depth, Long previousStep) {
-        if (depth == kMaxJumps) return Fail(GeneratorFault::Kind::Jumps, depth);
         bool fresh = true; // no jump has been made from here
         for (Long step : position_.DirTable[pieceType_ + 4]) {
             if (step == kEndOfSteps) break;
@@ -109,6 +108,7 @@ private:
 
     /// Makes one jump on the board, follows the walk behind it, and undoes the jump whatever came of it.
     bool CarryOut(const Jump& jump) {
+        if (jump.Depth == kMaxJumps) return Fail(GeneratorFault::Kind::Jumps, jump.Depth);
         if (++jumps_ > kMaxWork) return Fail(GeneratorFault::Kind::Work, jump.Depth);
         if (notesLastCap_ && jump.Depth == 0 && jump.Candidate == position_.Tree.TreeTo[position_.Tree.TreeIndex]) {
             ++table_.LastCapCount;
@@ -196,7 +196,7 @@ private:
     }
 
     bool Fail(GeneratorFault::Kind limit, Long depth) {
-        position_.Fault = {limit, depth, table_.RowCount};
+        position_.Fault = {limit, Rules::kIsFamily, depth, table_.RowCount};
         position_.StopFlag = kStopCancel;
         return false;
     }

@@ -68,7 +68,7 @@ PromotionMarks MarkPromotions(const RuleSet& rules) {
     for (Long side : {kWhite, kBlack}) {
         const PromotionList& list = side == kWhite ? rules.PromoW : rules.PromoB;
         for (Long slot = kPromotionSlots - 1; slot >= 0; --slot) { // the first of equal entries counts
-            if (list[slot] != kUnusedSlot) marks.FirstSlot[SideIndex(side)][list[slot]] = static_cast<Byte>(slot + 1);
+            if (IsSquare(list[slot])) marks.FirstSlot[SideIndex(side)][list[slot]] = static_cast<Byte>(slot + 1);
         }
     }
     return marks;

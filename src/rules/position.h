@@ -17,6 +17,7 @@ namespace tavlon12 {
 /// A limit that a generator has passed. The board is whole again; the search unwinds as on a stop.
 struct GeneratorFault {
     enum class Kind { None, Jumps, Rows, Work } Limit = Kind::None;
+    bool OfFamily = false; ///< it was a family's generator
     Long Depth = 0; ///< jumps of the walk when the limit was passed
     Long Rows = 0;  ///< captures recorded until then
 

@@ -11,6 +11,7 @@ enum class Family : Long { None, American, Italian, German, Russian };
 // nothing.
 
 struct GeneralRules {
+    static constexpr bool kIsFamily = false;
     static constexpr bool kRegistersAtOnce = false;
     static constexpr Long kPromotionSlots = tavlon12::kPromotionSlots;
 
@@ -37,6 +38,7 @@ struct GeneralRules {
 };
 
 template <Family F> struct FamilyRules {
+    static constexpr bool kIsFamily = true;
     static constexpr bool kFlying = F == Family::German || F == Family::Russian;
     static constexpr bool kRegistersAtOnce = F == Family::American;
     static constexpr Long kPromotionSlots = 6;

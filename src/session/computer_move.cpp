@@ -38,6 +38,7 @@ void PrepareThinking(Session& session) {
     session.RootMoves.fill(RootMove());
     session.GameTouched = true;
     session.SearchStarted = true;
+    session.TouchedCell = 0;
     session.PredictedFrom = 0;
     session.PredictedTo = 0;
     session.ResultText.clear();
@@ -213,7 +214,9 @@ void MaybeDrawByRule(Session& session) {
 /// The steps that end every call: the game is over when the side to move has no move, and the user gets the commands
 /// back.
 void CloseThinking(Session& session) {
+    session.Pos.LastCapAnyPly = true; // the user's replies, wherever the root stands
     const bool canMove = GenerateLegalMoves(session.Pos) > 0;
+    session.Pos.LastCapAnyPly = false;
     if (EndOnGeneratorFault(session)) return;
     if (!canMove && !session.GameOver) {
         session.GameOver = true;
@@ -230,7 +233,9 @@ void CloseThinking(Session& session) {
     // A click on Cancel that came when the search was over must not stop the next one.
     if (!autoplay) session.Pos.StopFlag = 0;
     if (goesOn) return;
+    session.Pos.LastCapAnyPly = true;
     RefreshLegalMoves(session);
+    session.Pos.LastCapAnyPly = false;
     if (autoplay) ShowCandidates(session, session.RootMoves[0].From);
 }
 
@@ -239,7 +244,6 @@ void CloseThinking(Session& session) {
 void ThinkComputerMove(Session& session) {
     if (GameIsFull(session)) {
         session.Search.SearchAborted = true; // a game of the computer against itself ends here
-        session.RootMoves.fill(RootMove());
         ShowGameFull(session);
         CloseThinking(session);
         return;

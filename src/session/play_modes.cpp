@@ -1,6 +1,7 @@
 #include "session/play_modes.h"
 
 #include "session/computer_move.h"
+#include "session/input_move.h"
 #include "session/move_texts.h"
 #include "session/navigation.h"
 #include "session/screen.h"
@@ -34,7 +35,7 @@ void ComputeCommand(Session& session) {
     session.Port.SetStatusText(1, "");
     session.Busy = true;
     session.Port.SetControlEnabled(Control::mnu_Board1, false);
-    if (NameToMove(session) != kComputerName) SwapNamesOfComputerGame(session);
+    if (NameToMove(session) != kComputerName && !GameIsFull(session)) SwapNamesOfComputerGame(session);
     UpdatePlayerLabels(session);
     ThinkComputerMove(session);
     session.Busy = false;

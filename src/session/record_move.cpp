@@ -28,7 +28,10 @@ void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
     auto& row = record.GameRows[RowOfHalfMove(halfMove)];
     row[TextColumn(halfMove)] = session.MoveText.MoveTextKey + " " + session.MoveText.MoveTextShown;
     row[KindColumn(halfMove)] = entry.Kind;
-    row[kStrengthColumn] = entry.Depth;
+    // The depth of the row's computer move goes before that of a person.
+    bool answersComputer = halfMove % 2 == 0 && std::string_view(entry.Kind) == kByPerson &&
+                           row[KindColumn(halfMove - 1)] == kByComputer;
+    if (!answersComputer) row[kStrengthColumn] = entry.Depth;
 
     port.ListAdd(ListId::List1, GameLine(halfMove, session.MoveText.MoveTextShown));
     port.SetText(Control::Text1, "");

@@ -131,8 +131,11 @@ bool EndOnGeneratorFault(Session& session) {
     const GeneratorFault& fault = session.Pos.Fault;
     if (!fault.Passed()) return false;
     if (session.Quitting) return true; // shown already, or nobody is there to see it
-    std::string text = "X=" + Str(fault.Depth) + "   K=" + Str(fault.Rows) + "\n\nFatal Error! Tavlon12 will exit.\n";
-    if (session.Pos.Rules.RemovePieces != 1) {
+    std::string text = "X=" + Str(fault.Depth);
+    if (!fault.OfFamily) text += "   K=" + Str(fault.Rows);
+    text += "\n\nFatal Error! Tavlon12 will exit.";
+    if (!fault.OfFamily) text += "\n";
+    if (!fault.OfFamily && session.Pos.Rules.RemovePieces != 1) {
         text += "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";
     }
     ShowMessage(session, text, "Error", MessageKind::Exclamation);

@@ -148,11 +148,9 @@ RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
     };
     hooks.BestFound = [&session, &display](Long iteration, Long slot, Long score) {
         DisplayMove(session, slot);
-        if (session.Settings.CalculationOn == 1) {
-            display.BestText =
-                "Depth:" + Str(iteration) + "   Best: " + session.MoveText.MoveTextPlain + "   Score:" + Str(score);
-            session.Port.SetSearchLine(display.BestText);
-        }
+        display.BestText =
+            "Depth:" + Str(iteration) + "   Best: " + session.MoveText.MoveTextPlain + "   Score:" + Str(score);
+        if (session.Settings.CalculationOn == 1) session.Port.SetSearchLine(display.BestText);
         DisplayMainVariant(session);
     };
     if (session.Settings.Limits.FixedDepth == 1)

@@ -92,6 +92,9 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
 
     board.CarryPiece(value);
     input.DragIconSet = false;
+    // The pointer may be here without having moved since the last drawing of the board.
+    input.HoverCell = cell;
+    input.HoverView = view;
     if (session.Settings.ShowAvailableMoves != 1) return;
     if (input.HoverView > -1) board.DrawHighlightBox(input.HoverView);
     for (const MoveRecord& move : LegalMoves(session)) {
@@ -187,6 +190,7 @@ void FormMouseMove(Session& session) {
 
 void EndBoardInput(Session& session, BoardView& board) {
     BoardInput& input = session.Input;
+    if (session.Busy) return; // the search has the board
     input.RightPressed = -1;
     if (input.DragSource != -1) PutBackCarriedPiece(session, board);
     if (input.NumbersShown) {

@@ -162,7 +162,9 @@ void BoardView::PaintCoordinates(QPainter& painter) const {
     painter.setPen(kLabelColour);
     QRect last = SquareRect(kSquareCount - 1);
     for (Long i = 1; i <= kGridSquares; ++i) {
-        QRect column = SquareRect(i - 1);
+        // A number stands under the square of the playing colour in its column pair.
+        bool toTheRight = notation == kNumeric && Game.Pos.Rules.PiecesOnBlack == 0 && i < kGridSquares;
+        QRect column = SquareRect(toTheRight ? i : i - 1);
         column.setTop(last.bottom() + 1 + kFrameWidth);
         column.setBottom(height() - 1);
         painter.drawText(column, Qt::AlignCenter, Shown(ColumnLabel(i, notation, turned, capitals)));
@@ -214,8 +216,10 @@ void BoardView::MoveTo(const QPointF& point) {
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     FlushRelease();
     if (PressedView == -1) return;
+    bool counts = event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
+    if (counts && event->position() != LastPoint) MoveTo(event->position()); // the last move may not have been told
     if (event->buttons() == Qt::NoButton) PressedView = -1;
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    if (!counts) return;
     PendingRelease = event->button();
     QMetaObject::invokeMethod(
         this, [this] { FlushRelease(); }, Qt::QueuedConnection);

@@ -94,12 +94,19 @@ void ApplyLook(QApplication& application) {
     application.setPalette(LookPalette());
 }
 
-// The second press of a double click chooses nothing: it would play a move of the list that has come meanwhile.
-void GameList::mouseDoubleClickEvent(QMouseEvent*) {}
+void GameList::mousePressEvent(QMouseEvent* event) {
+    PressCounts = event->button() == Qt::LeftButton;
+    if (PressCounts) QListWidget::mousePressEvent(event);
+}
+
+// The second half of a double click chooses nothing: it would play a move of the list that has come meanwhile.
+void GameList::mouseDoubleClickEvent(QMouseEvent*) {
+    PressCounts = false;
+}
 
 void GameList::mouseReleaseEvent(QMouseEvent* event) {
     QListWidget::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !viewport()->rect().contains(event->position().toPoint())) return;
+    if (!PressCounts || event->button() != Qt::LeftButton || itemAt(event->position().toPoint()) == nullptr) return;
     // After the event, as with a release over the board.
     QMetaObject::invokeMethod(
         this, [this] { Clicked(); }, Qt::QueuedConnection);
@@ -324,12 +331,12 @@ void MainWindow::MakeSidePanel() {
     List1->setToolTip(QStringLiteral("The game. A click goes to the position after the move."));
     List2->setToolTip(QStringLiteral("The legal moves. A click plays the move."));
     List3->setToolTip(QStringLiteral("The computer's candidates with their values. A click plays one instead."));
-    List1->Clicked = List1->Entered = [this] { Run([this] { GoToSelectedLine(Game); }); };
+    List1->Clicked = List1->Entered = [this] { RunInput(GoToSelectedLine); };
     List2->Clicked = [this] {
-        if (List2->currentRow() >= 0) Run([this] { ClickLegalMove(Game); });
+        if (List2->currentRow() >= 0) RunInput(ClickLegalMove);
     };
     List3->Clicked = [this] {
-        if (List3->currentRow() >= 0) Run([this] { ClickCandidateMove(Game); });
+        if (List3->currentRow() >= 0) RunInput(ClickCandidateMove);
     };
 
     Text2 = new QLineEdit(client);
@@ -338,7 +345,7 @@ void MainWindow::MakeSidePanel() {
     Text2->installEventFilter(this);
     Command1 = new QPushButton(QStringLiteral("Move"), client);
     name(Command1, QStringLiteral("Command1"));
-    auto submit = [this] { Run([this] { SubmitTypedMove(Game); }); };
+    auto submit = [this] { RunInput(SubmitTypedMove); };
     connect(Text2, &QLineEdit::returnPressed, this, submit);
     connect(Command1, &QPushButton::clicked, this, submit);
 
@@ -405,10 +412,7 @@ void MainWindow::LayoutWindow() {
     for (std::size_t i = 10; i < Labels.size(); ++i) Labels[i]->setVisible(extraPieces);
     Board->SetGeometry(geometry);
 
-    ensurePolished();
-    int menuHeight = menuBar()->heightForWidth(geometry.Width);
-    if (menuHeight <= 0) menuHeight = menuBar()->sizeHint().height();
-    setFixedSize(geometry.Width, geometry.Height + menuHeight);
+    setFixedSize(geometry.Width, geometry.Height); // the menu bar is part of it, the places are counted from below it
     if (QScreen* on = screen()) {
         QRect frame = frameGeometry();
         frame.moveCenter(on->availableGeometry().center());
@@ -418,6 +422,13 @@ void MainWindow::LayoutWindow() {
     }
     for (QLabel* panel : StatusPanels) panel->clear();
     StatusPanels[0]->setText(QLatin1String(kProductLine));
+}
+
+void MainWindow::RunInput(void (*procedure)(Session&)) {
+    Run([this, procedure] {
+        EndBoardInput(Game, *Board);
+        procedure(Game);
+    });
 }
 
 void MainWindow::RunCommand(Command command) {
@@ -477,7 +488,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
             }
         }
     }
-    if (watched == Text1 && event->type() == QEvent::KeyPress) Run([this] { CommentKey(Game); });
+    // Also while the computer thinks: a comment belongs to the position before its move.
+    if (watched == Text1 && event->type() == QEvent::KeyPress) Run([this] { CommentKey(Game); }, true);
     return QMainWindow::eventFilter(watched, event);
 }
 

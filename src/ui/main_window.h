@@ -27,7 +27,7 @@ namespace tavlon12 {
 /// ground.
 void ApplyLook(QApplication& application);
 
-/// A list whose lines are clicked: `Clicked` runs when the left button goes up over it, `Entered` when Enter is pressed
+/// A list whose lines are clicked: `Clicked` runs when the left button goes up over one, `Entered` when Enter is pressed
 /// in it.
 class GameList : public QListWidget {
 public:
@@ -36,9 +36,13 @@ public:
     std::function<void()> Entered = [] {};
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool PressCounts = false; ///< the button that is down may choose a line
 };
 
 /// A label that ends a text too long for it in "...", and tells the whole in its tool tip.
@@ -89,6 +93,9 @@ public:
     /// it. When the user has closed the program meanwhile, the window closes once the outermost has returned.
     void Run(const std::function<void()>& procedure, bool nested = false);
 
+    /// The same for a move typed or chosen in a list: a piece that is carried on the board goes back first.
+    void RunInput(void (*procedure)(Session&));
+
     /// Closes the window without a question; the program ends with code 1.
     void EndProgram();
 
@@ -115,6 +122,7 @@ public:
     QMenu* mnuSetup = nullptr;
     std::array<bool, kCommandCount> Checked{}; ///< the check marks as the logic has set them
     EventPump Pump;
+    bool TypedLast = false; ///< the move field had the focus when it was greyed
 
 protected:
     void closeEvent(QCloseEvent* event) override;

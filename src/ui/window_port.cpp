@@ -141,7 +141,13 @@ void ConnectPort(MainWindow& window) {
 
     port.SetText = [w](Control control, const std::string& text) { SetWidgetText(w->WidgetOf(control), text); };
     port.GetText = [w](Control control) { return WidgetText(w->WidgetOf(control)); };
-    port.SetControlEnabled = [w](Control control, bool on) { w->WidgetOf(control).setEnabled(on); };
+    port.SetControlEnabled = [w](Control control, bool on) {
+        QWidget& widget = w->WidgetOf(control);
+        // A field that is greyed for a while keeps its focus for afterwards.
+        if (&widget == w->Text2 && !on) w->TypedLast = w->Text2->hasFocus() || (!w->Text2->isEnabled() && w->TypedLast);
+        widget.setEnabled(on);
+        if (&widget == w->Text2 && on && w->TypedLast) w->Text2->setFocus();
+    };
     port.SetCommandEnabled = [w](Command command, bool on) {
         w->ActionOf(command).setEnabled(on && RowOf(command).Procedure != nullptr);
     };

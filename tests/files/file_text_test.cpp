@@ -33,15 +33,6 @@ TEST(ReadLines, EndsLinesAtLineFeedsWithOrWithoutCarriageReturn) {
     }
 }
 
-TEST(ReadLines, ReadsFilesLongerThanItsBuffer) {
-    TemporaryFolder folder;
-    std::string line(10000, 'x');
-    WriteFile(folder.Path / "text", line + "\r\n" + line);
-    Lines lines;
-    ASSERT_TRUE(ReadLines(folder.Path / "text", lines));
-    EXPECT_EQ(lines, Lines({line, line}));
-}
-
 TEST(ReadLines, RefusesWhatIsNoFile) {
     TemporaryFolder folder;
     Lines lines;

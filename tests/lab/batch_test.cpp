@@ -14,7 +14,6 @@ struct QuotedLine {
 TEST(BatchWords, AreQuotedAsAShellDoes) {
     const std::vector<QuotedLine> rows = {
         {"", {}},
-        {" \t ", {}},
         {"moves --play  x\t", {"moves", "--play", "x"}},
         {"a 'b c' \"d e\"", {"a", "b c", "d e"}},
         {"'' \"\" x", {"", "", "x"}},

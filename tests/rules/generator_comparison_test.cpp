@@ -66,15 +66,6 @@ Long Perft(Position& position, Long depth) {
     return leaves;
 }
 
-Long ReferencePerft(const ReferenceState& state, Long depth) {
-    std::vector<ReferenceMove> moves = GenerateReferenceMoves(state, 0).Moves;
-    if (moves.empty()) moves = GenerateReferenceMoves(state, 1).Moves;
-    if (depth == 1) return static_cast<Long>(moves.size());
-    Long leaves = 0;
-    for (const ReferenceMove& move : moves) leaves += ReferencePerft(AfterMove(state, move, false), depth - 1);
-    return leaves;
-}
-
 TEST(GeneratorComparison, RandomRulesOnRandomPositions) {
     Tally tally;
     for (Long seed = 1; seed <= Scaled(900) && !HasFailure(); ++seed) {
@@ -86,19 +77,6 @@ TEST(GeneratorComparison, RandomRulesOnRandomPositions) {
     RecordProperty("Limit", tally.Limit);
     RecordProperty("Skipped", tally.Skipped);
     EXPECT_GT(tally.Compared, Scaled(27000));
-}
-
-TEST(GeneratorComparison, RandomRulesInRandomGames) {
-    Tally tally;
-    for (Long seed = 1; seed <= Scaled(250) && !HasFailure(); ++seed) {
-        SCOPED_TRACE("seed " + std::to_string(seed));
-        Random random(static_cast<std::uint64_t>(seed));
-        RuleSet rules = RandomRules(random);
-        CompareRandomGame(rules, 60, random, tally);
-    }
-    RecordProperty("Limit", tally.Limit);
-    RecordProperty("Skipped", tally.Skipped);
-    EXPECT_GT(tally.Compared, Scaled(20000));
 }
 
 class NamedRulesTest : public ::testing::TestWithParam<NamedRules> {};
@@ -113,17 +91,6 @@ TEST_P(NamedRulesTest, PositionsAndGames) {
     for (Long game = 0; game < Scaled(3) && !HasFailure(); ++game) CompareRandomGame(rules, 150, random, games);
     EXPECT_GT(games.Compared, 10);
     EXPECT_EQ(games.Limit, 0) << "a real game should stay far from the limits";
-}
-
-TEST_P(NamedRulesTest, Perft) {
-    Random random(144);
-    for (Long halfMoves : {0, 20, 50}) {
-        if (halfMoves > Scaled(50)) break;
-        auto position = StartPosition(RulesWith(GetParam().Changed));
-        PlayAtRandom(*position, halfMoves, random);
-        ReferenceState state = StateOf(*position);
-        ASSERT_EQ(Perft(*position, 3), ReferencePerft(state, 3)) << DescribePosition(*position);
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Games, NamedRulesTest, ::testing::ValuesIn(NamedRuleSets().begin(), NamedRuleSets().end()),

@@ -79,46 +79,23 @@ TEST(Limits, TooManyRoutes) {
     ExpectLimit(*position, GeneratorFault::Kind::Work);
 }
 
-TEST(Limits, AQuietMoveEndsTheScanBeforeTheWalk) {
-    BoardCells board = GridOfMen(6, 6);
-    board[kFirstSquare] = kMan;
-    auto position = MakePosition(RulesWith(kStraight), board);
-    EXPECT_TRUE(GenerateMoves1(*position, 1));
-    EXPECT_FALSE(position->Fault.Passed());
-}
+TEST(Limits, AFullListKeepsTheFirstMovesAndStops) {
+    auto position = MakePosition(RuleSet(), "W: Ka1");
+    GameTree& tree = position->Tree;
+    tree.Ply = 1;
+    tree.PlyFirstMove[1] = 996;
+    GenerateMoves(*position, 1); // 11 moves, 4 of them fit before the last slot
+    EXPECT_EQ(position->StopFlag, 1);
+    EXPECT_EQ(tree.NextMoveSlot, 1000);
+    EXPECT_EQ(tree.PlyFirstMove[2], 1000);
+    EXPECT_EQ(MoveTexts(*position), "a1-b2 a1-c3 a1-d4 a1-e5");
+    EXPECT_EQ(MoveText(position->Moves[1000]), "a1-lb");
 
-TEST(Limits, ThePositionIsFitForUseAfterwards) {
-    BoardCells board = GridOfMen(6, 6);
-    board[kFirstSquare] = kMan;
-    auto position = MakePosition(RulesWith(kStraight), board);
-    GenerateMoves(*position, 0);
-    ASSERT_TRUE(position->Fault.Passed());
-    position->Fault = {};
     position->StopFlag = 0;
-    position->Board = BoardOf("W: a1; B: a2 b3");
-    GenerateMoves(*position, 0);
-    EXPECT_EQ(MoveTexts(*position), "a1xc3(a2,b3)");
-    EXPECT_FALSE(position->Fault.Passed());
-}
-
-// Twenty jumps are within the limits; the fixed text of 18 pieces that older records had is not one of them.
-TEST(Limits, TwentyJumpsAreMadeAndTakenBack) {
-    BoardCells board = GridOfMen(4, 4);
-    board[kFirstSquare] = kMan;
-    auto position = MakePosition(RulesWith("PiecesOnBlack=2 | KingFirst=1 | WhiteManMovement=NW;NE W;N;E;S"), board);
-    GenerateMoves(*position, 0);
-    ASSERT_FALSE(position->Fault.Passed());
-    ASSERT_GT(MoveCount(position->Tree), 0);
-    for (Long slot = 0; slot < position->Tree.NextMoveSlot; ++slot) {
-        ASSERT_EQ(position->Moves[slot].Captures.Count, 20);
-        PerformMove(*position, slot);
-        Long men = 0;
-        for (Long cell : position->Board) men += cell == -kMan ? 1 : 0;
-        EXPECT_EQ(men, 4);
-        TakeBackMove(*position, slot);
-        EXPECT_EQ(position->Board, board);
-    }
-    EXPECT_EQ(CompareGenerators(*position, 0), Comparison::Compared);
+    tree.PlyFirstMove[1] = 989; // the 11 moves fit exactly
+    GenerateMoves(*position, 1);
+    EXPECT_EQ(position->StopFlag, 0);
+    EXPECT_EQ(MoveCount(tree), 11);
 }
 
 // Kings in all directions on crowded boards, jumped pieces passable: the case that the limits are there for.

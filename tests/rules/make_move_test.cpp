@@ -120,21 +120,6 @@ void DownAndUp(Position& position, Long depth, Random& random) {
     }
 }
 
-/// Every move to the depth told, each made and taken back.
-void MakeAll(Position& position, Long depth) {
-    GenerateMoves(position, 1);
-    Long first = position.Tree.PlyFirstMove[position.Tree.Ply];
-    Long last = position.Tree.NextMoveSlot;
-    for (Long slot = first; slot < last; ++slot) {
-        Snapshot before = SnapshotOf(position);
-        MakeAndCheck(position, slot);
-        if (depth > 1) MakeAll(position, depth - 1);
-        TakeBackMove(position, slot);
-        ExpectSame(position, before);
-        if (::testing::Test::HasFailure()) return;
-    }
-}
-
 TEST(MakeMove, RandomGamesUnderRandomRules) {
     for (Long seed = 1; seed <= Scaled(2500) && !HasFailure(); ++seed) {
         Random random(static_cast<std::uint64_t>(seed));
@@ -146,38 +131,6 @@ TEST(MakeMove, RandomGamesUnderRandomRules) {
         if (position->Fault.Passed()) continue;
         CountRoot(*position);
         DownAndUp(*position, 40, random);
-    }
-}
-
-TEST(MakeMove, LinesAsDeepAsThePliesGo) {
-    Long deepest = 0;
-    for (const NamedRules& named : NamedRuleSets()) {
-        SCOPED_TRACE(named.Name);
-        Random random(7);
-        auto position = StartPosition(RulesWith(named.Changed));
-        CountRoot(*position);
-        DownAndUp(*position, kMaxPly - 1, random);
-        for (Long i = 0; i < kMaxPly && position->Tree.PlyLastTo[i + 1] != 0; ++i) deepest = std::max(deepest, i + 1);
-        if (HasFailure()) return;
-    }
-    EXPECT_GT(deepest, 50);
-}
-
-TEST(MakeMove, EveryMoveOfSmallPositions) {
-    for (Long seed = 1; seed <= Scaled(400) && !HasFailure(); ++seed) {
-        Random random(static_cast<std::uint64_t>(seed));
-        RuleSet rules = RandomRules(random);
-        SCOPED_TRACE("seed " + std::to_string(seed) + ", " + ChangedKeys(rules));
-        auto position = MakePosition(rules, EmptyBoard());
-        PlacePiecesAtRandom(*position, random);
-        MakeAll(*position, 1);
-        // Few pieces, so that the last man of a side comes about.
-        for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-            if (IsSquare(square) && !DrawOneIn(random, 12)) position->Board[square] = kEmpty;
-        }
-        RecountPieces(*position);
-        CountRoot(*position);
-        MakeAll(*position, 2);
     }
 }
 
@@ -193,30 +146,16 @@ struct AfterRow {
 };
 
 const AfterRow kAfterRows[] = {
-    {"QuietMove", "", "W: c3; B: h8", kWhite, "c3-d4", "W: d4; B: h8", 0, 0},
-    {"CaptureOfAManAndAKing", "", "W: a1; B: b2 Kd4 h8", kWhite, "a1xe5(b2,Kd4)", "W: e5; B: h8", -300, -300},
     {"Promotion", "", "W: ga; B: h8", kWhite, "ga-fb=K", "W: Kfb; B: h8", -100, 100},
-    {"PromotionOfBlack", "", "W: h8; B: h2", kBlack, "h2-g1=K", "W: h8; B: Kg1", -100, 100},
     {"ARoundWalkLeavesThePieceWhereItWas", "", "W: e5; B: d6 d8 f8 f6 h2", kWhite, "e5xe5(d6,d8,f8,f6)", "W: e5; B: h2",
      -400, -400},
-    {"KingManAfterACapture", "KingMan=1", "W: Ka1; B: b2 l2", kWhite, "a1xc3(b2)", "W: c3; B: l2", -200, -200},
     {"KingManAfterAQuietMove", "KingMan=1", "W: Ka1; B: h8", kWhite, "a1-b2", "W: Kb2; B: h8", 0, 0},
     {"KingManAfterARoundWalk", "KingMan=1 | KingFirst=1", "W: Ke5; B: d6 d8 f8 f6 l2", kWhite, "e5xe5(d6,d8,f8,f6)",
      "W: Ke5; B: l2", -400, -400},
-    {"KingManDoesNotTouchMen", "KingMan=1", "W: a1; B: b2 h8", kWhite, "a1xc3(b2)", "W: c3; B: h8", -100, -100},
     {"ChangeSideGivesTheKingAway", "ChangeSide=1", "W: ga; B: h8", kWhite, "ga-fb=K", "W:; B: h8 Kfb", 100, 100},
-    {"ChangeSideGivesBlacksKingAway", "ChangeSide=1", "W: h8; B: h2", kBlack, "h2-g1=K", "W: Kg1 h8; B:", 100, 100},
-    {"ChangeSideAfterARoundWalk", "ChangeSide=1 | PromoW=E5", "W: e5; B: d6 d8 f8 f6 h2", kWhite,
-     "e5xe5(d6,d8,f8,f6)=K", "W:; B: h2 Ke5", -300, -300},
-    {"LastManIsCrownedByACapture", "ManKing=1", "W: a1; B: b2 h8", kWhite, "a1xc3(b2)", "W: c3; B: Kh8", 0, 0},
     {"LastManIsCrownedByAQuietMove", "ManKing=1", "W: a1; B: h8", kWhite, "a1-b2", "W: b2; B: Kh8", 100, 100},
-    {"TheMoversLastManIsNot", "ManKing=1", "W: a1; B: h8 j8", kWhite, "a1-b2", "W: b2; B: h8 j8", 0, 0},
-    {"ALastKingStaysAKing", "ManKing=1", "W: a1; B: Kh8", kWhite, "a1-b2", "W: b2; B: Kh8", 0, 0},
     {"Placement", "canContract=1 | ContractNumber=3 | ContractW1=2 | ContractW2=2", "W:; B: h8", kWhite, "@c1",
      "W: c1; B: h8", 0, 0},
-    {"PlacementOfBlack", "canContract=1 | ContractNumber=3 | ContractB1=13 | ContractB2=13", "W: h8; B:", kBlack, "@bb",
-     "W: h8; B: bb", 0, 0},
-    {"ALeapOverFriends", "JumpFriend=1 | NumberFriends=2", "W: a1 b2 c3", kWhite, "a1-d4", "W: b2 c3 d4; B:", 0, 0},
 };
 
 class AfterMoveRows : public ::testing::TestWithParam<AfterRow> {};
@@ -262,23 +201,6 @@ TEST(MakeMove, AtTheEndOfAFullGame) {
     CountRoot(*position);
     DownAndUp(*position, kMaxPly - 1, random);
     EXPECT_EQ(position->Tree.TreeIndex, kMaxHalfMoves);
-}
-
-TEST(InitGameTree, TakesTheBalanceOfTheMoveMade) {
-    auto position = MakePosition(RuleSet(), "W: a1; B: b2 h8");
-    position->Tree.PlyValue[0] = -100;
-    position->Tree.PlyMaterial[0] = 300;
-    InitGameTree(*position);
-    EXPECT_EQ(position->Tree.PlyValue[0], -100) << "at the root nothing changes";
-    GenerateMoves(*position, 0);
-    PerformMove(*position, 0);
-    InitGameTree(*position);
-    EXPECT_EQ(position->Tree.Ply, 0);
-    EXPECT_EQ(position->Tree.TreeIndex, 1);
-    EXPECT_EQ(position->Tree.PlyValue[0], 0);
-    EXPECT_EQ(position->Tree.PlyMaterial[0], 200);
-    EXPECT_EQ(position->Tree.TreeTo[1], SquareOf("c3"));
-    EXPECT_EQ(position->Tree.SideToMove, kBlack);
 }
 
 } // namespace

@@ -83,12 +83,6 @@ TEST(Notation, RoundTripOverThePlayingSquares) {
     }
 }
 
-// The rank is read in either case, the column letter in capitals only: the callers see to it.
-TEST(SquareNumber, CaseOfLetters) {
-    EXPECT_EQ(SquareNumber("AA", kAlgebraic, 1), SquareNumber("Aa", kAlgebraic, 1));
-    EXPECT_EQ(SquareNumber("a1", kAlgebraic, 1), 0);
-}
-
 } // namespace
 
 } // namespace tavlon12

@@ -1,7 +1,6 @@
 #include "session/game_end.h"
 #include "session/human_move.h"
 #include "session/input_move.h"
-#include "session/navigation.h"
 #include "support/game_setup.h"
 
 #include <gtest/gtest.h>
@@ -172,26 +171,6 @@ TEST(MoveLimit, ComesAtTheLimitOfItsCode) {
     }
 }
 
-TEST(MoveLimit, StartsAnewAtACaptureAndAtAPromotion) {
-    for (bool capture : {true, false}) {
-        SessionFixture fixture;
-        Session& game = fixture.Game;
-        StartGame(fixture, "", kMany);
-        game.Settings.MoveLimitCode = 2; // 32 half-moves
-        PretendQuietHalfMoves(game, 60);
-        if (capture)
-            game.Record.MoveHistory[29].Captures.Add(74, kMan);
-        else
-            game.Record.MoveHistory[29].Promotes = 2;
-        // Half-move 29 has the index 28.
-        EXPECT_FALSE(CheckMoveLimit(game, 59));
-        EXPECT_TRUE(CheckMoveLimit(game, 60));
-        EXPECT_FALSE(CheckMoveLimit(game, 27));
-        UpdateDrawStatus(game);
-        EXPECT_EQ(game.DrawReason, 0);
-    }
-}
-
 TEST(DrawStatus, ADrawRuleThatIsOffStillMakesAGameWithoutMovesADraw) {
     SessionFixture fixture;
     Session& game = fixture.Game;
@@ -202,99 +181,6 @@ TEST(DrawStatus, ADrawRuleThatIsOffStillMakesAGameWithoutMovesADraw) {
     PlayAll(game, "e3f4");
     EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"It's a draw! 50 Moves Rule"});
     EXPECT_EQ(game.ResultText, "1/2-1/2");
-}
-
-TEST(DrawStatus, TheCountOfKingsKeepsItsStartWhileTheRuleIsOff) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    StartGame(fixture, "LongKings=0", "W: Ka1 Kh2; B: Kbb");
-    game.TwoKingsFrom = 7;
-    PretendQuietHalfMoves(game, 20);
-    UpdateDrawStatus(game);
-    EXPECT_EQ(game.TwoKingsFrom, 7);
-    fixture.Pos->Board[support::SquareOf("c1")] = kMan;
-    UpdateDrawStatus(game);
-    EXPECT_EQ(game.TwoKingsFrom, 0);
-}
-
-TEST(Resigning, EndsTheGameWithoutAResultWhileBothSidesCanMove) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    StartGame(fixture, "", "W: c3; B: h8");
-    Resign(game);
-    EXPECT_TRUE(game.GameOver);
-    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"OK... Computer wins!"});
-    EXPECT_EQ(fixture.Screen.Status[1], "Computer wins!");
-    EXPECT_EQ(game.ResultText, "");
-    EXPECT_FALSE(fixture.Screen.Enabled.at(Command::Resign));
-}
-
-struct OfferCase {
-    bool GameTouched;
-    Long LastScore;
-    bool Accepted;
-};
-
-TEST(DrawOffer, IsAcceptedByAComputerThatIsNotAhead) {
-    for (const OfferCase& test : {OfferCase{false, 0, false}, OfferCase{true, 0, true}, OfferCase{true, -250, true},
-                                  OfferCase{true, 1, false}}) {
-        SessionFixture fixture;
-        Session& game = fixture.Game;
-        StartGame(fixture, "", "W: c3; B: h8");
-        game.GameTouched = test.GameTouched;
-        game.LastScore = test.LastScore;
-        OfferDraw(game);
-        EXPECT_EQ(game.GameOver, test.Accepted);
-        EXPECT_EQ(game.ResultText, test.Accepted ? "1/2-1/2" : "");
-        const RecordedMessage expected =
-            test.Accepted ? RecordedMessage{"OK... It's a draw!", "Congratulations", MessageKind::Exclamation}
-                          : RecordedMessage{"Offer rejected... Play on!", "Draw Offer", MessageKind::Exclamation};
-        EXPECT_EQ(fixture.Screen.Messages, std::vector{expected});
-    }
-}
-
-TEST(Winner, IsTheUserByColourAndName) {
-    for (Long begins : {kWhite, kBlack}) {
-        SessionFixture fixture;
-        Session& game = fixture.Game;
-        StartGame(fixture, "", "W: c3; B: h8", begins);
-        game.BlackPlayerName = "Player";
-        game.WhitePlayerName = "Computer";
-        EXPECT_TRUE(WinnerIsUser(game, begins));
-        EXPECT_FALSE(WinnerIsUser(game, -begins));
-        SwapPlayerNames(game);
-        EXPECT_FALSE(WinnerIsUser(game, begins));
-        EXPECT_TRUE(WinnerIsUser(game, -begins));
-    }
-}
-
-TEST(EndOfGameOnTheScreen, NothingCanBeginWhileTheLastMoveIsSeen) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    game.PlayMode = kPlayerPlayer;
-    StartGame(fixture, "", "W: c3; B: d4");
-    bool seen = false;
-    fixture.Screen.OnWait = [&] {
-        seen = true;
-        EXPECT_TRUE(game.Busy);
-        EXPECT_FALSE(fixture.Screen.ControlEnabled.at(Control::mnuGame));
-        EXPECT_FALSE(fixture.Screen.ControlEnabled.at(Control::Toolbar1));
-    };
-    PlayAll(game, "c3e5");
-    EXPECT_TRUE(seen);
-    EXPECT_FALSE(game.Busy);
-    EXPECT_TRUE(fixture.Screen.ControlEnabled.at(Control::mnuGame));
-}
-
-TEST(EndOfGameOnTheScreen, ClosingTheProgramMeanwhileShowsNothingMore) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    game.PlayMode = kPlayerPlayer;
-    StartGame(fixture, "", "W: c3; B: d4");
-    fixture.Screen.OnWait = [&] { game.Quitting = true; };
-    PlayAll(game, "c3e5");
-    EXPECT_TRUE(fixture.Screen.Messages.empty());
-    EXPECT_EQ(game.Record.LastMoveIndex, 1);
 }
 
 } // namespace

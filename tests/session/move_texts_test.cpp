@@ -1,7 +1,5 @@
 #include "session/move_texts.h"
 
-#include "rules/generate_moves.h"
-#include "rules/make_move.h"
 #include "session/input_move.h"
 #include "session/reset_game.h"
 #include "support/session_play.h"
@@ -50,16 +48,6 @@ TEST(GameLine, AlignsThePairNumbers) {
     const std::pair<Long, std::string> rows[] = {{1, "   1. c3-d4"},  {2, "      c3-d4"},   {3, "   2. c3-d4"},
                                                  {19, "  10. c3-d4"}, {999, " 500. c3-d4"}, {1000, "      c3-d4"}};
     for (const auto& [halfMove, line] : rows) EXPECT_EQ(GameLine(halfMove, "c3-d4"), line);
-}
-
-TEST(RefreshLegalMoves, ListsTheMovesInTheirOrder) {
-    SessionFixture fixture;
-    ASSERT_TRUE(ResetGame(fixture.Game));
-    const std::vector<std::string> expected = {"a5-b6", "c5-b6", "c5-d6", "e5-d6", "e5-f6", "g5-f6",
-                                               "g5-h6", "i5-h6", "i5-j6", "k5-j6", "k5-l6"};
-    EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines, expected);
-    StartFrom(fixture.Game, {{"C3"}, {}, {"D4", "K0"}, {}});
-    EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines, std::vector<std::string>{"c3xe5"});
 }
 
 TEST(ShowCandidates, WritesOneLineForEachFilledRow) {
@@ -121,38 +109,6 @@ TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
     }
 }
 
-TEST(InputMove, TakesTheTextOfEveryLegalMoveInEveryNotation) {
-    for (const RulesRow& row : VariedRules()) {
-        SCOPED_TRACE(row.Name);
-        std::mt19937 random(8);
-        SessionFixture fixture;
-        Session& game = fixture.Game;
-        game.PlayMode = kPlayerPlayer;
-        UseRules(game.Pos, row);
-        for (int round = 0; round < 20; ++round) {
-            StartFromRandom(game, random, 14);
-            game.Settings.Notation = static_cast<Byte>(round % 3);
-            const BoardCells start = game.Pos.Board;
-            const Long count = GenerateLegalMoves(game.Pos);
-            for (Long slot = 0; slot < count; ++slot) {
-                GenerateLegalMoves(game.Pos);
-                const MoveRecord wanted = game.Pos.Moves[slot];
-                DisplayMove(game, slot);
-                const std::string text = UpperCase(game.MoveText.MoveTextKey);
-                ASSERT_TRUE(InputMove(game, text)) << text;
-                const MoveRecord& made = game.Pos.Moves[game.LastMoveSlot];
-                EXPECT_EQ(made.From, wanted.From) << text;
-                EXPECT_EQ(made.To, wanted.To) << text;
-                EXPECT_LE(game.LastMoveSlot, slot) << "of two routes the first";
-                EXPECT_EQ(game.LastMoveCaptured, made.IsCapture());
-                EXPECT_EQ(game.LastMovePromoted, made.Promotes == 2);
-                TakeBackMove(game.Pos, game.LastMoveSlot);
-                ASSERT_EQ(game.Pos.Board, start) << text;
-            }
-        }
-    }
-}
-
 TEST(InputMove, RefusesWhatIsNoLegalMove) {
     SessionFixture fixture;
     Session& game = fixture.Game;
@@ -165,46 +121,6 @@ TEST(InputMove, RefusesWhatIsNoLegalMove) {
         EXPECT_EQ(game.Pos.Tree.Ply, 0);
     }
     EXPECT_TRUE(InputMove(game, "A5B6 and more"));
-}
-
-TEST(InputMove, HoldsThePersonToTheTouchedPiece) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    ASSERT_TRUE(ResetGame(game));
-    game.Settings.TouchMove = 1;
-    game.TouchedCell = SquareOfText(game, "C5");
-    game.Pos.Tree.NextMoveSlot = 777;
-    EXPECT_FALSE(InputMove(game, "A5B6"));
-    EXPECT_EQ(game.Pos.Tree.NextMoveSlot, 777) << "refused before anything is generated";
-    EXPECT_TRUE(InputMove(game, "C5B6"));
-    EXPECT_EQ(game.TouchedCell, 0);
-
-    ASSERT_TRUE(ResetGame(game));
-    game.Settings.TouchMove = 0;
-    game.TouchedCell = SquareOfText(game, "C5");
-    EXPECT_TRUE(InputMove(game, "A5B6"));
-}
-
-TEST(InputMove, APlacementMatchesByItsSquareAndHidesNoOtherMove) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    UseRules(game.Pos, {"in hand",
-                        {{"canContract", "1"},
-                         {"ContractNumber", "2"},
-                         {"ContractW1", "2"},
-                         {"ContractW2", "4"},
-                         {"ContractB1", "13"},
-                         {"ContractB2", "11"}}});
-    auto start = [&] { StartFrom(game, {{}, {"D2"}, {}, {"KB"}}); };
-    start();
-    ASSERT_TRUE(InputMove(game, "C1"));
-    EXPECT_EQ(game.Pos.Moves[game.LastMoveSlot].From, kOffBoard);
-    start();
-    ASSERT_TRUE(InputMove(game, "A9G1"));
-    EXPECT_EQ(game.Pos.Moves[game.LastMoveSlot].From, kOffBoard);
-    start();
-    ASSERT_TRUE(InputMove(game, "D2C1"));
-    EXPECT_EQ(game.Pos.Moves[game.LastMoveSlot].From, SquareOfText(game, "D2"));
 }
 
 TEST(InputMove, ANewMoveIsJudgedAtTheRoot) {

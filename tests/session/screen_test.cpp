@@ -1,8 +1,6 @@
 #include "session/screen.h"
 
-#include "rules/generate_moves.h"
-#include "session/reset_game.h"
-#include "support/session_play.h"
+#include "support/session_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -27,57 +25,6 @@ TEST(Views, CoverTheBoardOnceInBothDirections) {
     EXPECT_EQ(CellOfView(11, 1), 29);
 }
 
-TEST(DrawBoard, CountsThePieces) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    struct Row {
-        PlacedPieces Pieces;
-        Long SideToMove; ///< the one that begins
-        const char* Label5;
-        const char* Label6;
-        bool EqualKings;
-    };
-    const Row rows[] = {
-        {{{"A1", "C1"}, {"E1"}, {"K0"}, {}}, kWhite, "4", "1", false},
-        {{{"A1", "C1"}, {"E1"}, {"K0"}, {}}, kBlack, "1", "4", false},
-        {{{}, {"E1"}, {}, {"K9"}}, kWhite, "2", "2", true},
-        {{{"A1", "C1"}, {}, {}, {"K9"}}, kWhite, "2", "2", false},
-    };
-    for (const Row& row : rows) {
-        StartFrom(game, row.Pieces, row.SideToMove);
-        EXPECT_EQ(fixture.Screen.Texts[Control::Label5], row.Label5);
-        EXPECT_EQ(fixture.Screen.Texts[Control::Label6], row.Label6);
-        EXPECT_EQ(game.EqualKingsOnly, row.EqualKings);
-        EXPECT_EQ(fixture.Screen.Texts[Control::Label3], row.SideToMove == kBlack ? "Black" : "White");
-        EXPECT_EQ(fixture.Screen.Texts[Control::Label4], row.SideToMove == kBlack ? "White" : "Black");
-    }
-    EXPECT_FALSE(fixture.Screen.Texts.contains(Control::Label12));
-    game.Pos.Rules.canContract = 1;
-    game.Pos.Tree.WhiteOffBoard = 3;
-    game.Pos.Tree.BlackOffBoard = 2;
-    DrawBoard(game, 1);
-    EXPECT_EQ(fixture.Screen.Texts[Control::Label12], "2");
-    EXPECT_EQ(fixture.Screen.Texts[Control::Label14], "3");
-    EXPECT_EQ(fixture.Screen.BoardCalls.back(), "paint 1");
-}
-
-TEST(UpdatePlayerLabels, MarksThePlayerToMove) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    game.BlackPlayerName = "Ann";
-    game.WhitePlayerName = "Bob";
-    for (bool blackStarts : {false, true}) {
-        for (bool first : {true, false}) {
-            game.Pos.Rules.BlackStarts = blackStarts;
-            game.Pos.Tree.SideToMove = blackStarts == first ? kBlack : kWhite;
-            UpdatePlayerLabels(game);
-            EXPECT_EQ(fixture.Screen.Label1ToMove, first);
-            EXPECT_EQ(fixture.Screen.Texts[Control::Label1], "Ann");
-            EXPECT_EQ(fixture.Screen.Texts[Control::Label2], "Bob");
-        }
-    }
-}
-
 TEST(UpdatePlayerLabels, LeavesAnnouncementsReadable) {
     SessionFixture fixture;
     const std::pair<const char*, const char*> rows[] = {
@@ -95,18 +42,6 @@ TEST(UpdatePlayerLabels, LeavesAnnouncementsReadable) {
     }
 }
 
-TEST(RedrawFromSquares, DrawsTheSquaresOfTheMovesAlone) {
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    game.Settings.BoardTurned = 0;
-    StartFrom(game, {{"C3", "K1"}, {}, {"K0"}, {}});
-    fixture.Screen.BoardCalls.clear();
-    RedrawFromSquares(game);
-    std::set<std::string> drawn(fixture.Screen.BoardCalls.begin(), fixture.Screen.BoardCalls.end());
-    EXPECT_EQ(drawn, (std::set<std::string>{"square " + std::to_string(9 * 12 + 2),
-                                            "square " + std::to_string(11 * 12 + 10)}));
-}
-
 TEST(ShownVariantName, MarksModifiedRules) {
     auto name = [&](auto change) {
         auto changed = std::make_unique<Position>();
@@ -119,8 +54,6 @@ TEST(ShownVariantName, MarksModifiedRules) {
     EXPECT_EQ(name([](Position& p) { p.Rules.MulJumps = 0; }), marked);
     EXPECT_EQ(name([](Position& p) { p.DefinedRules.ContractB2 = 5; }), marked);
     EXPECT_EQ(name([](Position& p) { p.Rules.BlackStarts = 1; }), marked);
-    EXPECT_EQ(name([](Position& p) { p.Rules.PromoB[19] = 41; }), marked);
-    EXPECT_EQ(name([](Position& p) { p.Rules.BlackKingMovement = "NW NW"; }), marked);
     EXPECT_EQ(name([](Position& p) { p.Rules.NumberFriends = -1; }), plain);
     EXPECT_EQ(name([](Position& p) { p.Rules.Setup = "1"; }), plain);
     EXPECT_EQ(name([](Position& p) { p.CustomSetup = true; }), marked);
@@ -138,7 +71,6 @@ TEST(ShownVariantName, MarksModifiedRules) {
                   p.Rules.MulJumps = 0;
               }),
               "Go 12x12 (M)");
-    EXPECT_EQ(name([](Position& p) { p.VariantName = "12x12"; }), "12x12");
 }
 
 TEST(ShowStrengthLine, TellsTheLimit) {
@@ -150,15 +82,6 @@ TEST(ShowStrengthLine, TellsTheLimit) {
     EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 1   Depth: 20 ply");
 }
 
-TEST(Messages, AreSilentWhenTheUserHasClosedTheProgram) {
-    SessionFixture fixture;
-    fixture.Game.Quitting = true;
-    ShowMessage(fixture.Game, "text", "title", MessageKind::Plain);
-    WaitSeconds(fixture.Game, 0.5);
-    EXPECT_TRUE(fixture.Screen.Messages.empty());
-    EXPECT_EQ(fixture.Screen.Waited, 0.0);
-}
-
 TEST(EndOnGeneratorFault, ShowsTheLimitAndEndsTheProgram) {
     const std::string text = "X= 20   K= 7\n\nFatal Error! Tavlon12 will exit.\n";
     const std::string advice = "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";
@@ -168,7 +91,7 @@ TEST(EndOnGeneratorFault, ShowsTheLimitAndEndsTheProgram) {
         EXPECT_FALSE(EndOnGeneratorFault(game));
         EXPECT_EQ(fixture.Screen.Ended, 0);
         game.Pos.Rules.RemovePieces = removePieces;
-        game.Pos.Fault = {GeneratorFault::Kind::Jumps, 20, 7};
+        game.Pos.Fault = {GeneratorFault::Kind::Jumps, false, 20, 7};
         EXPECT_TRUE(EndOnGeneratorFault(game));
         EXPECT_TRUE(EndOnGeneratorFault(game)) << "told once, true always";
         ASSERT_EQ(fixture.Screen.Messages.size(), 1u);
@@ -178,27 +101,6 @@ TEST(EndOnGeneratorFault, ShowsTheLimitAndEndsTheProgram) {
         EXPECT_TRUE(game.Quitting);
         EXPECT_EQ(game.Settings.AskExit, 0);
     }
-}
-
-TEST(EndOnGeneratorFault, AGeneratorThatPassesItsLimitEndsTheGameWithItsMessage) {
-    // Kings with jumped pieces passable: the number of routes passes every limit.
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    UseRules(game.Pos, {"endless", {{"RemovePieces", "0"}, {"CapReverse", "1"}, {"MaxCapMove", "0"}}});
-    game.Pos.Board = EmptyBoard();
-    game.Pos.Board[29] = kKing;
-    for (Long row = 3; row <= 12; row += 2) {
-        for (Long column = 2; column <= 11; column += 2)
-            game.Pos.Board[row * kBoardWidth + column + (row % 2 == 0)] = -kMan;
-    }
-    game.Pos.Tree.SideToMove = kWhite;
-    const BoardCells before = game.Pos.Board;
-    AdoptBoard(game.Pos);
-    game.Pos.CustomSetup = true;
-    EXPECT_FALSE(ResetGame(game));
-    EXPECT_EQ(fixture.Screen.Messages.size(), 1u);
-    EXPECT_EQ(fixture.Screen.Ended, 1);
-    EXPECT_EQ(game.Pos.Board, before);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "rules/generate_moves.h"
 #include "rules/make_move.h"
 #include "rules/rule_keys.h"
+#include "support/reference_generator.h"
 
 #include <algorithm>
 #include <ostream>
@@ -158,20 +159,7 @@ void SetLastMove(Position& position, std::string_view square) {
 }
 
 std::string MoveText(const MoveRecord& move) {
-    std::string text;
-    if (move.From == kOffBoard) {
-        text.append("@").append(NameOf(move.To));
-    } else {
-        text.append(NameOf(move.From)).append(move.IsCapture() ? "x" : "-").append(NameOf(move.To));
-    }
-    if (move.IsCapture()) {
-        for (Long i = 0; i < move.Captures.Count; ++i) {
-            text.append(i == 0 ? "(" : ",").append(move.Captures.MagnitudeAt(i) == kKing ? "K" : "");
-            text.append(NameOf(move.Captures.Squares[static_cast<std::size_t>(i)]));
-        }
-        text.append(")");
-    }
-    return text.append(move.Promotes != 0 ? "=K" : "");
+    return MoveText(AsReference(move));
 }
 
 std::string MoveTexts(const Position& position) {
@@ -217,28 +205,18 @@ std::span<const NamedRules> NamedRuleSets() {
             "BlackKingMovement=NW;NE;SE;SW NW;NE;SE;SW;WW;NN;EE;SS | ";
         std::vector<std::pair<std::string, std::string>> rows = {
             {"Canadian", "MaxCapMove=1"},
-            {"Sri Lankan", lightSquares + "MaxCapMove=1"},
             {"Russian", "MaxCapMove=0 | ManContJumpCrowned=1"},
+            {"Makhos", forwardMen + "MaxCapMove=0 | MaxCapMoveK=0 | ManContJump=0 | KingFirst=1 | CapReverse=1 | "
+                                    "RemovePieces=0"},
             {"Pool", "MaxCapMove=0 | BlackStarts=1"},
             {"Spanish", lightSquares + forwardMen + "MaxCapMoveKings=1 | ManContJump=0"},
             {"Malaysian", forwardMen + "ManContJump=0"},
             {"Czech", forwardMen + "MaxCapMove=0 | KingCapMove=1 | ManContJump=0"},
-            {"Makhos", forwardMen + "MaxCapMove=0 | MaxCapMoveK=0 | ManContJump=0 | KingFirst=1 | CapReverse=1 | "
-                                    "RemovePieces=0"},
-            {"Argentinian", lightSquares + forwardMen + "MaxCapMoveKings=1 | ManContJump=0 | KingFirst=1"},
-            {"Scherer's German",
-             forwardMen + "MulJumps=0 | MaxCapMove=0 | MaxCapMoveK=0 | ManContJump=0 | KingFirst=1"},
             {"American", shortKings + forwardMen + "BlackStarts=1"},
-            {"Casual", shortKings + forwardMen + "CapRequired=0 | BlackStarts=1"},
             {"Italian", lightSquares + forwardMen +
                             "MaxCapMoveKings=1 | KingCapMove=1 | ManCapKing=0 | ManContJump=0 | "
                             "LongKings=0 | RemovePieces=0"},
-            {"Pleasant", forwardMen + "MulJumps=0 | MaxCapMove=0 | CapRequired=0 | ManContJump=0 | LongKings=0"},
             {"Frisian", frisian + "MaxCapMoveKings=1"},
-            {"Gothic", wholeRows + block(0, 3) +
-                           " | LongKings=0 | WhiteManMovement=NW;NE NW;NE;W;N;E | BlackManMovement=NW;NE NW;NE;W;N;E | "
-                           "WhiteKingMovement=NW;NE;SE;SW;W;N;E;S NW;NE;SE;SW;W;N;E;S | "
-                           "BlackKingMovement=NW;NE;SE;SW;W;N;E;S NW;NE;SE;SW;W;N;E;S"},
             {"Turkish", wholeRows + straight + block(1, 3) + " | RemovePieces=0"},
             {"Keny", wholeRows + straight + block(1, 3) + " | MaxCapMove=0 | JumpFriend=1 | NumberFriends=1"},
             {"Dameo", wholeRows + straight + block(0, 3) +
@@ -258,7 +236,6 @@ std::span<const NamedRules> NamedRuleSets() {
             {"Hot Pursuit", "MaxCapMove=0 | CapRequired=0 | LastCap=1"},
             {"Blood Feud", "MaxCapMove=0 | LastCap=1 | ManContJumpCrowned=1"},
             {"Lancers", "ManCapMoveKing=1"},
-            {"Double Vault", wholeRows + straight + block(0, 3) + " | RemovePieces=0 | JumpFriend=1 | NumberFriends=2"},
             {"Sentries", shortKings + forwardMen +
                              "canContract=1 | ContractNumber=12 | ContractW1=2 | ContractW2=4 | ContractB1=13 | "
                              "ContractB2=11"},

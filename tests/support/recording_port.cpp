@@ -30,15 +30,6 @@ void FillLists(UiPort& port, RecordingPort& screen) {
     port.FocusList = [&](ListId list) { screen.LastFocus = static_cast<int>(list); };
 }
 
-void FillBoard(UiPort& port, RecordingPort& screen) {
-    port.LayoutWindow = [&] { screen.BoardCalls.push_back("layout"); };
-    port.LoadSkin = [&] { screen.BoardCalls.push_back("skin"); };
-    port.PaintBoard = [&](int overlay) { screen.BoardCalls.push_back("paint " + std::to_string(overlay)); };
-    port.ShowSquare = [&](Long view) { screen.BoardCalls.push_back("square " + std::to_string(view)); };
-    port.DrawHighlightBox = [&](Long view) { screen.BoardCalls.push_back("box " + std::to_string(view)); };
-    port.MarkPlayerToMove = [&](bool label1) { screen.Label1ToMove = label1; };
-}
-
 void FillTexts(UiPort& port, RecordingPort& screen) {
     port.SetStatusText = [&](int panel, const std::string& text) {
         screen.Status.at(static_cast<std::size_t>(panel)) = text;
@@ -56,7 +47,6 @@ void FillTexts(UiPort& port, RecordingPort& screen) {
         screen.Answers.pop_front();
         return answer;
     };
-    port.SetWindowTitle = [&](const std::string& title) { screen.WindowTitle = title; };
     port.SetProgress = [&](Long value) { screen.Progress = value; };
     port.SetProgressRange = [&](Long minimum, Long maximum) {
         screen.ProgressMinimum = minimum;
@@ -75,17 +65,14 @@ UiPort RecordingPort::Port() {
     UiPort port;
     FillTexts(port, *this);
     FillLists(port, *this);
-    FillBoard(port, *this);
     port.SetControlEnabled = [this](Control control, bool on) { ControlEnabled[control] = on; };
     port.SetCommandEnabled = [this](Command command, bool on) { Enabled[command] = on; };
-    port.SetCommandChecked = [this](Command command, bool on) { Checked[command] = on; };
+    port.MarkPlayerToMove = [this](bool label1) { Label1ToMove = label1; };
     port.PlaySound = [this](const std::filesystem::path& file) { Sounds.push_back(file); };
-    port.OpenDocument = [this](const std::string& address) { Documents.push_back(address); };
     port.Clock = [this] { return Now += TickPerReading; };
     port.Wait = [this](double seconds) {
         Waited += seconds;
         Now += seconds;
-        OnWait();
     };
     port.Yield = [this] { OnYield(); };
     port.EndProgram = [this] { ++Ended; };

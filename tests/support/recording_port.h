@@ -51,17 +51,13 @@ struct RecordingPort {
     std::map<Control, std::string> Texts;
     std::map<Control, bool> ControlEnabled;
     std::map<Command, bool> Enabled;
-    std::map<Command, bool> Checked;
-    std::string WindowTitle;
     std::string SearchLine;
     std::string StrengthLine;
     Long Progress = 0;
     Long ProgressMinimum = 0;
     Long ProgressMaximum = 100;
     std::vector<std::filesystem::path> Sounds;
-    std::vector<std::string> Documents;
-    std::vector<std::string> BoardCalls; ///< "layout", "skin", "paint 0", "square 17", "box 17", in order
-    int LastFocus = -1;                  ///< the list that has been given the focus, as a number
+    int LastFocus = -1; ///< the list that has been given the focus, as a number
     bool Label1ToMove = false;
     int Ended = 0; ///< how often the end of the program was asked for
 
@@ -69,7 +65,6 @@ struct RecordingPort {
     double TickPerReading = 0.0; ///< added to the clock at each reading
     double Waited = 0.0;
     std::function<void()> OnYield = [] {};
-    std::function<void()> OnWait = [] {};
     std::function<void(const RecordedMessage&)> OnMessage = [](const RecordedMessage&) {};
 
     RecordedList& List(ListId list) { return Lists[static_cast<std::size_t>(list)]; }

@@ -26,61 +26,40 @@ private slots:
     }
 
     void RefusedMoves_data() {
-        QTest::addColumn<QString>("rules");
+        struct Row {
+            const char *Name, *Placement, *From, *To, *Message;
+        };
+        const char* quiet = "W: c3 d4 g3; B: c9 f8";
+        const char* oneJump = "W: c3 g3; B: d4 j8";
+        const Row rows[] = {
+            {"the opponent's piece", quiet, "c9", "d8", "White moves"},
+            {"a piece that is shut in", "W: c3 b4 d4 a5 c5 e5; B: j8", "c3", "b4", "You cannot move that piece"},
+            {"a piece beside a capture", oneJump, "g3", "h4", "You cannot move that piece"},
+            {"too far", quiet, "c3", "c5", "Illegal move"},
+            {"backwards", quiet, "c3", "b2", "Illegal move"},
+            {"onto a piece", quiet, "c3", "d4", "Illegal move: that square is not empty"},
+            {"a step instead of a jump", oneJump, "c3", "b4", "Illegal move: you need to jump"},
+            {"the shorter capture", "W: e3; B: f4 d4 d6 j8", "e3", "g5", "Illegal move: you cannot jump that way"},
+            {"off the board", "W: a3 g3; B: c9", "a3", "", ""},
+            {"onto a light square", quiet, "c3", "c4", ""},
+        };
         QTest::addColumn<QString>("placement");
         QTest::addColumn<QString>("from");
         QTest::addColumn<QString>("to");
         QTest::addColumn<QString>("message");
-        const char* quiet = "W: c3 d4 g3; B: c9 f8";
-        const char* oneJump = "W: c3 g3; B: d4 j8";
-        const char* jumps = "W: e3; B: f4 d4 d6 j8";
-        QTest::newRow("the opponent's piece") << "" << quiet << "c9"
-                                              << "d8"
-                                              << "White moves";
-        QTest::newRow("a piece that is shut in") << ""
-                                                 << "W: c3 b4 d4 a5 c5 e5; B: j8"
-                                                 << "c3"
-                                                 << "b4"
-                                                 << "You cannot move that piece";
-        QTest::newRow("a piece beside a capture") << "" << oneJump << "g3"
-                                                  << "h4"
-                                                  << "You cannot move that piece";
-        QTest::newRow("too far") << "" << quiet << "c3"
-                                 << "c5"
-                                 << "Illegal move";
-        QTest::newRow("backwards") << "" << quiet << "c3"
-                                   << "b2"
-                                   << "Illegal move";
-        QTest::newRow("onto a piece") << "" << quiet << "c3"
-                                      << "d4"
-                                      << "Illegal move: that square is not empty";
-        QTest::newRow("a step instead of a jump") << "" << oneJump << "c3"
-                                                  << "b4"
-                                                  << "Illegal move: you need to jump";
-        QTest::newRow("the shorter capture") << "" << jumps << "e3"
-                                             << "g5"
-                                             << "Illegal move: you cannot jump that way";
-        QTest::newRow("off the board") << ""
-                                       << "W: a3 g3; B: c9"
-                                       << "a3"
-                                       << ""
-                                       << "";
-        QTest::newRow("onto a light square") << "" << quiet << "c3"
-                                             << "c4"
-                                             << "";
-        QTest::newRow("back onto its own") << "" << quiet << "c3"
-                                           << "c3"
-                                           << "";
+        for (const Row& row : rows) {
+            QTest::newRow(row.Name) << QString(row.Placement) << QString(row.From) << QString(row.To)
+                                    << QString(row.Message);
+        }
     }
 
     void RefusedMoves() {
-        QFETCH(QString, rules);
         QFETCH(QString, placement);
         QFETCH(QString, from);
         QFETCH(QString, to);
         QFETCH(QString, message);
         GameWindow game;
-        game.Place(rules.toStdString(), placement.toStdString());
+        game.Place("", placement.toStdString());
         BoardCells before = game.Pos->Board;
         std::string legal = game.Lines(*game.Window->List2);
         std::string square = from.toStdString();
@@ -100,35 +79,6 @@ private slots:
         QCOMPARE(game.Game.Input.DragSource, -1);
         QVERIFY(!game.Window->Board->ShowsEmptySquare(game.ViewOf(square)));
         QCOMPARE(game.Window->Board->cursor().shape(), Qt::ArrowCursor);
-    }
-
-    void TheCarriedPieceIsUnderTheCursor() {
-        GameWindow game;
-        game.Place("", "W: c3 Kg3; B: d8");
-        const std::pair<const char*, Long> pieces[] = {{"c3", kMan}, {"g3", kKing}};
-        for (auto [square, value] : pieces) {
-            game.PressOn(square);
-            QVERIFY(game.Window->Board->ShowsEmptySquare(game.ViewOf(square)));
-            QCOMPARE(game.Pos->Board[static_cast<std::size_t>(SquareOf(square))], value);
-            QImage cursor = game.Window->Board->cursor().pixmap().toImage();
-            QCOMPARE(cursor, PiecePixmap(game.Window->Board->Pictures, value, 38, 1).toImage());
-            game.Release();
-            QVERIFY(!game.Window->Board->ShowsEmptySquare(game.ViewOf(square)));
-        }
-        QVERIFY(game.Boxes.Seen.empty());
-    }
-
-    void ARepeatedPressDoesNotTakeTheLastDrop() {
-        GameWindow game;
-        game.Place("", "W: a3 g3; B: d8");
-        // Up and to the side off the board, then the other man is only pressed.
-        game.PressOn("a3");
-        game.MoveMouse(game.PointOf("a3") + QPoint(38, 38));
-        game.Release();
-        game.PressOn("g3");
-        game.Release();
-        QCOMPARE(game.Window->List1->count(), 0);
-        QCOMPARE(game.Cell("g3"), kMan);
     }
 
     void CaptureOfSeveralJumpsIsOneDrag() {
@@ -199,41 +149,6 @@ private slots:
         QCOMPARE(boxes(), "");
     }
 
-    void BoxesComeAnewWhenTheMouseReturns() {
-        GameWindow game;
-        game.MoveMouse("c3");
-        QVERIFY(game.Game.Input.MovablesBoxed);
-        game.MoveMouse(QPoint(520, 640));
-        QVERIFY(!game.Game.Input.MovablesBoxed);
-        game.MoveMouse("c3");
-        QVERIFY(game.Game.Input.MovablesBoxed);
-        game.MoveMouse(game.PointOf(*game.Window->List2, QPoint(10, 300)));
-        QVERIFY(!game.Game.Input.MovablesBoxed);
-    }
-
-    void AnEmptySquareShowsTheNumbers() {
-        GameWindow game;
-        QImage plain = game.Window->Board->grab().toImage();
-        game.PressOn("d6");
-        QVERIFY(game.Game.Input.NumbersShown);
-        QVERIFY(game.Window->Board->grab().toImage() != plain);
-        game.Release();
-        QVERIFY(!game.Game.Input.NumbersShown);
-        QCOMPARE(game.Window->Board->grab().toImage(), plain);
-    }
-
-    void ARightPressEndsInsideWithoutAMove() {
-        GameWindow game;
-        game.Game.Settings.ShowAvailableMoves = 0;
-        game.MoveMouse("c5");
-        game.Press(Qt::RightButton);
-        QCOMPARE(game.Game.Input.RightPressed, game.ViewOf("c5"));
-        game.Release(Qt::RightButton);
-        QCOMPARE(game.Game.Input.RightPressed, -1);
-        game.Drag("c5", "d6");
-        QCOMPARE(game.Window->List1->count(), 1);
-    }
-
     void TouchMove() {
         GameWindow game;
         game.Game.Settings.TouchMove = 1;
@@ -245,36 +160,6 @@ private slots:
         game.Drag("c5", "d6");
         QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
         QCOMPARE(game.Game.TouchedCell, 0);
-    }
-
-    void ACommandPutsACarriedPieceBack() {
-        GameWindow game;
-        game.PressOn("c5");
-        game.MoveMouse("d6");
-        game.Key(Qt::Key_T, Qt::ControlModifier);
-        QCOMPARE(game.Game.Settings.BoardTurned, 0);
-        QVERIFY(!game.Window->Board->ShowsEmptySquare(game.ViewOf("c5")));
-        QCOMPARE(game.Window->Board->cursor().shape(), Qt::ArrowCursor);
-        game.Release();
-        QCOMPARE(game.Window->List1->count(), 0);
-        QVERIFY(game.Boxes.Seen.empty());
-        game.Drag("c5", "d6");
-        QCOMPARE(game.Window->List1->count(), 1);
-    }
-
-    void TheBoardIsShutWhenTheGameIsOver() {
-        GameWindow game;
-        game.Game.GameOver = true;
-        game.Drag("c5", "d6");
-        QCOMPARE(game.Window->List1->count(), 0);
-        QVERIFY(game.Boxes.Seen.empty());
-    }
-
-    void BothColoursArePlayedOn() {
-        GameWindow game;
-        game.Place("PiecesOnBlack=2 | WhiteManMovement=N;W;E N;W;E", "W: c3; B: j8");
-        game.Drag("c3", "c4");
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. c3-c4");
     }
 };
 

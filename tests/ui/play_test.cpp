@@ -1,4 +1,3 @@
-#include "session/screen.h"
 #include "support.h"
 
 #include <QMenuBar>
@@ -16,53 +15,33 @@ class PlayTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void TypedMoves_data() {
-        QTest::addColumn<QString>("placement");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("line"); ///< empty: refused
-        const char* quiet = "W: c3 g3; B: c9 f8";
-        const char* jump = "W: c3; B: d4 j8";
-        QTest::newRow("with a hyphen") << quiet << "c3-d4"
-                                       << "   1. c3-d4";
-        QTest::newRow("capitals") << quiet << "C3-D4"
-                                  << "   1. c3-d4";
-        QTest::newRow("without a mark") << quiet << "g3h4"
-                                        << "   1. g3-h4";
-        QTest::newRow("a capture") << jump << "c3xe5"
-                                   << "   1. c3xe5";
-        QTest::newRow("a capture without its mark") << jump << "c3e5"
-                                                    << "   1. c3xe5";
-        QTest::newRow("a promotion") << "W: ca; B: j8"
-                                     << "ca-db"
-                                     << "   1. ca-dbK";
-        QTest::newRow("no legal move") << quiet << "c3-c4"
-                                       << "";
-        QTest::newRow("a step where a jump is due") << jump << "c3-b4"
-                                                    << "";
-        QTest::newRow("no squares") << quiet << "hello there"
-                                    << "";
-        QTest::newRow("nothing") << quiet << ""
-                                 << "";
-        QTest::newRow("marks alone") << quiet << "x--x-"
-                                     << "";
-    }
-
     void TypedMoves() {
-        QFETCH(QString, placement);
-        QFETCH(QString, typed);
-        QFETCH(QString, line);
-        GameWindow game;
-        game.Place("", placement.toStdString());
-        BoardCells before = game.Pos->Board;
-        game.TypeMove(typed);
-        QCOMPARE(game.Lines(*game.Window->List1), line.toStdString());
-        QCOMPARE(game.Window->Text2->text(), "");
-        QVERIFY(game.Window->Text2->isEnabled());
-        if (line.isEmpty()) {
-            QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move")});
-            QCOMPARE(game.Pos->Board, before);
-        } else {
-            QVERIFY(game.Boxes.Seen.empty());
+        struct Row {
+            const char* Placement;
+            const char* Typed;
+            const char* Line; ///< empty: refused
+        };
+        const Row rows[] = {
+            {"W: c3 g3; B: c9 f8", "C3-d4", "   1. c3-d4"},
+            {"W: c3; B: d4 j8", "c3e5", "   1. c3xe5"},
+            {"W: ca; B: j8", "ca-db", "   1. ca-dbK"},
+            {"W: c3; B: d4 j8", "c3-b4", ""},
+            {"W: c3; B: j8", "", ""},
+        };
+        for (const Row& row : rows) {
+            GameWindow game;
+            game.Place("", row.Placement);
+            BoardCells before = game.Pos->Board;
+            game.TypeMove(row.Typed);
+            QCOMPARE(game.Lines(*game.Window->List1), row.Line);
+            QCOMPARE(game.Window->Text2->text(), "");
+            QVERIFY(game.Window->Text2->isEnabled());
+            if (*row.Line == 0) {
+                QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move")});
+                QCOMPARE(game.Pos->Board, before);
+            } else {
+                QVERIFY(game.Boxes.Seen.empty());
+            }
         }
     }
 
@@ -71,18 +50,6 @@ private slots:
         game.Window->Text2->setText("c5-d6");
         game.Click(game.PointOf(*game.Window->Command1, game.Window->Command1->rect().center()));
         QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
-    }
-
-    void NumbersCanBeTyped() {
-        GameWindow game;
-        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
-        QString first = game.Window->List2->item(0)->text();
-        game.TypeMove(first);
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. " + first.toStdString());
-        // Squares of one digit: 8 is ca, 2 is db.
-        game.Place("", "W: ca; B: j8");
-        game.TypeMove("8-2");
-        QCOMPARE(game.Cell("db"), kKing);
     }
 
     void AClickInTheLegalMovesPlays() {
@@ -95,23 +62,6 @@ private slots:
         game.Click(game.PointOf(*game.Window->List2, QPoint(20, 380)));
         QCOMPARE(game.Window->List1->count(), 1);
         game.ClickLine(*game.Window->List2, 0);
-        QCOMPARE(game.Window->List1->count(), 2);
-    }
-
-    void ADoubleClickPlaysOneMove() {
-        GameWindow game;
-        GameList& list = *game.Window->List2;
-        game.ClickLine(list, 2);
-        // The second half comes when the list holds the opponent's moves already.
-        QPointF point = list.visualItemRect(list.item(2)).center();
-        for (QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
-            Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-            QMouseEvent event(type, point, list.viewport()->mapToGlobal(point), Qt::LeftButton, held, Qt::NoModifier);
-            QApplication::sendEvent(list.viewport(), &event);
-        }
-        QCoreApplication::processEvents();
-        QCOMPARE(game.Window->List1->count(), 1);
-        game.ClickLine(list, 2);
         QCOMPARE(game.Window->List1->count(), 2);
     }
 
@@ -197,34 +147,6 @@ private slots:
         QVERIFY(game.Boxes.Seen.empty());
     }
 
-    void GoingBackAgainstTheComputerKeepsThePersonToMove() {
-        GameWindow game("Classic Small", kPlayerComputer);
-        game.Drag("c5", "d6");
-        game.ClickButton("Back");
-        QCOMPARE(game.Pos->Tree.TreeIndex, 1);
-        QCOMPARE(game.Window->Labels[1]->text(), "Computer");
-        QCOMPARE(game.Window->Labels[2]->text(), "Player");
-        // Now the person plays Black.
-        game.ClickLine(*game.Window->List2, 0);
-        QCOMPARE(game.Window->List1->count(), 3);
-        QCOMPARE(game.Pos->Tree.SideToMove, kBlack);
-    }
-
-    void CommentsAreKeptWithThePosition() {
-        GameWindow game;
-        game.Drag("c5", "d6");
-        game.Click(game.PointOf(*game.Window->Text1, QPoint(40, 20)));
-        for (char letter : std::string("good")) QTest::keyClick(game.Window->windowHandle(), letter);
-        // The text as it was when the last key went down.
-        QCOMPARE(game.Game.Record.MoveComments[1], "goo");
-        game.Key(Qt::Key_Left);
-        QCOMPARE(game.Game.Record.MoveComments[1], "good");
-        game.Key(Qt::Key_B, Qt::ControlModifier);
-        QCOMPARE(game.Window->Text1->toPlainText(), "");
-        game.Key(Qt::Key_F, Qt::ControlModifier);
-        QCOMPARE(game.Window->Text1->toPlainText(), "good");
-    }
-
     void NotationCommands() {
         GameWindow game;
         game.Drag("c5", "d6");
@@ -250,20 +172,6 @@ private slots:
         game.Place("PiecesOnBlack=2 | WhiteManMovement=N;W;E N;W;E", "W: c3; B: j8");
         game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
         QVERIFY((checked() == std::array{true, false, false}));
-    }
-
-    void CalculationCommand() {
-        GameWindow game("Classic Small", kPlayerComputer);
-        QAction& action = game.Window->ActionOf(Command::calculation);
-        QVERIFY(action.isChecked());
-        game.Drag("c5", "d6");
-        action.trigger();
-        QVERIFY(!action.isChecked());
-        QCOMPARE(game.Window->Labels[9]->text(), "no calculation");
-        game.ClickLine(*game.Window->List2, 0);
-        QCOMPARE(game.Window->Labels[9]->text(), "no calculation");
-        action.trigger();
-        QVERIFY(action.isChecked());
     }
 
     void NewGameAsksOnlyWhenOneIsRunning() {
@@ -322,29 +230,6 @@ private slots:
         QCOMPARE(game.Game.ResultText, "1-0");
         QVERIFY(game.Game.GameOver);
         QVERIFY(!game.IsOn(Command::Compute));
-    }
-
-    void TheComputerWins() {
-        GameWindow game("Classic Small", kPlayerComputer);
-        // White must step in front of the black man, which takes it.
-        game.Place("", "W: a3; B: c5 j8");
-        game.Drag("a3", "b4");
-        QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "Computer wins!", QMessageBox::Warning}}));
-        QCOMPARE(game.Status(), "Computer wins!");
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. a3-b4|      c5xa3");
-        QVERIFY(!game.Game.Busy && game.Game.GameOver);
-    }
-
-    void ADrawByRepetitionIsAnnounced() {
-        GameWindow game;
-        game.Place("", "W: Ka3 a1; B: Kl0 lb");
-        for (int i = 0; i < 3 && !game.Game.GameOver; ++i) {
-            for (auto [from, to] : {std::pair{"a3", "b2"}, {"l0", "k9"}, {"b2", "a3"}, {"k9", "l0"}})
-                game.Drag(from, to);
-        }
-        QVERIFY(game.Game.GameOver);
-        QCOMPARE(game.Boxes.Seen,
-                 (std::vector<SeenBox>{{kCongratulations, "It's a draw! Triple Repetition", QMessageBox::Warning}}));
     }
 };
 

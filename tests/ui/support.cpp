@@ -40,12 +40,12 @@ GameWindow::GameWindow(const std::string& skinName, Long playMode)
     QCoreApplication::processEvents();
 }
 
-void GameWindow::Place(std::string_view changedKeys, std::string_view placement, Long sideToMove) {
+void GameWindow::Place(std::string_view changedKeys, std::string_view placement) {
     Pos->Rules = RulesWith(changedKeys);
     AdoptMovements(*Pos);
     Pos->DefinedRules = Pos->Rules;
     Pos->Board = BoardOf(placement);
-    Pos->Tree.SideToMove = sideToMove;
+    Pos->Tree.SideToMove = kWhite;
     AdoptBoard(*Pos);
     Pos->CustomSetup = true;
     ResetGame(Game);
@@ -68,12 +68,12 @@ void GameWindow::MoveMouse(QPoint point) {
     QTest::mouseMove(Window->windowHandle(), point);
 }
 
-void GameWindow::Press(Qt::MouseButton button) {
-    QTest::mousePress(Window->windowHandle(), button, {}, Mouse);
+void GameWindow::Press() {
+    QTest::mousePress(Window->windowHandle(), Qt::LeftButton, {}, Mouse);
 }
 
-void GameWindow::Release(Qt::MouseButton button) {
-    QTest::mouseRelease(Window->windowHandle(), button, {}, Mouse);
+void GameWindow::Release() {
+    QTest::mouseRelease(Window->windowHandle(), Qt::LeftButton, {}, Mouse);
     QCoreApplication::processEvents();
 }
 

@@ -54,8 +54,8 @@ private:
 struct GameWindow {
     explicit GameWindow(const std::string& skinName = "Classic Small", Long playMode = kPlayerPlayer);
 
-    /// Starts a game from a placement under the default rules with some keys changed.
-    void Place(std::string_view changedKeys, std::string_view placement, Long sideToMove = kWhite);
+    /// Starts a game of White's from a placement under the default rules with some keys changed.
+    void Place(std::string_view changedKeys, std::string_view placement);
 
     /// The computer thinks until it is stopped, or no longer than it takes to search one ply.
     void ThinkLong() { Game.Settings.Limits = {0, 20, 0, 180}; }
@@ -67,8 +67,8 @@ struct GameWindow {
     QPoint PointOf(std::string_view square) const;
     void MoveMouse(QPoint point);
     void MoveMouse(std::string_view square) { MoveMouse(PointOf(square)); }
-    void Press(Qt::MouseButton button = Qt::LeftButton);
-    void Release(Qt::MouseButton button = Qt::LeftButton);
+    void Press();
+    void Release();
     void PressOn(std::string_view square);
     void Drag(std::string_view from, std::string_view to);
     void Click(QPoint point);

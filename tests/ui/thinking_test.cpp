@@ -1,6 +1,4 @@
-#include "session/screen.h"
 #include "support.h"
-#include "ui/window_port.h"
 
 #include <QClipboard>
 #include <QWindow>
@@ -142,26 +140,6 @@ private slots:
         QCOMPARE(game.Window->ExitCode, 0);
     }
 
-    void ClosingWhenIdle() {
-        GameWindow game;
-        game.Boxes.Answer = QMessageBox::No;
-        game.Window->windowHandle()->close();
-        QVERIFY(game.Window->isVisible());
-        game.Key(Qt::Key_X, Qt::ControlModifier);
-        QVERIFY(game.Window->isVisible());
-        QCOMPARE(game.Boxes.Seen.size(), std::size_t{2});
-        game.Boxes.Answer = QMessageBox::Yes;
-        game.Window->windowHandle()->close();
-        QVERIFY(!game.Window->isVisible());
-        QCOMPARE(game.Boxes.Seen.size(), std::size_t{3});
-
-        GameWindow silent;
-        silent.Game.Settings.AskExit = 0;
-        silent.Key(Qt::Key_X, Qt::ControlModifier);
-        QVERIFY(!silent.Window->isVisible());
-        QVERIFY(silent.Boxes.Seen.empty());
-    }
-
     void FieldsKeepTheKeysOfEditing_data() {
         QTest::addColumn<QString>("field");
         QTest::newRow("the move") << "Text2";
@@ -215,42 +193,6 @@ private slots:
             QVERIFY2(thinking.Ran, name);
             QCOMPARE(game.Window->List1->count(), 1);
         }
-    }
-
-    void ListsDoNotTakeShortcuts() {
-        GameWindow game("Classic Small", kPlayerComputer);
-        game.Window->List2->setFocus();
-        game.Key(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(game.Window->List1->count(), 1);
-    }
-
-    void TheFocusNeverMovesIntoATextField() {
-        for (const char* name : {"List1", "List2", "List3", "Board"}) {
-            GameWindow game("Classic Small", kPlayerComputer);
-            game.Drag("c5", "d6");
-            game.Window->findChild<QWidget*>(QLatin1String(name))->setFocus();
-            game.ClickButton("Compute");
-            QWidget* focus = game.Window->focusWidget();
-            QVERIFY2(focus != game.Window->Text1 && focus != game.Window->Text2, name);
-        }
-    }
-
-    void WaitingLetsTheWindowLiveAndEndsEarly() {
-        GameWindow game;
-        ConnectPort(*game.Window);
-        bool lived = false;
-        QTimer::singleShot(0, [&] { lived = true; });
-        QElapsedTimer clock;
-        clock.start();
-        game.Game.Port.Wait(0.05);
-        QVERIFY(lived);
-        QVERIFY(clock.elapsed() >= 49);
-        game.Pos->StopFlag = kStopCancel;
-        game.Game.Port.Wait(100);
-        game.Pos->StopFlag = 0;
-        QTimer::singleShot(20, [&] { game.Game.Quitting = true; });
-        game.Game.Port.Wait(100);
-        QVERIFY(clock.elapsed() < 50000);
     }
 };
 

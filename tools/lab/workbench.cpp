@@ -34,13 +34,16 @@ Failure ApplyRule(std::string_view line, Position& position) {
     if (!SetRuleValue(position.DefinedRules, *key, value)) {
         return "--rule " + Quoted(line) + ": the number must lie " + RangeOf(*key);
     }
-    GameTree& tree = position.Tree;
     if (name == "Setup" && value != "normal") PlaceSetup(position, value);
-    if (name == "BlackStarts" && position.DefinedRules.BlackStarts == 0) {
-        tree.PlyValue[0] = -tree.PlyValue[0];
-        tree.GameValue[0] = -tree.GameValue[0];
-    }
     return std::nullopt;
+}
+
+/// The balance of a set-up as the side to move sees it, whatever the order of the rules that told both.
+void BalanceForBeginner(Position& position) {
+    const PieceCensus pieces = CountPieces(position.Board);
+    const Long ofBlack = (pieces.BlackSum - pieces.WhiteSum) * 100;
+    const Long balance = position.DefinedRules.BlackStarts == 1 ? ofBlack : -ofBlack;
+    position.Tree.PlyValue[0] = position.Tree.GameValue[0] = balance;
 }
 
 /// The start of a new game under the rules of file and options, current and defined alike.
@@ -56,6 +59,7 @@ Failure StartGame(const Lab& lab, const Options& options, Workbench& bench) {
     for (const std::string& rule : options.Rules) {
         if (Failure failure = ApplyRule(rule, position)) return failure;
     }
+    if (!options.Rules.empty()) BalanceForBeginner(position);
     position.Rules = position.DefinedRules;
     AdoptMovements(position);
     FinishNewPosition(position);
