@@ -1,7 +1,6 @@
 #include "engine/evaluate.h"
 
 #include "engine/engine_support.h"
-#include "rules/make_move.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,5 @@
 #include "lab/lab_support.h"
 
-#include <algorithm>
-
 namespace tavlon12::lab {
 namespace {
 
