@@ -18,8 +18,8 @@ namespace tavlon12 {
 struct GeneratorFault {
     enum class Kind { None, Jumps, Rows, Work } Limit = Kind::None;
     bool OfFamily = false; ///< it was a family's generator
-    Long Depth = 0; ///< jumps of the walk when the limit was passed
-    Long Rows = 0;  ///< captures recorded until then
+    Long Depth = 0;        ///< jumps of the walk when the limit was passed
+    Long Rows = 0;         ///< captures recorded until then
 
     bool Passed() const { return Limit != Kind::None; }
 };

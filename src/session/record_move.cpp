@@ -29,8 +29,8 @@ void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
     row[TextColumn(halfMove)] = session.MoveText.MoveTextKey + " " + session.MoveText.MoveTextShown;
     row[KindColumn(halfMove)] = entry.Kind;
     // The depth of the row's computer move goes before that of a person.
-    bool answersComputer = halfMove % 2 == 0 && std::string_view(entry.Kind) == kByPerson &&
-                           row[KindColumn(halfMove - 1)] == kByComputer;
+    bool answersComputer =
+        halfMove % 2 == 0 && std::string_view(entry.Kind) == kByPerson && row[KindColumn(halfMove - 1)] == kByComputer;
     if (!answersComputer) row[kStrengthColumn] = entry.Depth;
 
     port.ListAdd(ListId::List1, GameLine(halfMove, session.MoveText.MoveTextShown));

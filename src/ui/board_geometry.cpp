@@ -57,8 +57,8 @@ std::string RankCharacter(Long rank, bool capitals) {
 
 } // namespace
 
-const WindowGeometry& GeometryOfSkin(Long skinMode) {
-    return skinMode == 2 ? kMedium : kSmall;
+const WindowGeometry& GeometryOfSkin(Long skinMode, Long boardCustomSize) {
+    return skinMode == 2 || (skinMode == 4 && boardCustomSize == 2) ? kMedium : kSmall;
 }
 
 Place PlaceOf(const WindowGeometry& geometry, std::string_view name, bool extraPieces) {

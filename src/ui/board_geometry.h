@@ -38,8 +38,8 @@ struct WindowGeometry {
     std::array<ControlPlace, kPlacedControls> Controls{};
 };
 
-/// The medium geometry for `SkinMode` 2, the small one for any other.
-const WindowGeometry& GeometryOfSkin(Long skinMode);
+/// The medium geometry for `SkinMode` 2 and for a skin file with `BoardCustomSize` 2, the small one for any other.
+const WindowGeometry& GeometryOfSkin(Long skinMode, Long boardCustomSize = -1);
 
 /// The place of a control by its object name; all zero for a name that is not in the table. With `extraPieces` the
 /// comment field leaves room for the line about the pieces off the board.

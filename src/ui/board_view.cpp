@@ -63,6 +63,8 @@ void BoardView::ShowSquare(Long view) {
 }
 
 void BoardView::DrawHighlightBox(Long view) {
+    bool anyBoxes = Game.Settings.SkinMode != 4 || Pictures.BoardCustomSize == 0 || Pictures.BoardCustomSize == 2;
+    if (!anyBoxes) return;
     Squares[static_cast<std::size_t>(view)].Boxed = true;
     update(SquareRect(view).adjusted(-1, -1, 1, 1));
 }
@@ -75,8 +77,8 @@ void BoardView::LiftPiece(Long view) {
 }
 
 void BoardView::CarryPiece(Long value) {
-    QPixmap piece = PiecePixmap(Pictures, value, Geometry->SquareEdge, devicePixelRatioF());
-    setCursor(QCursor(piece, Geometry->SquareEdge / 2, Geometry->SquareEdge / 2));
+    PieceCursor cursor = CursorOf(Pictures, value, Geometry->SquareEdge, devicePixelRatioF());
+    setCursor(QCursor(cursor.Picture, cursor.HotSpot.x(), cursor.HotSpot.y()));
 }
 
 void BoardView::DropCursor() {

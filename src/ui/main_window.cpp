@@ -402,7 +402,7 @@ QWidget& MainWindow::WidgetOf(Control control) {
 }
 
 void MainWindow::LayoutWindow() {
-    const WindowGeometry& geometry = GeometryOfSkin(Game.Settings.SkinMode);
+    const WindowGeometry& geometry = GeometryOfSkin(Game.Settings.SkinMode, Board->Pictures.BoardCustomSize);
     bool extraPieces = Game.Pos.Rules.canContract == 1;
     for (const ControlPlace& control : geometry.Controls) {
         QString name = QString::fromUtf8(control.Name.data(), static_cast<qsizetype>(control.Name.size()));

@@ -27,8 +27,8 @@ namespace tavlon12 {
 /// ground.
 void ApplyLook(QApplication& application);
 
-/// A list whose lines are clicked: `Clicked` runs when the left button goes up over one, `Entered` when Enter is pressed
-/// in it.
+/// A list whose lines are clicked: `Clicked` runs when the left button goes up over one, `Entered` when Enter is
+/// pressed in it.
 class GameList : public QListWidget {
 public:
     using QListWidget::QListWidget;

@@ -1,10 +1,15 @@
 #include "ui/skin.h"
 
+#include "files/file_text.h"
 #include "session/screen.h"
+#include "ui/shown_text.h"
 
+#include <QFile>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <iostream>
 
 namespace tavlon12 {
 
@@ -30,6 +35,63 @@ bool ReadPictures(Skin& skin, const QString& folder) {
     return valid;
 }
 
+constexpr std::array<const char*, 10> kImageKeys = {
+    "dark_square",  "dark_white_man",  "dark_white_king",  "dark_black_man",  "dark_black_king",
+    "light_square", "light_white_man", "light_white_king", "light_black_man", "light_black_king"};
+constexpr std::array<const char*, 4> kCursorKeys = {"white_man_ico", "white_king_ico", "black_man_ico",
+                                                    "black_king_ico"};
+
+QColor ColourOfNumber(Long number) {
+    return {number & 255, number >> 8 & 255, number >> 16 & 255};
+}
+
+/// A cursor file tells its hot spot behind the head of its first picture; for any other image it is the middle.
+bool ReadCursor(const QString& file, PieceCursor& cursor) {
+    if (!cursor.Picture.load(file)) return false;
+    cursor.HotSpot = cursor.Picture.rect().center();
+    QFile raw(file);
+    if (file.endsWith(QLatin1String(".cur"), Qt::CaseInsensitive) && raw.open(QIODevice::ReadOnly)) {
+        const QByteArray head = raw.read(14);
+        if (head.size() == 14) cursor.HotSpot = {static_cast<uchar>(head[10]), static_cast<uchar>(head[12])};
+    }
+    return true;
+}
+
+/// One line of a skin file; false when it names an image that cannot be read.
+bool ReadSkinLine(const QString& folder, const std::string& line, Skin& skin) {
+    const std::size_t sign = line.find('=');
+    if (sign == std::string::npos) return true;
+    const std::string key = line.substr(0, sign);
+    const std::string value = line.substr(sign + 1);
+    const Long number = RoundHalfEven(std::clamp(ParseNumber(value), -1e9, 1e9));
+    if (key == "BoardCustomSize") skin.BoardCustomSize = number;
+    if (key == "dark_highlight") skin.DarkHighlight = ColourOfNumber(number);
+    if (key == "light_highlight") skin.LightHighlight = ColourOfNumber(number);
+    const QString file = folder + QLatin1Char('/') + Shown(value).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    for (std::size_t i = 0; i < kImageKeys.size(); ++i) {
+        if (key == kImageKeys[i] && !skin.Images[i].load(file)) return false;
+    }
+    for (std::size_t i = 0; i < kCursorKeys.size(); ++i) {
+        if (key == kCursorKeys[i] && !ReadCursor(file, skin.Cursors[i])) return false;
+    }
+    return true;
+}
+
+/// Why a skin file cannot be used; empty when it can.
+std::string ReadSkinFile(const std::filesystem::path& folder, const std::string& name, Skin& skin) {
+    const std::filesystem::path file = folder / (name + ".ini");
+    std::vector<std::string> lines;
+    if (!ReadLines(file, lines)) return file.string() + ": cannot be read";
+    const QString images = QString::fromStdString((folder / name).string());
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i] == "END") return "";
+        if (!ReadSkinLine(images, lines[i], skin)) {
+            return file.string() + ", line " + std::to_string(i + 1) + ": the image cannot be read: " + lines[i];
+        }
+    }
+    return file.string() + ": ends too early: no line \"END\"";
+}
+
 } // namespace
 
 SquareImage ImageOf(bool dark, Long value) {
@@ -40,6 +102,7 @@ SquareImage ImageOf(bool dark, Long value) {
 
 bool LoadSkin(Session& session, Skin& skin) {
     QString folder;
+    session.Settings.SkinMode = 4;
     if (session.Settings.SkinName == "Classic Small") {
         session.Settings.SkinMode = 0;
         folder = QStringLiteral("small");
@@ -50,9 +113,25 @@ bool LoadSkin(Session& session, Skin& skin) {
     skin = Skin();
     skin.DarkHighlight = QColor(255, 255, 0);
     skin.LightHighlight = QColor(128, 128, 0);
-    if (!folder.isEmpty() && ReadPictures(skin, folder)) return true;
+    std::string failure;
+    if (folder.isEmpty()) {
+        failure = ReadSkinFile(session.ProgramFolder / "skins", session.Settings.SkinName, skin);
+    } else if (!ReadPictures(skin, folder)) {
+        failure = "the program's own pictures cannot be read";
+    }
+    if (failure.empty()) return true;
+    std::cerr << failure << '\n';
     FatalEnd(session);
     return false;
+}
+
+std::vector<std::string> SkinNames(const std::filesystem::path& programFolder) {
+    std::vector<std::string> names{"Classic Small", "Classic Medium"};
+    std::error_code unreadable; // then there are none
+    for (const auto& entry : std::filesystem::directory_iterator(programFolder / "skins", unreadable)) {
+        if (entry.path().extension() == ".ini") names.push_back(entry.path().stem().string());
+    }
+    return names;
 }
 
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height) {
@@ -63,6 +142,9 @@ const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     QRectF whole(0, 0, width, height);
+    const QImage& own = skin.Images[static_cast<std::size_t>(image)];
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!own.isNull()) painter.drawImage(whole, own);
     bool dark = image < SquareImage::LightSquare;
     QSvgRenderer* square = dark ? skin.Dark.get() : skin.Light.get();
     if (square != nullptr) square->render(&painter, whole);
@@ -76,7 +158,9 @@ const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height
     return cached;
 }
 
-QPixmap PiecePixmap(const Skin& skin, Long value, int edge, qreal ratio) {
+PieceCursor CursorOf(const Skin& skin, Long value, int edge, qreal ratio) {
+    const PieceCursor& own = skin.Cursors[PieceIndex(value)];
+    if (!own.Picture.isNull()) return own;
     int size = static_cast<int>(std::lround(edge * ratio));
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
@@ -86,7 +170,7 @@ QPixmap PiecePixmap(const Skin& skin, Long value, int edge, qreal ratio) {
     if (piece != nullptr) piece->render(&painter, QRectF(0, 0, size, size));
     painter.end();
     pixmap.setDevicePixelRatio(ratio);
-    return pixmap;
+    return {pixmap, QPoint(edge / 2, edge / 2)};
 }
 
 } // namespace tavlon12

@@ -3,13 +3,18 @@
 #include "session/session.h"
 
 #include <QColor>
+#include <QImage>
 #include <QPixmap>
+#include <QPoint>
 #include <QSvgRenderer>
 
 #include <array>
+#include <filesystem>
 #include <map>
 #include <memory>
+#include <string>
 #include <tuple>
+#include <vector>
 
 namespace tavlon12 {
 
@@ -35,24 +40,41 @@ constexpr bool IsEmptySquareImage(SquareImage image) {
 /// The image for a cell value of -2 to 2 on a dark or a light square.
 SquareImage ImageOf(bool dark, Long value);
 
-/// A set of pieces and squares. Each picture is rendered once for each size in device pixels.
+/// The cursor while a piece is carried, as a skin file brings it.
+struct PieceCursor {
+    QPixmap Picture;
+    QPoint HotSpot;
+};
+
+/// A set of pieces and squares: vector pictures of the program, or images of a skin file. Each picture is rendered once
+/// for each size in device pixels.
 struct Skin {
     std::unique_ptr<QSvgRenderer> Dark, Light;
     std::array<std::unique_ptr<QSvgRenderer>, 4> Pieces; ///< white man, white king, black man, black king
+    std::array<QImage, 10> Images;      ///< of a skin file, by `SquareImage`; null in the program's own sets
+    std::array<PieceCursor, 4> Cursors; ///< of a skin file, in the order of the pieces
+    Long BoardCustomSize = -1; ///< of a skin file: 0 small, 2 medium geometry; with any other no boxes are drawn
     QColor DarkHighlight;
     QColor LightHighlight;
     std::map<std::tuple<SquareImage, int, int>, QPixmap> Cache;
 };
 
-/// Takes the skin of `SkinName` and sets `SkinMode` by it: 0 "Classic Small", 2 "Classic Medium". For any other name,
-/// or when a picture cannot be had, it shows the message of a failure that cannot be repaired, ends the program and
-/// gives false.
+/// Takes the skin of `SkinName` and sets `SkinMode` by it: 0 "Classic Small", 2 "Classic Medium", 4 for the name of a
+/// file in the folder skins of the program folder. When file or picture cannot be had, it shows the message of a
+/// failure that cannot be repaired, ends the program and gives false.
+///
+/// A skin file is lines of "key=value" up to a line "END": "BoardCustomSize", "dark_highlight" and "light_highlight"
+/// (colour numbers, red in the low byte), and names of images in the folder of the skin's own name: "dark_square",
+/// "light_black_king" and so on, "white_man_ico" and so on. Any other line means nothing.
 bool LoadSkin(Session& session, Skin& skin);
+
+/// The names to choose from: the two classic sets, then the skin files of the program folder.
+std::vector<std::string> SkinNames(const std::filesystem::path& programFolder);
 
 /// The picture of a square, `width` by `height` device pixels.
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height);
 
-/// The piece of a cell value alone on a transparent ground, `edge` pixels wide at the device pixel ratio given.
-QPixmap PiecePixmap(const Skin& skin, Long value, int edge, qreal ratio);
+/// The cursor that carries the piece of a cell value, for squares `edge` pixels wide at the device pixel ratio given.
+PieceCursor CursorOf(const Skin& skin, Long value, int edge, qreal ratio);
 
 } // namespace tavlon12

@@ -1,5 +1,8 @@
 #include "session/screen.h"
 #include "support.h"
+#include "ui/skin.h"
+
+#include <QTemporaryDir>
 
 using namespace tavlon12;
 using namespace tavlon12::support;
@@ -8,6 +11,46 @@ class BoardTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void ASkinFileBringsItsImages() {
+        QTemporaryDir program;
+        QDir().mkpath(program.filePath("skins/Plain"));
+        QImage square(10, 10, QImage::Format_RGB32);
+        square.fill(QColor(10, 200, 30));
+        square.save(program.filePath("skins/Plain/green.png"));
+        auto position = std::make_unique<Position>();
+        SearchState search;
+        Session session(*position, search);
+        session.ProgramFolder = program.path().toStdString();
+        session.Settings.SkinName = "Plain";
+        const struct {
+            const char* Lines;
+            bool Loads;
+        } files[] = {
+            {"a title\r\nBoardCustomSize=2\r\ndark_highlight=255\r\ndark_square=green.png\r\nEND\r\nlight_square=x",
+             true},
+            {"dark_square=green.png\r\n", false},
+            {"dark_square=missing.png\r\nEND\r\n", false},
+        };
+        for (const auto& row : files) {
+            QFile file(program.filePath("skins/Plain.ini"));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(row.Lines);
+            file.close();
+            session.Quitting = false;
+            Skin skin;
+            QCOMPARE(LoadSkin(session, skin), row.Loads);
+            QCOMPARE(session.Quitting, !row.Loads);
+            if (!row.Loads) continue;
+            QCOMPARE(session.Settings.SkinMode, 4);
+            QCOMPARE(skin.BoardCustomSize, 2);
+            QCOMPARE(skin.DarkHighlight, QColor(255, 0, 0));
+            QCOMPARE(SquarePixmap(skin, SquareImage::DarkSquare, 54, 54).toImage().pixelColor(27, 27),
+                     QColor(10, 200, 30));
+        }
+        QCOMPARE(SkinNames(session.ProgramFolder),
+                 (std::vector<std::string>{"Classic Small", "Classic Medium", "Plain"}));
+    }
+
     void ADragMovesAMan() {
         for (Long turned : {1, 0}) {
             GameWindow game;
