@@ -70,7 +70,7 @@ void UpdateDrawStatus(Session& session) {
     session.DrawReason = 0;
     if (treeIndex < 1) return;
 
-    position.PositionKeys[treeIndex - 1] = KeyOf(position.Board);
+    position.PositionKeys[treeIndex - 1] = position.Key;
     if (FindRepetition(position, treeIndex - 1).RepeatCount > 2) session.DrawReason = 1;
     if (CheckMoveLimit(session, treeIndex - 1)) session.DrawReason = 2;
 

@@ -78,12 +78,12 @@ bool RemakeHalfMove(Session& session) {
     if (!InputMove(session, UpperCase(key))) return false;
     PreferRecordedRoute(session);
     // A search from an earlier position may have written its own keys here.
-    position.PositionKeys[next - 1] = KeyOf(position.Board);
+    position.PositionKeys[next - 1] = position.Key;
     return true;
 }
 
-/// What the draw rules and the end of the game say about the position that going forward has reached.
-void RebuildVerdict(Session& session) {
+/// What the draw rules say about the position that going forward has reached.
+void RebuildDrawReason(Session& session) {
     Long index = session.Pos.Tree.TreeIndex;
     session.DrawReason = 0;
     session.MoveLimitHit = CheckMoveLimit(session, index);
@@ -91,7 +91,6 @@ void RebuildVerdict(Session& session) {
     Repetition repetition = FindRepetition(session.Pos, index);
     if (repetition.RepeatCount == 3) session.DrawReason = 1;
     if (repetition.KingsOnlyFound) session.DrawReason = 3;
-    CheckGameEnd(session);
 }
 
 void DisableForwardAtEnd(Session& session) {
@@ -108,7 +107,8 @@ void ShowForwardPosition(Session& session) {
     session.Port.SetStatusText(1, atResult ? session.ResultShown : "");
     session.Port.SetProgress(0);
     if (session.Pos.Tree.TreeIndex > 0) EnableCommands(session, {Command::Moveback, Command::First}, true);
-    RebuildVerdict(session);
+    RebuildDrawReason(session);
+    CheckGameEnd(session);
 }
 
 void EnableRunningGame(Session& session) {
@@ -144,8 +144,15 @@ void GoBackward(Session& session, Long count, bool silent) {
     EnableRunningGame(session);
 }
 
-void GoForwardBy(Session& session, Long count) {
-    for (Long i = 0; i < count && RemakeHalfMove(session); ++i) SwapNamesOfComputerGame(session);
+void GoForwardBy(Session& session, Long count, bool silent) {
+    for (Long i = 0; i < count && RemakeHalfMove(session); ++i) {
+        SwapNamesOfComputerGame(session);
+        if (silent) DrawBoard(session, 0);
+    }
+    if (silent) {
+        RebuildDrawReason(session);
+        return;
+    }
     session.Port.SetSearchLine("no calculation");
     ShowForwardPosition(session);
     DisableForwardAtEnd(session);
@@ -167,7 +174,7 @@ void GoToMove(Session& session, Long count, bool keepCandidates, bool silent) {
     if (count > 0) {
         GoBackward(session, count, silent);
     } else {
-        GoForwardBy(session, -count);
+        GoForwardBy(session, -count, silent);
     }
     GenerateLegalMoves(session.Pos);
     if (!silent) RefreshLegalMoves(session);
