@@ -46,14 +46,14 @@ void PrepareThinking(Session& session) {
     if (session.Settings.ShowAvailableMoves == 1) RedrawFromSquares(session);
 
     if (session.PlayMode != kComputerComputer) {
-        port.ListClear(ListId::List2);
-        port.ListClear(ListId::List3);
-        for (ListId list : {ListId::List1, ListId::List2, ListId::List3}) port.SetListEnabled(list, false);
+        port.Lists.ListClear(ListId::List2);
+        port.Lists.ListClear(ListId::List3);
+        for (ListId list : {ListId::List1, ListId::List2, ListId::List3}) port.Lists.SetListEnabled(list, false);
     }
     ShowStrengthLine(session);
     ForgetFuture(session);
-    port.SetStatusText(1, "Thinking...");
-    if (session.Settings.CalculationOn == 1) port.SetSearchLine("");
+    port.Status.SetStatusText(1, "Thinking...");
+    if (session.Settings.CalculationOn == 1) port.Status.SetSearchLine("");
     ShutCommandsForThinking(session);
 }
 
@@ -78,7 +78,7 @@ bool EndsBeforeThinking(Session& session) {
     const std::string text = computerWins ? "Computer wins!" : UserWins(session);
     SetGameResult(session, GameResult::FromBoard);
     session.GameOver = true;
-    if (lost || value == kWin) session.Port.SetStatusText(1, text);
+    if (lost || value == kWin) session.Port.Status.SetStatusText(1, text);
     WaitSeconds(session, kPause);
     if (!session.Quitting) AnnounceResult(session, text, computerWins ? 0 : 1);
     return true;
@@ -90,7 +90,7 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
     UiPort& port = session.Port;
     session.MoveLimitHit = CheckMoveLimit(session, session.Pos.Tree.TreeIndex - 1);
     RootSearchInput input = RootInputOf(session);
-    port.SetProgress(0);
+    port.Status.SetProgress(0);
     WaitSeconds(session, kPause);
     if (session.Quitting) return std::nullopt;
     StartProgress(session, input, display);
@@ -104,9 +104,9 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
 
     ShowStrengthLine(session);
     if (session.Settings.CalculationOn == 1)
-        port.SetSearchLine(display.BestText +
-                           "   Time: " + TimeString(ElapsedSeconds(startTime, WholeSeconds(session))) +
-                           "\nMain: " + session.MainLineText);
+        port.Status.SetSearchLine(display.BestText +
+                                  "   Time: " + TimeString(ElapsedSeconds(startTime, WholeSeconds(session))) +
+                                  "\nMain: " + session.MainLineText);
     // Time that has run out is no cancel; after a cancel the computer's game against itself ends.
     if (session.Pos.StopFlag == kStopTime) {
         session.Pos.StopFlag = 0;
@@ -114,7 +114,7 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
     }
     SortCandidates(session);
     if (session.PlayMode != kComputerComputer) ShowCandidates(session, session.RootMoves[0].From);
-    port.SetStatusText(1, "");
+    port.Status.SetStatusText(1, "");
     return result.BestDepth;
 }
 
@@ -136,11 +136,11 @@ bool AnnounceMove(Session& session) {
         SetGameResult(session, GameResult::FromBoard);
         session.GameOver = true;
         UpdateRating(session, 0);
-        session.Port.SetStatusText(1, "Computer wins!");
+        session.Port.Status.SetStatusText(1, "Computer wins!");
         return true;
     }
     if (losing || winning) {
-        session.Port.SetStatusText(1, ForcedEndText(session, session.LastScore));
+        session.Port.Status.SetStatusText(1, ForcedEndText(session, session.LastScore));
         session.MateAnnounced = true;
     }
     return false;
@@ -169,7 +169,7 @@ void PlayMove(Session& session, const ThinkingDisplay& display, Long bestDepth) 
     if (!won) return;
     SetGameResult(session, GameResult::FromBoard);
     WaitSeconds(session, kPause);
-    session.Port.SetProgress(display.ProgressMaximum);
+    session.Port.Status.SetProgress(display.ProgressMaximum);
     ShowMessage(session, "Computer wins!" + session.RatingNote, "Congratulations", MessageKind::Exclamation);
 }
 
@@ -193,7 +193,7 @@ void MaybeAskForDraw(Session& session) {
     if (!(chance < 0.1 || standsStill) || session.LastScore >= 30000 || session.MateAnnounced) return;
     session.LastDrawAsk = tree.TreeIndex;
     WaitSeconds(session, kPause);
-    if (session.Quitting || !session.Port.AskYesNo("How about a draw?", "Question")) return;
+    if (session.Quitting || !session.Port.Dialogs.AskYesNo("How about a draw?", "Question")) return;
     SetGameResult(session, GameResult::Draw);
     session.GameOver = true;
     AnnounceResult(session, "It's a draw!", 0.5);

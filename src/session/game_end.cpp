@@ -121,7 +121,7 @@ void CheckGameEnd(Session& session) {
     if (session.Quitting) return;
     session.GameOver = true;
     DisableGameCommands(session);
-    session.Port.SetListEnabled(ListId::List2, false);
+    session.Port.Lists.SetListEnabled(ListId::List2, false);
     DrawBoard(session, 0);
 
     if (session.Search.NoMovesDraw) {
@@ -168,12 +168,12 @@ void ShowDrawMessage(Session& session) {
     case 4: text += "3 Kings versus 1 King"; break;
     default: text += "2 Kings versus 1 King"; break;
     }
-    session.Port.SetStatusText(1, text);
+    session.Port.Status.SetStatusText(1, text);
     ShowMessage(session, text + session.RatingNote, "Congratulations", MessageKind::Exclamation);
 }
 
 void AnnounceResult(Session& session, const std::string& text, double score) {
-    session.Port.SetStatusText(1, text);
+    session.Port.Status.SetStatusText(1, text);
     UpdateRating(session, score);
     ShowMessage(session, text + session.RatingNote, "Congratulations", MessageKind::Exclamation);
 }
@@ -187,7 +187,7 @@ bool WinnerIsUser(const Session& session, Long winner) {
 void DisableGameCommands(Session& session) {
     for (Command command : {Command::Compute, Command::Analyze, Command::Offerdraw, Command::Resign, Command::Hint,
                             Command::mnu_Play_Ccomputer})
-        session.Port.SetCommandEnabled(command, false);
+        session.Port.Commands.SetCommandEnabled(command, false);
 }
 
 void OfferDraw(Session& session) {
@@ -199,7 +199,7 @@ void OfferDraw(Session& session) {
     ShowMessage(session, "OK... It's a draw!" + session.RatingNote, "Congratulations", MessageKind::Exclamation);
     SetGameResult(session, GameResult::Draw);
     session.GameOver = true;
-    session.Port.SetStatusText(1, "It's a draw!");
+    session.Port.Status.SetStatusText(1, "It's a draw!");
     DisableGameCommands(session);
 }
 
@@ -208,7 +208,7 @@ void Resign(Session& session) {
     ShowMessage(session, "OK... Computer wins!" + session.RatingNote, "Congratulations", MessageKind::Exclamation);
     session.GameOver = true;
     SetGameResult(session, GameResult::FromBoard);
-    session.Port.SetStatusText(1, "Computer wins!");
+    session.Port.Status.SetStatusText(1, "Computer wins!");
     DisableGameCommands(session);
 }
 

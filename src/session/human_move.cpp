@@ -57,16 +57,16 @@ bool MakeOrRefuse(Session& session, const std::string& key) {
         return false;
     }
     DrawBoard(session, 0);
-    session.Port.SetControlEnabled(Control::Text2, false);
+    session.Port.Fields.SetControlEnabled(Control::Text2, false);
     ShowMessage(session, "Illegal move", "Error", MessageKind::Exclamation);
-    session.Port.SetControlEnabled(Control::Text2, true);
+    session.Port.Fields.SetControlEnabled(Control::Text2, true);
     return false;
 }
 
 void LetComputerReply(Session& session) {
-    session.Port.SetStatusText(1, "");
+    session.Port.Status.SetStatusText(1, "");
     session.Busy = true;
-    session.Port.SetControlEnabled(Control::mnu_Board1, false);
+    session.Port.Fields.SetControlEnabled(Control::mnu_Board1, false);
     ThinkComputerMove(session);
     session.Busy = false;
 }
@@ -74,8 +74,8 @@ void LetComputerReply(Session& session) {
 /// What comes after the move of a person, when the game goes on.
 void GoOnAfterMove(Session& session, MovePath path) {
     if (session.PlayMode == kPlayerPlayer) {
-        session.Port.SetStatusText(1, "Player-Player mode");
-        session.Port.SetProgress(0);
+        session.Port.Status.SetStatusText(1, "Player-Player mode");
+        session.Port.Status.SetProgress(0);
         CheckGameEnd(session);
         if (!session.Quitting) RefreshLegalMoves(session);
     } else if (path == MovePath::CandidateList) {
@@ -92,14 +92,14 @@ void CommitHumanMove(Session& session, MovePath path) {
     Position& position = session.Pos;
     GameTree& tree = position.Tree;
 
-    port.SetSearchLine("no calculation");
-    port.SetStatusText(1, "");
-    if (path != MovePath::CandidateList) port.SetListEnabled(ListId::List3, false);
+    port.Status.SetSearchLine("no calculation");
+    port.Status.SetStatusText(1, "");
+    if (path != MovePath::CandidateList) port.Lists.SetListEnabled(ListId::List3, false);
     session.GameTouched = true;
-    port.SetCommandEnabled(Command::Moveback, true);
-    port.SetCommandEnabled(Command::First, true);
-    port.SetCommandEnabled(Command::MoveForward, false);
-    port.SetCommandEnabled(Command::Last, false);
+    port.Commands.SetCommandEnabled(Command::Moveback, true);
+    port.Commands.SetCommandEnabled(Command::First, true);
+    port.Commands.SetCommandEnabled(Command::MoveForward, false);
+    port.Commands.SetCommandEnabled(Command::Last, false);
     session.ResultText.clear();
 
     HalfMoveEntry entry;
@@ -153,38 +153,38 @@ std::string RefusedMoveText(const Session& session, const std::string& text) {
 
 void SubmitTypedMove(Session& session) {
     if (session.Busy || session.GameOver) return;
-    const std::string text = session.Port.GetText(Control::Text2);
-    session.Port.SetText(Control::Text2, "");
+    const std::string text = session.Port.Fields.GetText(Control::Text2);
+    session.Port.Fields.SetText(Control::Text2, "");
     if (MakeOrRefuse(session, MoveKeyOfTypedText(session, text))) CommitHumanMove(session, MovePath::Typed);
 }
 
 void ClickLegalMove(Session& session) {
     UiPort& port = session.Port;
     if (session.Busy || session.GameOver) return;
-    const Long selected = port.ListSelected(ListId::List2);
-    if (selected < 0 || selected >= port.ListCount(ListId::List2)) return;
-    std::string line = port.ListText(ListId::List2, selected);
+    const Long selected = port.Lists.ListSelected(ListId::List2);
+    if (selected < 0 || selected >= port.Lists.ListCount(ListId::List2)) return;
+    std::string line = port.Lists.ListText(ListId::List2, selected);
     // The book mark behind a move of two squares or of one.
     if (line.size() == 6 || line.size() == 3) line.pop_back();
-    port.SetText(Control::Text2, "");
+    port.Fields.SetText(Control::Text2, "");
     if (!MakeOrRefuse(session, MoveKeyOfTypedText(session, line))) return;
-    port.ListClear(ListId::List2);
-    port.FocusList(ListId::List2);
+    port.Lists.ListClear(ListId::List2);
+    port.Lists.FocusList(ListId::List2);
     CommitHumanMove(session, MovePath::LegalList);
 }
 
 void ClickCandidateMove(Session& session) {
     UiPort& port = session.Port;
     if (session.Busy || session.Pos.Tree.TreeIndex == 0) return;
-    const Long selected = port.ListSelected(ListId::List3);
-    if (selected < 0 || selected >= port.ListCount(ListId::List3)) return;
+    const Long selected = port.Lists.ListSelected(ListId::List3);
+    if (selected < 0 || selected >= port.Lists.ListCount(ListId::List3)) return;
     const RootMove candidate = session.RootMoves[selected];
     if (candidate.From == kNotFilled) return;
     GoToMove(session, 1, true, false);
     const std::string key =
         SquareText(session, candidate.From, Padding::Blank) + SquareText(session, candidate.To, Padding::Blank);
     if (!MakeOrRefuse(session, UpperCase(key))) return;
-    port.SetListEnabled(ListId::List3, true);
+    port.Lists.SetListEnabled(ListId::List3, true);
     CommitHumanMove(session, MovePath::CandidateList);
 }
 

@@ -73,20 +73,20 @@ std::string MoveKeyOfCell(const std::string& cell, bool placement) {
 void RefreshLegalMoves(Session& session) {
     Position& position = session.Pos;
     GenerateLegalMoves(position);
-    session.Port.ListClear(ListId::List2);
+    session.Port.Lists.ListClear(ListId::List2);
     if (EndOnGeneratorFault(session)) return;
     for (Long slot = position.Tree.PlyFirstMove[position.Tree.Ply]; slot < position.Tree.NextMoveSlot; ++slot) {
         DisplayMove(session, slot);
-        session.Port.ListAdd(ListId::List2, session.MoveText.MoveTextShown);
+        session.Port.Lists.ListAdd(ListId::List2, session.MoveText.MoveTextShown);
     }
 }
 
 void ShowCandidates(Session& session, Long first) {
     if (first == 0 || first == kNotFilled) return;
-    session.Port.ListClear(ListId::List3);
+    session.Port.Lists.ListClear(ListId::List3);
     for (const RootMove& move : session.RootMoves) {
         if (move.From == kNotFilled) break;
-        session.Port.ListAdd(ListId::List3, CandidateLine(session, move));
+        session.Port.Lists.ListAdd(ListId::List3, CandidateLine(session, move));
     }
 }
 
@@ -94,16 +94,16 @@ void RewriteGameTexts(Session& session, Byte newNotation) {
     const Position& position = session.Pos;
     Byte to = TextNotation(newNotation, position);
     Byte from = TextNotation(static_cast<Byte>(1 - newNotation), position);
-    Long selected = session.Port.ListSelected(ListId::List1);
-    session.Port.ListClear(ListId::List1);
+    Long selected = session.Port.Lists.ListSelected(ListId::List1);
+    session.Port.Lists.ListClear(ListId::List1);
     for (Long halfMove = 1; halfMove <= session.Record.LastMoveIndex; ++halfMove) {
         std::string& cell = session.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)];
         if (cell.empty()) break;
         bool placement = session.Record.MoveHistory[halfMove].From == kOffBoard;
         cell = RewrittenCell(cell, placement, from, to, position);
-        session.Port.ListAdd(ListId::List1, GameLine(halfMove, ShownTextOfCell(cell, placement)));
+        session.Port.Lists.ListAdd(ListId::List1, GameLine(halfMove, ShownTextOfCell(cell, placement)));
     }
-    if (selected < session.Port.ListCount(ListId::List1)) session.Port.ListSelect(ListId::List1, selected);
+    if (selected < session.Port.Lists.ListCount(ListId::List1)) session.Port.Lists.ListSelect(ListId::List1, selected);
     session.Settings.Notation = newNotation;
 }
 

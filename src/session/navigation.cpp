@@ -16,17 +16,17 @@ namespace tavlon12 {
 namespace {
 
 void EnableCommands(Session& session, std::initializer_list<Command> commands, bool on) {
-    for (Command command : commands) session.Port.SetCommandEnabled(command, on);
+    for (Command command : commands) session.Port.Commands.SetCommandEnabled(command, on);
 }
 
 void EmptyCandidateList(Session& session) {
-    session.Port.ListClear(ListId::List3);
+    session.Port.Lists.ListClear(ListId::List3);
 }
 
 /// The line of the position on the board, none at the start of the game.
 void SelectLine(Session& session) {
     Long line = session.Pos.Tree.TreeIndex - 1;
-    if (line < session.Port.ListCount(ListId::List1)) session.Port.ListSelect(ListId::List1, line);
+    if (line < session.Port.Lists.ListCount(ListId::List1)) session.Port.Lists.ListSelect(ListId::List1, line);
 }
 
 void SetRootMaterial(Session& session) {
@@ -72,7 +72,7 @@ bool RemakeHalfMove(Session& session) {
     if (next > record.LastMoveIndex) return false;
     bool placement = record.MoveHistory[next].From == kOffBoard;
     std::string key = MoveKeyOfCell(record.GameRows[RowOfHalfMove(next)][TextColumn(next)], placement);
-    session.Port.SetText(Control::Text1, record.MoveComments[next]);
+    session.Port.Fields.SetText(Control::Text1, record.MoveComments[next]);
     SetRootMaterial(session);
     session.TouchedCell = 0;
     if (!InputMove(session, UpperCase(key))) return false;
@@ -104,20 +104,20 @@ void ShowForwardPosition(Session& session) {
     DrawBoard(session, 0);
     SelectLine(session);
     bool atResult = !session.ResultShown.empty() && session.Pos.Tree.TreeIndex == session.Record.LastMoveIndex;
-    session.Port.SetStatusText(1, atResult ? session.ResultShown : "");
-    session.Port.SetProgress(0);
+    session.Port.Status.SetStatusText(1, atResult ? session.ResultShown : "");
+    session.Port.Status.SetProgress(0);
     if (session.Pos.Tree.TreeIndex > 0) EnableCommands(session, {Command::Moveback, Command::First}, true);
     RebuildDrawReason(session);
     CheckGameEnd(session);
 }
 
 void EnableRunningGame(Session& session) {
-    session.Port.SetStatusText(1, "");
-    session.Port.SetProgress(0);
+    session.Port.Status.SetStatusText(1, "");
+    session.Port.Status.SetProgress(0);
     EnableCommands(session, {Command::Compute, Command::Analyze, Command::MoveForward, Command::Last}, true);
     if (session.PlayMode != kPlayerPlayer) EnableCommands(session, {Command::Offerdraw, Command::Resign}, true);
     EnableCommands(session, {Command::Hint, Command::mnu_Play_Ccomputer}, true);
-    session.Port.SetListEnabled(ListId::List2, true);
+    session.Port.Lists.SetListEnabled(ListId::List2, true);
 }
 
 void GoBackward(Session& session, Long count, bool silent) {
@@ -133,13 +133,13 @@ void GoBackward(Session& session, Long count, bool silent) {
         }
         SwapNamesOfComputerGame(session);
     }
-    if (!silent) session.Port.SetSearchLine("no calculation");
+    if (!silent) session.Port.Status.SetSearchLine("no calculation");
     UpdatePlayerLabels(session);
     DrawBoard(session, 0);
     session.PredictedFrom = session.PredictedTo = 0;
     session.DrawReason = 0;
     if (silent) return;
-    session.Port.SetText(Control::Text1, session.Record.MoveComments[tree.TreeIndex]);
+    session.Port.Fields.SetText(Control::Text1, session.Record.MoveComments[tree.TreeIndex]);
     if (tree.TreeIndex == 0) EnableCommands(session, {Command::First, Command::Moveback}, false);
     EnableRunningGame(session);
 }
@@ -153,7 +153,7 @@ void GoForwardBy(Session& session, Long count, bool silent) {
         RebuildDrawReason(session);
         return;
     }
-    session.Port.SetSearchLine("no calculation");
+    session.Port.Status.SetSearchLine("no calculation");
     ShowForwardPosition(session);
     DisableForwardAtEnd(session);
 }
@@ -161,7 +161,7 @@ void GoForwardBy(Session& session, Long count, bool silent) {
 void LockAll(Session& session, bool on) {
     for (Control control : {Control::mnuGame, Control::mnuPlay, Control::mnu_Board1, Control::view, Control::Help,
                             Control::Text2, Control::Toolbar1}) {
-        session.Port.SetControlEnabled(control, on);
+        session.Port.Fields.SetControlEnabled(control, on);
     }
 }
 
@@ -170,7 +170,7 @@ void LockAll(Session& session, bool on) {
 void GoToMove(Session& session, Long count, bool keepCandidates, bool silent) {
     session.RateableGame = false;
     if (!keepCandidates) ClearCandidates(session);
-    if (!silent) session.Port.SetListEnabled(ListId::List3, false);
+    if (!silent) session.Port.Lists.SetListEnabled(ListId::List3, false);
     if (count > 0) {
         GoBackward(session, count, silent);
     } else {
@@ -182,8 +182,8 @@ void GoToMove(Session& session, Long count, bool keepCandidates, bool silent) {
 
 void StepForward(Session& session) {
     if (!RemakeHalfMove(session)) return;
-    session.Port.SetListEnabled(ListId::List3, false);
-    session.Port.SetSearchLine("no calculation");
+    session.Port.Lists.SetListEnabled(ListId::List3, false);
+    session.Port.Status.SetSearchLine("no calculation");
     SwapNamesOfComputerGame(session);
     ShowForwardPosition(session);
     RefreshLegalMoves(session);
@@ -211,14 +211,14 @@ void GoForward(Session& session) {
 
 void GoLast(Session& session) {
     if (session.Busy) return;
-    Long count = session.Pos.Tree.TreeIndex - session.Port.ListCount(ListId::List1);
+    Long count = session.Pos.Tree.TreeIndex - session.Port.Lists.ListCount(ListId::List1);
     EmptyCandidateList(session);
     if (count != 0) GoToMove(session, count, false, false);
 }
 
 void GoToSelectedLine(Session& session) {
     if (session.Busy) return;
-    Long line = session.Port.ListSelected(ListId::List1);
+    Long line = session.Port.Lists.ListSelected(ListId::List1);
     EmptyCandidateList(session);
     if (line < 0) return; // a press beside the lines
     Long count = session.Pos.Tree.TreeIndex - line - 1;
@@ -242,7 +242,7 @@ void CommentKey(Session& session) {
     const GameTree& tree = session.Pos.Tree;
     // While the computer thinks the index counts its line too.
     Long index = session.Busy ? tree.TreeIndex - tree.Ply : tree.TreeIndex;
-    session.Record.MoveComments[index] = session.Port.GetText(Control::Text1);
+    session.Record.MoveComments[index] = session.Port.Fields.GetText(Control::Text1);
 }
 
 void LockCommands(Session& session) {
@@ -256,8 +256,8 @@ void UnlockCommands(Session& session) {
 void ForgetFuture(Session& session) {
     GameRecord& record = session.Record;
     Long index = session.Pos.Tree.TreeIndex;
-    for (Long line = session.Port.ListCount(ListId::List1) - 1; line >= index; --line) {
-        session.Port.ListRemove(ListId::List1, line);
+    for (Long line = session.Port.Lists.ListCount(ListId::List1) - 1; line >= index; --line) {
+        session.Port.Lists.ListRemove(ListId::List1, line);
     }
     for (Long halfMove = index + 1; halfMove <= record.LastMoveIndex; ++halfMove) {
         record.MoveComments[halfMove].clear();

@@ -8,7 +8,7 @@ namespace tavlon12 {
 
 void NewGame(Session& session) {
     if (session.Busy) return;
-    if (session.GameTouched && !session.Port.AskYesNo("Quit current game?", "Confirmation")) return;
+    if (session.GameTouched && !session.Port.Dialogs.AskYesNo("Quit current game?", "Confirmation")) return;
 
     Position& position = session.Pos;
     position.CustomSetup = false;
@@ -19,17 +19,18 @@ void NewGame(Session& session) {
 
     ShowVariantName(session);
     position.Tree.SideToMove = position.Rules.BlackStarts == 1 ? kBlack : kWhite;
-    session.Port.SetStatusText(1, SideToMoveText(position));
+    session.Port.Status.SetStatusText(1, SideToMoveText(position));
     position.Tree.PlyMaterial[0] = position.Tree.GameMaterial[0] = position.PieceSum * 100;
     RefreshLegalMoves(session);
-    session.Port.ListClear(ListId::List3);
+    session.Port.Lists.ListClear(ListId::List3);
     DrawBoard(session, 0);
-    if (session.Settings.UseSound == 1) session.Port.PlaySound(session.ProgramFolder / "sounds" / "roll.wav");
+    if (session.Settings.UseSound == 1) session.Port.Files.PlaySound(session.ProgramFolder / "sounds" / "roll.wav");
 }
 
 bool CloseRequested(Session& session) {
     if (session.Quitting) return true;
-    if (session.Settings.AskExit == 1 && !session.Port.AskYesNo("Are you sure you want to exit?", "Confirmation")) {
+    if (session.Settings.AskExit == 1 &&
+        !session.Port.Dialogs.AskYesNo("Are you sure you want to exit?", "Confirmation")) {
         return false;
     }
     session.Quitting = true;

@@ -13,9 +13,9 @@ namespace {
 /// One of the three notations has the check mark.
 void ShowNotation(Session& session, Byte notation) {
     session.Settings.Notation = notation;
-    session.Port.SetCommandChecked(Command::Nonotation, notation == kNoLabels);
-    session.Port.SetCommandChecked(Command::mnu_Board_Notation_Chess, notation == kAlgebraic);
-    session.Port.SetCommandChecked(Command::mnu_Board_Notation_Checkers, notation == kNumeric);
+    session.Port.Commands.SetCommandChecked(Command::Nonotation, notation == kNoLabels);
+    session.Port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Chess, notation == kAlgebraic);
+    session.Port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Checkers, notation == kNumeric);
     DrawBoard(session, 0);
 }
 
@@ -32,9 +32,9 @@ void ChangeTexts(Session& session, Byte notation) {
 
 void ComputeCommand(Session& session) {
     if (session.GameOver || session.Busy) return;
-    session.Port.SetStatusText(1, "");
+    session.Port.Status.SetStatusText(1, "");
     session.Busy = true;
-    session.Port.SetControlEnabled(Control::mnu_Board1, false);
+    session.Port.Fields.SetControlEnabled(Control::mnu_Board1, false);
     if (NameToMove(session) != kComputerName && !GameIsFull(session)) SwapNamesOfComputerGame(session);
     UpdatePlayerLabels(session);
     ThinkComputerMove(session);
@@ -44,7 +44,7 @@ void ComputeCommand(Session& session) {
 void CancelCommand(Session& session) {
     if (!session.SearchStarted) return;
     session.Pos.StopFlag = kStopCancel;
-    session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
+    session.Port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, false);
 }
 
 void TurnBoard(Session& session) {
@@ -55,8 +55,8 @@ void TurnBoard(Session& session) {
 void ToggleCalculation(Session& session) {
     session.Settings.CalculationOn = 1 - session.Settings.CalculationOn;
     const bool on = session.Settings.CalculationOn == 1;
-    session.Port.SetCommandChecked(Command::calculation, on);
-    if (!on) session.Port.SetSearchLine("no calculation");
+    session.Port.Commands.SetCommandChecked(Command::calculation, on);
+    if (!on) session.Port.Status.SetSearchLine("no calculation");
 }
 
 void ShowNumericNotation(Session& session) {

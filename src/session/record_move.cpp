@@ -13,8 +13,8 @@ void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
 
     ForgetFuture(session);
     // After going back the line of the half-move that is replaced still stands.
-    for (Long count = port.ListCount(ListId::List1); count >= halfMove; --count)
-        port.ListRemove(ListId::List1, count - 1);
+    for (Long count = port.Lists.ListCount(ListId::List1); count >= halfMove; --count)
+        port.Lists.ListRemove(ListId::List1, count - 1);
 
     record.MoveHistory[halfMove] = entry.Move;
     record.MoveHistory[halfMove + 1].From = 0;
@@ -33,13 +33,13 @@ void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
         halfMove % 2 == 0 && std::string_view(entry.Kind) == kByPerson && row[KindColumn(halfMove - 1)] == kByComputer;
     if (!answersComputer) row[kStrengthColumn] = entry.Depth;
 
-    port.ListAdd(ListId::List1, GameLine(halfMove, session.MoveText.MoveTextShown));
-    port.SetText(Control::Text1, "");
-    port.ListSelect(ListId::List1, halfMove - 1);
+    port.Lists.ListAdd(ListId::List1, GameLine(halfMove, session.MoveText.MoveTextShown));
+    port.Fields.SetText(Control::Text1, "");
+    port.Lists.ListSelect(ListId::List1, halfMove - 1);
 }
 
 void PlayMoveSound(Session& session) {
-    if (session.Settings.UseSound == 1) session.Port.PlaySound(session.ProgramFolder / "sounds" / "click.wav");
+    if (session.Settings.UseSound == 1) session.Port.Files.PlaySound(session.ProgramFolder / "sounds" / "click.wav");
 }
 
 } // namespace tavlon12

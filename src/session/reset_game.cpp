@@ -99,44 +99,44 @@ void SetNames(Session& session) {
 
 void ShowFreshGame(Session& session) {
     UiPort& port = session.Port;
-    port.SetStatusText(1, SideToMoveText(session.Pos));
-    port.SetSearchLine("no calculation");
-    port.SetText(Control::Text1, "");
-    port.SetStatusText(3, session.BookStatusText);
-    port.SetListEnabled(ListId::List3, false);
+    port.Status.SetStatusText(1, SideToMoveText(session.Pos));
+    port.Status.SetSearchLine("no calculation");
+    port.Fields.SetText(Control::Text1, "");
+    port.Status.SetStatusText(3, session.BookStatusText);
+    port.Lists.SetListEnabled(ListId::List3, false);
     for (Command command : {Command::Analyze, Command::Compute, Command::mnu_Play_Ccomputer}) {
-        port.SetCommandEnabled(command, true);
+        port.Commands.SetCommandEnabled(command, true);
     }
-    port.SetListEnabled(ListId::List2, true);
+    port.Lists.SetListEnabled(ListId::List2, true);
     for (Command command : {Command::Moveback, Command::First, Command::MoveForward, Command::Last}) {
-        port.SetCommandEnabled(command, false);
+        port.Commands.SetCommandEnabled(command, false);
     }
-    port.SetProgress(0);
-    port.ListClear(ListId::List1);
+    port.Status.SetProgress(0);
+    port.Lists.ListClear(ListId::List1);
     if (session.PlayMode == kPlayerComputer) {
-        port.SetCommandEnabled(Command::Offerdraw, true);
-        port.SetCommandEnabled(Command::Resign, true);
+        port.Commands.SetCommandEnabled(Command::Offerdraw, true);
+        port.Commands.SetCommandEnabled(Command::Resign, true);
     }
-    if (session.PlayMode != kComputerComputer) port.SetCommandEnabled(Command::Hint, true);
+    if (session.PlayMode != kComputerComputer) port.Commands.SetCommandEnabled(Command::Hint, true);
 }
 
 /// A board that is played on all squares has no numbers.
 void LeaveNumericNotation(Session& session) {
     if (session.Pos.Rules.PiecesOnBlack != 2 || session.Settings.Notation == kAlgebraic) return;
     session.Settings.Notation = kAlgebraic;
-    session.Port.SetCommandChecked(Command::mnu_Board_Notation_Chess, true);
-    session.Port.SetCommandChecked(Command::mnu_Board_Notation_Checkers, false);
-    session.Port.SetCommandChecked(Command::Nonotation, false);
+    session.Port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Chess, true);
+    session.Port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Checkers, false);
+    session.Port.Commands.SetCommandChecked(Command::Nonotation, false);
 }
 
 } // namespace
 
 bool ResetGame(Session& session) {
     Position& position = session.Pos;
-    session.Search.Random.seed(static_cast<std::mt19937::result_type>(std::llround(session.Port.Clock() * 1000)));
+    session.Search.Random.seed(static_cast<std::mt19937::result_type>(std::llround(session.Port.Time.Clock() * 1000)));
     if (!position.CustomSetup && !BuildPosition(session)) return false;
 
-    session.Port.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion));
+    session.Port.Status.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion));
     ShowVariantName(session);
     BuildEvaluationTables(position, session.Search.Tables);
     ClearPosition(position);
@@ -146,7 +146,7 @@ bool ResetGame(Session& session) {
     RefreshLegalMoves(session);
     if (position.Fault.Passed()) return false;
     SetNames(session);
-    session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
+    session.Port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, false);
     LeaveNumericNotation(session);
     return true;
 }

@@ -14,19 +14,19 @@ void ShowCounts(Session& session) {
     PieceCensus census = CountPieces(position.Board);
     session.EqualKingsOnly = census.WhiteSum == census.BlackSum && !census.AnyMan;
     bool blackFirst = position.Rules.BlackStarts == 1;
-    session.Port.SetText(Control::Label5, std::to_string(blackFirst ? census.BlackSum : census.WhiteSum));
-    session.Port.SetText(Control::Label6, std::to_string(blackFirst ? census.WhiteSum : census.BlackSum));
+    session.Port.Fields.SetText(Control::Label5, std::to_string(blackFirst ? census.BlackSum : census.WhiteSum));
+    session.Port.Fields.SetText(Control::Label6, std::to_string(blackFirst ? census.WhiteSum : census.BlackSum));
     if (position.Rules.canContract != 1) return;
-    session.Port.SetText(Control::Label12, std::to_string(position.Tree.BlackOffBoard));
-    session.Port.SetText(Control::Label14, std::to_string(position.Tree.WhiteOffBoard));
+    session.Port.Fields.SetText(Control::Label12, std::to_string(position.Tree.BlackOffBoard));
+    session.Port.Fields.SetText(Control::Label14, std::to_string(position.Tree.WhiteOffBoard));
 }
 
 /// Announcements and results in panel 1 stay until the logic itself clears them.
 void ShowSideToMove(Session& session) {
     std::string text = SideToMoveText(session.Pos);
-    std::string shown = session.Port.GetStatusText(1);
+    std::string shown = session.Port.Status.GetStatusText(1);
     if (shown != text && (shown.empty() || shown == kWhiteMoves || shown == kBlackMoves)) {
-        session.Port.SetStatusText(1, text);
+        session.Port.Status.SetStatusText(1, text);
     }
 }
 
@@ -61,7 +61,7 @@ Long ViewOfCell(Long cell, Long boardTurned) {
 }
 
 void DrawBoard(Session& session, int overlay) {
-    session.Port.PaintBoard(overlay);
+    session.Port.Board.PaintBoard(overlay);
     ShowCounts(session);
     UpdatePlayerLabels(session);
 }
@@ -70,18 +70,18 @@ void RedrawFromSquares(Session& session) {
     const GameTree& tree = session.Pos.Tree;
     for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.PlyFirstMove[tree.Ply + 1]; ++slot) {
         Long from = session.Pos.Moves[slot].From;
-        if (from != kOffBoard) session.Port.ShowSquare(ViewOfCell(from, session.Settings.BoardTurned));
+        if (from != kOffBoard) session.Port.Board.ShowSquare(ViewOfCell(from, session.Settings.BoardTurned));
     }
 }
 
 void UpdatePlayerLabels(Session& session) {
     UiPort& port = session.Port;
     bool blackFirst = session.Pos.Rules.BlackStarts == 1;
-    port.SetText(Control::Label3, blackFirst ? "Black" : "White");
-    port.SetText(Control::Label4, blackFirst ? "White" : "Black");
-    port.SetText(Control::Label1, session.BlackPlayerName);
-    port.SetText(Control::Label2, session.WhitePlayerName);
-    port.MarkPlayerToMove((session.Pos.Tree.SideToMove == kBlack) == blackFirst);
+    port.Fields.SetText(Control::Label3, blackFirst ? "Black" : "White");
+    port.Fields.SetText(Control::Label4, blackFirst ? "White" : "Black");
+    port.Fields.SetText(Control::Label1, session.BlackPlayerName);
+    port.Fields.SetText(Control::Label2, session.WhitePlayerName);
+    port.Fields.MarkPlayerToMove((session.Pos.Tree.SideToMove == kBlack) == blackFirst);
     ShowSideToMove(session);
 }
 
@@ -96,7 +96,7 @@ std::string ShownVariantName(const Position& position) {
 }
 
 void ShowVariantName(Session& session) {
-    session.Port.SetText(Control::Label8, ShownVariantName(session.Pos));
+    session.Port.Fields.SetText(Control::Label8, ShownVariantName(session.Pos));
 }
 
 void ShowStrengthLine(Session& session) {
@@ -107,7 +107,7 @@ void ShowStrengthLine(Session& session) {
     } else {
         text += "   Time:" + Str(limits.TimeLimit) + " sec";
     }
-    session.Port.SetStrengthLine(text);
+    session.Port.Status.SetStrengthLine(text);
 }
 
 std::string SideToMoveText(const Position& position) {
@@ -115,11 +115,11 @@ std::string SideToMoveText(const Position& position) {
 }
 
 void ShowMessage(Session& session, const std::string& text, const std::string& title, MessageKind kind) {
-    if (!session.Quitting) session.Port.ShowMessage(text, title, kind);
+    if (!session.Quitting) session.Port.Dialogs.ShowMessage(text, title, kind);
 }
 
 void WaitSeconds(Session& session, double seconds) {
-    if (!session.Quitting) session.Port.Wait(seconds);
+    if (!session.Quitting) session.Port.Time.Wait(seconds);
 }
 
 void FatalEnd(Session& session) {

@@ -22,17 +22,17 @@ void AdoptSettings(Session& session) {
 void ShowSettings(Session& session) {
     UiPort& port = session.Port;
     bool twoPersons = session.PlayMode == kPlayerPlayer;
-    port.SetCommandChecked(Command::Cplayer, !twoPersons);
-    port.SetCommandChecked(Command::Pplayer, twoPersons);
+    port.Commands.SetCommandChecked(Command::Cplayer, !twoPersons);
+    port.Commands.SetCommandChecked(Command::Pplayer, twoPersons);
     if (twoPersons) {
-        port.SetCommandEnabled(Command::Offerdraw, false);
-        port.SetCommandEnabled(Command::Resign, false);
+        port.Commands.SetCommandEnabled(Command::Offerdraw, false);
+        port.Commands.SetCommandEnabled(Command::Resign, false);
     }
     Byte notation = session.Settings.Notation;
-    port.SetCommandChecked(Command::mnu_Board_Notation_Chess, notation == kAlgebraic);
-    port.SetCommandChecked(Command::mnu_Board_Notation_Checkers, notation == kNumeric);
-    port.SetCommandChecked(Command::Nonotation, notation != kAlgebraic && notation != kNumeric);
-    port.SetCommandChecked(Command::calculation, session.Settings.CalculationOn == 1);
+    port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Chess, notation == kAlgebraic);
+    port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Checkers, notation == kNumeric);
+    port.Commands.SetCommandChecked(Command::Nonotation, notation != kAlgebraic && notation != kNumeric);
+    port.Commands.SetCommandChecked(Command::calculation, session.Settings.CalculationOn == 1);
 }
 
 } // namespace
@@ -43,10 +43,11 @@ bool StartUp(Session& session) {
     session.Search.LazyMargin = kFirstLazyMargin;
     AdoptSettings(session);
     ShowSettings(session);
-    session.Port.LoadSkin();
+    session.Port.Board.LoadSkin();
     if (session.Quitting) return false; // a skin that cannot be loaded ends the program
     if (!ResetGame(session)) return false;
-    session.Port.LayoutWindow(); // leaves the product line in panel 1, over the side to move, until the first move
+    session.Port.Board
+        .LayoutWindow(); // leaves the product line in panel 1, over the side to move, until the first move
     DrawBoard(session, 0);
     ShowStrengthLine(session);
     return true;

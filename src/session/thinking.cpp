@@ -42,7 +42,7 @@ std::string TimeString(Long seconds) {
 }
 
 Long WholeSeconds(const Session& session) {
-    return static_cast<Long>(std::floor(session.Port.Clock()));
+    return static_cast<Long>(std::floor(session.Port.Time.Clock()));
 }
 
 void DisplayMainVariant(Session& session) {
@@ -68,13 +68,13 @@ void DisplayMainVariant(Session& session) {
             session.PredictedTo = cell.To;
         }
     }
-    if (shown) session.Port.SetSearchLine(session.Port.GetSearchLine() + "\nMain: " + text);
+    if (shown) session.Port.Status.SetSearchLine(session.Port.Status.GetSearchLine() + "\nMain: " + text);
 }
 
 void ShutCommandsForThinking(Session& session) {
-    for (Command command : kAlwaysAfterThinking) session.Port.SetCommandEnabled(command, false);
-    for (Command command : kByStateAfterThinking) session.Port.SetCommandEnabled(command, false);
-    session.Port.SetCommandEnabled(Command::mnu_Play_Cancel, true);
+    for (Command command : kAlwaysAfterThinking) session.Port.Commands.SetCommandEnabled(command, false);
+    for (Command command : kByStateAfterThinking) session.Port.Commands.SetCommandEnabled(command, false);
+    session.Port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, true);
 }
 
 void OpenCommandsAfterThinking(Session& session) {
@@ -82,32 +82,32 @@ void OpenCommandsAfterThinking(Session& session) {
     const bool autoplay = session.PlayMode == kComputerComputer;
     if (!session.GameOver) {
         for (Command command : {Command::Compute, Command::mnu_Play_Ccomputer, Command::Analyze})
-            port.SetCommandEnabled(command, true);
+            port.Commands.SetCommandEnabled(command, true);
         if (!autoplay) {
-            port.SetCommandEnabled(Command::Hint, true);
-            port.SetListEnabled(ListId::List2, true);
+            port.Commands.SetCommandEnabled(Command::Hint, true);
+            port.Lists.SetListEnabled(ListId::List2, true);
         }
         if (session.PlayMode == kPlayerComputer) {
-            port.SetCommandEnabled(Command::Offerdraw, true);
-            port.SetCommandEnabled(Command::Resign, true);
+            port.Commands.SetCommandEnabled(Command::Offerdraw, true);
+            port.Commands.SetCommandEnabled(Command::Resign, true);
         }
     }
-    for (Command command : kAlwaysAfterThinking) port.SetCommandEnabled(command, true);
-    port.SetControlEnabled(Control::mnu_Board1, true);
+    for (Command command : kAlwaysAfterThinking) port.Commands.SetCommandEnabled(command, true);
+    port.Fields.SetControlEnabled(Control::mnu_Board1, true);
     if (!autoplay) {
-        port.SetListEnabled(ListId::List1, true);
-        if (session.RootMoves[0].From != kNotFilled) port.SetListEnabled(ListId::List3, true);
+        port.Lists.SetListEnabled(ListId::List1, true);
+        if (session.RootMoves[0].From != kNotFilled) port.Lists.SetListEnabled(ListId::List3, true);
     }
-    port.SetCommandEnabled(Command::mnu_Play_Cancel, false);
-    port.SetProgress(0);
+    port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, false);
+    port.Status.SetProgress(0);
 
     GameTree& tree = session.Pos.Tree;
     if (tree.TreeIndex > 0) {
-        port.SetCommandEnabled(Command::Moveback, true);
-        port.SetCommandEnabled(Command::First, true);
+        port.Commands.SetCommandEnabled(Command::Moveback, true);
+        port.Commands.SetCommandEnabled(Command::First, true);
     }
-    port.SetCommandEnabled(Command::MoveForward, false);
-    port.SetCommandEnabled(Command::Last, false);
+    port.Commands.SetCommandEnabled(Command::MoveForward, false);
+    port.Commands.SetCommandEnabled(Command::Last, false);
     session.Record.MoveHistory[tree.TreeIndex + 1].From = 0;
 }
 
@@ -129,15 +129,16 @@ void StartProgress(Session& session, const RootSearchInput& input, ThinkingDispl
     const Long depthLimit = session.Settings.Limits.DepthLimit;
     display.Progress = 0;
     display.ProgressMaximum = input.StopsByTime ? input.TimeLimit : depthLimit * MoveCount(session.Pos.Tree);
-    session.Port.SetProgressRange(0, display.ProgressMaximum);
-    session.Port.SetProgress(0);
+    session.Port.Status.SetProgressRange(0, display.ProgressMaximum);
+    session.Port.Status.SetProgress(0);
 }
 
 RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
     const auto showMove = [&session, &display](const std::string& iteration, Long slot) {
         DisplayMove(session, slot);
         if (session.Settings.CalculationOn == 1)
-            session.Port.SetStatusText(1, display.Verb + " (" + iteration + ")  " + session.MoveText.MoveTextPlain);
+            session.Port.Status.SetStatusText(1,
+                                              display.Verb + " (" + iteration + ")  " + session.MoveText.MoveTextPlain);
     };
 
     RootSearchHooks hooks;
@@ -150,13 +151,13 @@ RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
         DisplayMove(session, slot);
         display.BestText =
             "Depth:" + Str(iteration) + "   Best: " + session.MoveText.MoveTextPlain + "   Score:" + Str(score);
-        if (session.Settings.CalculationOn == 1) session.Port.SetSearchLine(display.BestText);
+        if (session.Settings.CalculationOn == 1) session.Port.Status.SetSearchLine(display.BestText);
         DisplayMainVariant(session);
     };
     if (session.Settings.Limits.FixedDepth == 1)
-        hooks.MoveFinished = [&session, &display] { session.Port.SetProgress(++display.Progress); };
+        hooks.MoveFinished = [&session, &display] { session.Port.Status.SetProgress(++display.Progress); };
     else
-        hooks.TimePassed = [&session](Long seconds) { session.Port.SetProgress(seconds); };
+        hooks.TimePassed = [&session](Long seconds) { session.Port.Status.SetProgress(seconds); };
     return hooks;
 }
 

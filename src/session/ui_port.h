@@ -76,22 +76,21 @@ enum class Command {
 };
 inline constexpr int kCommandCount = static_cast<int>(Command::mnu_Help_About) + 1;
 
-/// Everything that the logic asks of the screen. An operation that nobody filled does nothing. Texts are shown exactly
-/// as given; lists are counted from 0; -1 is no selection.
-struct UiPort {
+/// The status bar with its three panels, the progress bar, the two lines of the search and the window's title. An empty
+/// text clears a panel.
+struct StatusPort {
     std::function<void(int panel, const std::string& text)> SetStatusText = [](int, const std::string&) {};
     std::function<std::string(int panel)> GetStatusText = [](int) { return std::string(); };
-    std::function<void(const std::string& text, const std::string& title, MessageKind kind)> ShowMessage =
-        [](const std::string&, const std::string&, MessageKind) {};
-    std::function<bool(const std::string& text, const std::string& title)> AskYesNo =
-        [](const std::string&, const std::string&) { return true; };
-    std::function<void(const std::string& title)> SetWindowTitle = [](const std::string&) {};
     std::function<void(Long value)> SetProgress = [](Long) {};
     std::function<void(Long minimum, Long maximum)> SetProgressRange = [](Long, Long) {};
     std::function<void(const std::string& text)> SetSearchLine = [](const std::string&) {};
     std::function<std::string()> GetSearchLine = [] { return std::string(); };
     std::function<void(const std::string& text)> SetStrengthLine = [](const std::string&) {};
+    std::function<void(const std::string& title)> SetWindowTitle = [](const std::string&) {};
+};
 
+/// The three lists. Lines are counted from 0; -1 is no selection.
+struct ListPort {
     std::function<void(ListId)> ListClear = [](ListId) {};
     std::function<void(ListId, const std::string& line)> ListAdd = [](ListId, const std::string&) {};
     std::function<void(ListId, Long line)> ListRemove = [](ListId, Long) {};
@@ -101,32 +100,66 @@ struct UiPort {
     std::function<std::string(ListId, Long line)> ListText = [](ListId, Long) { return std::string(); };
     std::function<void(ListId, bool on)> SetListEnabled = [](ListId, bool) {};
     std::function<void(ListId)> FocusList = [](ListId) {};
+};
 
+/// Fields, labels, whole menus and the toolbar.
+struct FieldPort {
     std::function<void(Control, const std::string& text)> SetText = [](Control, const std::string&) {};
     std::function<std::string(Control)> GetText = [](Control) { return std::string(); };
     std::function<void(Control, bool on)> SetControlEnabled = [](Control, bool) {};
+    /// White on red for the player to move, `Label1` or `Label2`.
+    std::function<void(bool label1ToMove)> MarkPlayerToMove = [](bool) {};
+};
+
+/// Menu entries with their toolbar buttons.
+struct CommandPort {
     std::function<void(Command, bool on)> SetCommandEnabled = [](Command, bool) {};
     std::function<void(Command, bool on)> SetCommandChecked = [](Command, bool) {};
+};
 
-    std::function<void(const std::filesystem::path& file)> PlaySound = [](const std::filesystem::path&) {};
-    std::function<void(const std::string& address)> OpenDocument = [](const std::string&) {};
-
-    // The board
+/// The board. Views are places on the screen, 0 to 143 from the top left.
+struct BoardPort {
     std::function<void()> LayoutWindow = [] {}; ///< sizes and places everything for the skin and rules in force
     std::function<void()> LoadSkin = [] {};     ///< the skin named by `SkinName`; sets `SkinMode`
-    std::function<void(int overlay)> PaintBoard = [](int) {
-    }; ///< all squares and coordinates; overlay 1: square numbers too
+    /// All squares and coordinates; overlay 1: square numbers too.
+    std::function<void(int overlay)> PaintBoard = [](int) {};
     std::function<void(Long view)> ShowSquare = [](Long) {}; ///< one square with its piece, without a highlight box
     std::function<void(Long view)> DrawHighlightBox = [](Long) {};
-    std::function<void(bool label1ToMove)> MarkPlayerToMove = [](bool) {
-    }; ///< white on red for the player to move, `Label1` or `Label2`
+};
 
-    // Time and the event loop
+/// Time and the event loop.
+struct TimePort {
     std::function<double()> Clock = [] { return 0.0; }; ///< seconds since midnight
-    std::function<void(double seconds)> Wait = [](double) {
-    };                                   ///< lets the window live for that time, less when the search is to stop
+    /// Lets the window live for that time, less when the search is to stop.
+    std::function<void(double seconds)> Wait = [](double) {};
     std::function<void()> Yield = [] {}; ///< lets pending user events run
+};
 
+/// Sounds and documents.
+struct FilePort {
+    std::function<void(const std::filesystem::path& file)> PlaySound = [](const std::filesystem::path&) {};
+    std::function<void(const std::string& address)> OpenDocument = [](const std::string&) {};
+};
+
+/// Boxes that wait for the user.
+struct DialogPort {
+    std::function<void(const std::string& text, const std::string& title, MessageKind kind)> ShowMessage =
+        [](const std::string&, const std::string&, MessageKind) {};
+    std::function<bool(const std::string& text, const std::string& title)> AskYesNo =
+        [](const std::string&, const std::string&) { return true; };
+};
+
+/// Everything that the logic asks of the screen. An operation that nobody filled does nothing. Texts are shown exactly
+/// as given.
+struct UiPort {
+    StatusPort Status;
+    ListPort Lists;
+    FieldPort Fields;
+    CommandPort Commands;
+    BoardPort Board;
+    TimePort Time;
+    FilePort Files;
+    DialogPort Dialogs;
     std::function<void()> EndProgram = [] {}; ///< closes all windows without a question and ends the process
 };
 

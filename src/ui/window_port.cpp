@@ -107,75 +107,75 @@ void ConnectPort(MainWindow& window) {
     MainWindow* w = &window;
 
     auto panel = [w](int number) { return w->StatusPanels[static_cast<std::size_t>(number - 1)]; };
-    port.SetStatusText = [panel](int number, const std::string& text) { panel(number)->setText(Shown(text)); };
-    port.GetStatusText = [panel](int number) { return BytesOf(panel(number)->text()); };
-    port.ShowMessage = [w](const std::string& text, const std::string& title, MessageKind kind) {
+    port.Status.SetStatusText = [panel](int number, const std::string& text) { panel(number)->setText(Shown(text)); };
+    port.Status.GetStatusText = [panel](int number) { return BytesOf(panel(number)->text()); };
+    port.Dialogs.ShowMessage = [w](const std::string& text, const std::string& title, MessageKind kind) {
         Ask(*w, IconOf(kind), text, title, QMessageBox::Ok);
     };
-    port.AskYesNo = [w](const std::string& text, const std::string& title) {
+    port.Dialogs.AskYesNo = [w](const std::string& text, const std::string& title) {
         return Ask(*w, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
     };
-    port.SetWindowTitle = [w](const std::string& title) { w->setWindowTitle(Shown(title)); };
-    port.SetProgress = [w](Long value) { w->Progress->setValue(value); };
-    port.SetProgressRange = [w](Long minimum, Long maximum) { w->Progress->setRange(minimum, maximum); };
-    port.SetSearchLine = [w](const std::string& text) { w->Labels[9]->setText(Shown(text)); };
-    port.GetSearchLine = [w] { return BytesOf(w->Labels[9]->text()); };
-    port.SetStrengthLine = [w](const std::string& text) { w->Labels[7]->setText(Shown(text)); };
+    port.Status.SetWindowTitle = [w](const std::string& title) { w->setWindowTitle(Shown(title)); };
+    port.Status.SetProgress = [w](Long value) { w->Progress->setValue(value); };
+    port.Status.SetProgressRange = [w](Long minimum, Long maximum) { w->Progress->setRange(minimum, maximum); };
+    port.Status.SetSearchLine = [w](const std::string& text) { w->Labels[9]->setText(Shown(text)); };
+    port.Status.GetSearchLine = [w] { return BytesOf(w->Labels[9]->text()); };
+    port.Status.SetStrengthLine = [w](const std::string& text) { w->Labels[7]->setText(Shown(text)); };
 
-    port.ListClear = [w](ListId list) { w->ListOf(list).clear(); };
-    port.ListAdd = [w](ListId list, const std::string& line) { w->ListOf(list).addItem(Shown(line)); };
-    port.ListRemove = [w](ListId list, Long line) { delete w->ListOf(list).takeItem(line); };
-    port.ListCount = [w](ListId list) { return Long{w->ListOf(list).count()}; };
-    port.ListSelect = [w](ListId list, Long line) {
+    port.Lists.ListClear = [w](ListId list) { w->ListOf(list).clear(); };
+    port.Lists.ListAdd = [w](ListId list, const std::string& line) { w->ListOf(list).addItem(Shown(line)); };
+    port.Lists.ListRemove = [w](ListId list, Long line) { delete w->ListOf(list).takeItem(line); };
+    port.Lists.ListCount = [w](ListId list) { return Long{w->ListOf(list).count()}; };
+    port.Lists.ListSelect = [w](ListId list, Long line) {
         GameList& shown = w->ListOf(list);
         shown.setCurrentRow(line);
         if (line < 0) shown.clearSelection();
     };
-    port.ListSelected = [w](ListId list) { return Long{w->ListOf(list).currentRow()}; };
-    port.ListText = [w](ListId list, Long line) {
+    port.Lists.ListSelected = [w](ListId list) { return Long{w->ListOf(list).currentRow()}; };
+    port.Lists.ListText = [w](ListId list, Long line) {
         QListWidgetItem* item = w->ListOf(list).item(line);
         return item == nullptr ? std::string() : BytesOf(item->text());
     };
-    port.SetListEnabled = [w](ListId list, bool on) { w->ListOf(list).setEnabled(on); };
-    port.FocusList = [w](ListId list) { w->ListOf(list).setFocus(); };
+    port.Lists.SetListEnabled = [w](ListId list, bool on) { w->ListOf(list).setEnabled(on); };
+    port.Lists.FocusList = [w](ListId list) { w->ListOf(list).setFocus(); };
 
-    port.SetText = [w](Control control, const std::string& text) { SetWidgetText(w->WidgetOf(control), text); };
-    port.GetText = [w](Control control) { return WidgetText(w->WidgetOf(control)); };
-    port.SetControlEnabled = [w](Control control, bool on) {
+    port.Fields.SetText = [w](Control control, const std::string& text) { SetWidgetText(w->WidgetOf(control), text); };
+    port.Fields.GetText = [w](Control control) { return WidgetText(w->WidgetOf(control)); };
+    port.Fields.SetControlEnabled = [w](Control control, bool on) {
         QWidget& widget = w->WidgetOf(control);
         // A field that is greyed for a while keeps its focus for afterwards.
         if (&widget == w->Text2 && !on) w->TypedLast = w->Text2->hasFocus() || (!w->Text2->isEnabled() && w->TypedLast);
         widget.setEnabled(on);
         if (&widget == w->Text2 && on && w->TypedLast) w->Text2->setFocus();
     };
-    port.SetCommandEnabled = [w](Command command, bool on) {
+    port.Commands.SetCommandEnabled = [w](Command command, bool on) {
         w->ActionOf(command).setEnabled(on && RowOf(command).Procedure != nullptr);
     };
-    port.SetCommandChecked = [w](Command command, bool on) {
+    port.Commands.SetCommandChecked = [w](Command command, bool on) {
         w->Checked[static_cast<std::size_t>(command)] = on;
         w->ActionOf(command).setChecked(on);
     };
 
-    port.PlaySound = [w](const std::filesystem::path& file) { PlayWave(*w, file); };
-    port.OpenDocument = [](const std::string& address) {
+    port.Files.PlaySound = [w](const std::filesystem::path& file) { PlayWave(*w, file); };
+    port.Files.OpenDocument = [](const std::string& address) {
         QDesktopServices::openUrl(QUrl::fromUserInput(Shown(address)));
     };
 
-    port.LayoutWindow = [w] { w->LayoutWindow(); };
-    port.LoadSkin = [w] { LoadSkin(w->Game, w->Board->Pictures); };
-    port.PaintBoard = [w](int overlay) { w->Board->PaintBoard(overlay); };
-    port.ShowSquare = [w](Long view) { w->Board->ShowSquare(view); };
-    port.DrawHighlightBox = [w](Long view) { w->Board->DrawHighlightBox(view); };
-    port.MarkPlayerToMove = [w](bool label1ToMove) {
+    port.Board.LayoutWindow = [w] { w->LayoutWindow(); };
+    port.Board.LoadSkin = [w] { LoadSkin(w->Game, w->Board->Pictures); };
+    port.Board.PaintBoard = [w](int overlay) { w->Board->PaintBoard(overlay); };
+    port.Board.ShowSquare = [w](Long view) { w->Board->ShowSquare(view); };
+    port.Board.DrawHighlightBox = [w](Long view) { w->Board->DrawHighlightBox(view); };
+    port.Fields.MarkPlayerToMove = [w](bool label1ToMove) {
         MarkLabel(*w->Labels[1], label1ToMove);
         MarkLabel(*w->Labels[2], !label1ToMove);
     };
 
-    port.Clock = [] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; };
-    port.Wait = [w](double seconds) { Wait(w->Game, seconds); };
-    port.Yield = [w] { Yield(w->Pump); };
+    port.Time.Clock = [] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; };
+    port.Time.Wait = [w](double seconds) { Wait(w->Game, seconds); };
+    port.Time.Yield = [w] { Yield(w->Pump); };
     port.EndProgram = [w] { w->EndProgram(); };
-    window.Game.Search.Yield = port.Yield;
+    window.Game.Search.Yield = port.Time.Yield;
 }
 
 } // namespace tavlon12

@@ -151,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(
 void PretendQuietHalfMoves(Session& game, Long count) {
     game.Pos.Tree.TreeIndex = game.Record.LastMoveIndex = count;
     for (Long i = 1; i <= count; ++i) game.Record.MoveHistory[i] = {29, 44, {}, 0, 0};
-    while (game.Port.ListCount(ListId::List1) < count) game.Port.ListAdd(ListId::List1, "");
+    while (game.Port.Lists.ListCount(ListId::List1) < count) game.Port.Lists.ListAdd(ListId::List1, "");
 }
 
 TEST(MoveLimit, ComesAtTheLimitOfItsCode) {

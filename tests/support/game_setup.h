@@ -15,7 +15,7 @@ namespace tavlon12::support {
 
 /// Starts a game of the fixture's session from the position on its board.
 inline void StartFromBoard(SessionFixture& fixture) {
-    fixture.Search->Yield = fixture.Game.Port.Yield;
+    fixture.Search->Yield = fixture.Game.Port.Time.Yield;
     fixture.Pos->CustomSetup = true;
     ResetGame(fixture.Game);
     fixture.Pos->CustomSetup = false;

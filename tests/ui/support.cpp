@@ -32,7 +32,7 @@ GameWindow::GameWindow(const std::string& skinName, Long playMode)
     Game.Settings.PlayMode = playMode;
     ThinkShortly();
     Window = std::make_unique<MainWindow>(Game);
-    Game.Port.Wait = [](double) { QCoreApplication::processEvents(); };
+    Game.Port.Time.Wait = [](double) { QCoreApplication::processEvents(); };
     Started = StartUp(Game);
     if (!Started) return;
     Window->show();
@@ -51,7 +51,7 @@ void GameWindow::Place(std::string_view changedKeys, std::string_view placement)
     ResetGame(Game);
     Pos->CustomSetup = false;
     Window->LayoutWindow();
-    Game.Port.SetStatusText(1, "");
+    Game.Port.Status.SetStatusText(1, "");
     DrawBoard(Game, 0);
 }
 

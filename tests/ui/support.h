@@ -79,7 +79,7 @@ struct GameWindow {
 
     Long ViewOf(std::string_view square) const;
     std::string Lines(const GameList& list) const; ///< joined by "|"
-    std::string Status() const { return Game.Port.GetStatusText(1); }
+    std::string Status() const { return Game.Port.Status.GetStatusText(1); }
     Long Cell(std::string_view square) const { return Pos->Board[static_cast<std::size_t>(SquareOf(square))]; }
     bool IsOn(Command command) const { return Window->ActionOf(command).isEnabled(); }
 

@@ -212,9 +212,9 @@ private slots:
     void CommandsWithoutProcedureStayGrey() {
         GameWindow game;
         for (const CommandRow& row : AllCommands()) {
-            game.Game.Port.SetCommandEnabled(row.Id, true);
+            game.Game.Port.Commands.SetCommandEnabled(row.Id, true);
             QCOMPARE(game.IsOn(row.Id), row.Procedure != nullptr);
-            game.Game.Port.SetCommandEnabled(row.Id, false);
+            game.Game.Port.Commands.SetCommandEnabled(row.Id, false);
             QVERIFY2(!game.IsOn(row.Id), row.Name);
         }
     }
