@@ -2,7 +2,8 @@
 
 #include "engine/evaluate.h"
 #include "rules/generate_moves.h"
-#include "session/navigation.h"
+#include "session/command_state.h"
+#include "session/players.h"
 #include "session/rating.h"
 #include "session/screen.h"
 
@@ -28,19 +29,40 @@ Long LastIrreversible(const GameRecord& record, Long count) {
     return -1;
 }
 
-/// One of the two rules on kings against a single king: `from` is where the material came about, 0 when it is not
-/// there.
-bool KingsRuleReached(Long treeIndex, bool materialThere, bool ruleOn, Long movesAllowed, Long& from) {
-    if (!materialThere) {
-        from = 0;
-        return false;
-    }
-    if (!ruleOn) return false;
-    if (from == 0) {
-        from = treeIndex;
-        return false;
-    }
-    return treeIndex - from + 2 > 2 * movesAllowed;
+/// Whether a placement is kings alone, `more` of one side and `fewer` of the other.
+bool KingsOnly(const PositionKey& key, Long more, Long fewer) {
+    const auto count = [&key](Long type) { return key.Sets[type].Count(); };
+    if (count(PieceType(kMan)) + count(PieceType(-kMan)) > 0) return false;
+    const Long white = count(PieceType(kKing));
+    const Long black = count(PieceType(-kKing));
+    return (white == more && black == fewer) || (white == fewer && black == more);
+}
+
+/// Whether `more` kings have stood against one for longer than the rule allows. They are counted from the first
+/// half-move after which they stood there, without a break.
+bool KingsRuleReached(const Position& position, Long more, Long movesAllowed) {
+    const Long treeIndex = position.Tree.TreeIndex;
+    Long from = treeIndex + 1;
+    while (from > 1 && KingsOnly(position.PositionKeys[from - 2], more, 1)) --from;
+    return from < treeIndex && treeIndex - from + 2 > 2 * movesAllowed;
+}
+
+/// Later rules go before earlier ones.
+Long DrawReasonOf(const Session& session) {
+    const Position& position = session.Pos;
+    const RuleSet& rules = position.Rules;
+    const Long last = position.Tree.TreeIndex - 1;
+    if (rules.TwoKings == 1 && KingsRuleReached(position, 2, rules.NumberKings2)) return 5;
+    if (rules.ThreeKings == 1 && KingsRuleReached(position, 3, rules.NumberKings)) return 4;
+    if (KingsOnly(position.PositionKeys[last], 1, 1)) return 3;
+    if (CheckMoveLimit(session, last)) return 2;
+    return FindRepetition(position, last).RepeatCount > 2 ? 1 : 0;
+}
+
+std::string DrawText(Long reason) {
+    constexpr std::array kReasons{"Triple Repetition", "50 Moves Rule", "King versus King", "3 Kings versus 1 King",
+                                  "2 Kings versus 1 King"};
+    return std::string("It's a draw! ") + kReasons[static_cast<std::size_t>(reason - 1)];
 }
 
 /// Lets the last move be seen before the verdict. The window lives meanwhile, so its commands are shut for that time,
@@ -51,40 +73,75 @@ void PauseBeforeVerdict(Session& session) {
         session.Busy = true;
         LockCommands(session);
     }
-    WaitSeconds(session, 0.5);
+    WaitSeconds(session, kPause);
     if (lock) {
         UnlockCommands(session);
         session.Busy = false;
     }
 }
 
-std::string Swapped(const std::string& result) {
-    return result == "1-0" ? "0-1" : "1-0";
+/// What a position is that has ended the game.
+GameEnd EndOfPosition(Session& session) {
+    if (session.Search.NoMovesDraw) {
+        session.Search.NoMovesDraw = false;
+        return Draw();
+    }
+    if (session.Game.DrawReason != 0) return DrawByRule(session);
+    const Long winner = WinnerByPosition(session.Pos);
+    return {winner == kWhite ? "White wins!" : "Black wins!", WinnerIsUser(session, winner) ? 1.0 : 0.0, winner};
 }
 
 } // namespace
 
+GameEnd Draw() {
+    return {"It's a draw!", 0.5, 0};
+}
+
+GameEnd DrawByRule(const Session& session) {
+    return {DrawText(session.Game.DrawReason), 0.5, 0};
+}
+
+Long WinnerByPosition(const Position& position) {
+    return position.Rules.AntiMode == 1 ? position.Tree.SideToMove : -position.Tree.SideToMove;
+}
+
+std::string CloseGame(Session& session, const GameEnd& end) {
+    session.Game.GameOver = true;
+    session.Game.EndText = end.Text;
+    SetGameResult(session, end.Winner);
+    const std::string note = UpdateRating(session, end.Score);
+    ShutEndedGame(session);
+    session.Port.Status.SetStatusText(1, end.Text);
+    UpdatePlayerLabels(session);
+    return end.Text + note;
+}
+
+void ShowEndBox(Session& session, const std::string& text) {
+    ShowMessage(session, text, "Congratulations", MessageKind::Exclamation);
+}
+
+void EndGame(Session& session, const GameEnd& end) {
+    ShowEndBox(session, CloseGame(session, end));
+}
+
+void SetGameResult(Session& session, std::optional<Long> winner) {
+    const Long beginner = session.Pos.Rules.BlackStarts == 1 ? kBlack : kWhite;
+    std::string& result = session.Game.ResultText;
+    if (!winner) {
+        result.clear();
+    } else if (*winner == 0) {
+        result = "1/2-1/2";
+    } else {
+        result = *winner == beginner ? "1-0" : "0-1";
+    }
+}
+
 void UpdateDrawStatus(Session& session) {
     Position& position = session.Pos;
-    const Long treeIndex = position.Tree.TreeIndex;
-    session.DrawReason = 0;
-    if (treeIndex < 1) return;
-
-    position.PositionKeys[treeIndex - 1] = position.Key;
-    if (FindRepetition(position, treeIndex - 1).RepeatCount > 2) session.DrawReason = 1;
-    if (CheckMoveLimit(session, treeIndex - 1)) session.DrawReason = 2;
-
-    const PieceCensus census = CountPieces(position.Board);
-    const auto kingsOnly = [&census](Long more, Long fewer) {
-        return !census.AnyMan && ((census.WhiteSum == more && census.BlackSum == fewer) ||
-                                  (census.WhiteSum == fewer && census.BlackSum == more));
-    };
-    if (kingsOnly(2, 2)) session.DrawReason = 3;
-    const RuleSet& rules = position.Rules;
-    if (KingsRuleReached(treeIndex, kingsOnly(6, 2), rules.ThreeKings == 1, rules.NumberKings, session.ThreeKingsFrom))
-        session.DrawReason = 4;
-    if (KingsRuleReached(treeIndex, kingsOnly(4, 2), rules.TwoKings == 1, rules.NumberKings2, session.TwoKingsFrom))
-        session.DrawReason = 5;
+    session.Game.DrawReason = 0;
+    if (position.Tree.TreeIndex < 1) return;
+    position.PositionKeys[position.Tree.TreeIndex - 1] = position.Key;
+    session.Game.DrawReason = DrawReasonOf(session);
 }
 
 bool CheckMoveLimit(const Session& session, Long index) {
@@ -93,7 +150,7 @@ bool CheckMoveLimit(const Session& session, Long index) {
 }
 
 bool DrawRuleApplies(const Session& session, bool noMoveInFirstList) {
-    switch (session.DrawReason) {
+    switch (session.Game.DrawReason) {
     case 1:
     case 2: return session.Settings.ChessDraws == 1;
     case 3: return session.Settings.KingVersusKing == 1 && noMoveInFirstList;
@@ -105,11 +162,8 @@ bool DrawRuleApplies(const Session& session, bool noMoveInFirstList) {
 
 void CheckGameEnd(Session& session) {
     Position& position = session.Pos;
-    const bool anti = position.Rules.AntiMode == 1;
-
     InitGameTree(position);
-    const Long side = anti ? position.Tree.SideToMove : -position.Tree.SideToMove;
-    const bool won = Evaluate(position, session.Search, -kWin, kWin, side) == kWin;
+    const bool won = Evaluate(position, session.Search, -kWin, kWin, WinnerByPosition(position)) == kWin;
     GenerateMoves(position, 0);
     const bool noMoveInFirstList = MoveCount(position.Tree) == 0;
     GenerateMoves(position, 1);
@@ -119,97 +173,21 @@ void CheckGameEnd(Session& session) {
 
     PauseBeforeVerdict(session);
     if (session.Quitting) return;
-    session.GameOver = true;
-    DisableGameCommands(session);
-    session.Port.Lists.SetListEnabled(ListId::List2, false);
+    session.Game.GameOver = true;
     DrawBoard(session, 0);
-
-    if (session.Search.NoMovesDraw) {
-        session.Search.NoMovesDraw = false;
-        SetGameResult(session, GameResult::Draw);
-        AnnounceResult(session, "It's a draw!", 0.5);
-    } else if (session.DrawReason != 0) {
-        SetGameResult(session, GameResult::Draw);
-        UpdateRating(session, 0.5);
-        ShowDrawMessage(session);
-    } else {
-        SetGameResult(session, GameResult::FromBoard);
-        const Long winner = anti ? position.Tree.SideToMove : -position.Tree.SideToMove;
-        AnnounceResult(session, winner == kWhite ? "White wins!" : "Black wins!",
-                       WinnerIsUser(session, winner) ? 1.0 : 0.0);
-    }
-}
-
-void SetGameResult(Session& session, GameResult result) {
-    Position& position = session.Pos;
-    session.ResultText.clear();
-    if (result == GameResult::Draw) {
-        session.ResultText = "1/2-1/2";
-        return;
-    }
-
-    const bool whiteBegan = position.Rules.BlackStarts != 1;
-    const std::string whiteLost = whiteBegan ? "0-1" : "1-0";
-    const std::string blackLost = Swapped(whiteLost);
-    const PieceCensus census = CountPieces(position.Board);
-    if (census.WhiteSum == 0) session.ResultText = whiteLost;
-    if (census.BlackSum == 0) session.ResultText = blackLost;
-    if (session.ResultText.empty() && GenerateLegalMoves(position) == 0)
-        session.ResultText = position.Tree.SideToMove == kWhite ? whiteLost : blackLost;
-    if (!session.ResultText.empty() && position.Rules.AntiMode == 1) session.ResultText = Swapped(session.ResultText);
-}
-
-void ShowDrawMessage(Session& session) {
-    std::string text = "It's a draw! ";
-    switch (session.DrawReason) {
-    case 1: text += "Triple Repetition"; break;
-    case 2: text += "50 Moves Rule"; break;
-    case 3: text += "King versus King"; break;
-    case 4: text += "3 Kings versus 1 King"; break;
-    default: text += "2 Kings versus 1 King"; break;
-    }
-    session.Port.Status.SetStatusText(1, text);
-    ShowMessage(session, text + session.RatingNote, "Congratulations", MessageKind::Exclamation);
-}
-
-void AnnounceResult(Session& session, const std::string& text, double score) {
-    session.Port.Status.SetStatusText(1, text);
-    UpdateRating(session, score);
-    ShowMessage(session, text + session.RatingNote, "Congratulations", MessageKind::Exclamation);
-}
-
-bool WinnerIsUser(const Session& session, Long winner) {
-    const Long beginner = session.Pos.Rules.BlackStarts == 1 ? kBlack : kWhite;
-    const std::string& name = winner == beginner ? session.BlackPlayerName : session.WhitePlayerName;
-    return name == session.Settings.UserName;
-}
-
-void DisableGameCommands(Session& session) {
-    for (Command command : {Command::Compute, Command::Analyze, Command::Offerdraw, Command::Resign, Command::Hint,
-                            Command::mnu_Play_Ccomputer})
-        session.Port.Commands.SetCommandEnabled(command, false);
+    EndGame(session, EndOfPosition(session));
 }
 
 void OfferDraw(Session& session) {
-    if (!session.GameTouched || session.LastScore >= 1) {
+    if (!session.Game.GameTouched || session.Game.LastScore >= 1) {
         ShowMessage(session, "Offer rejected... Play on!", "Draw Offer", MessageKind::Exclamation);
         return;
     }
-    UpdateRating(session, 0.5);
-    ShowMessage(session, "OK... It's a draw!" + session.RatingNote, "Congratulations", MessageKind::Exclamation);
-    SetGameResult(session, GameResult::Draw);
-    session.GameOver = true;
-    session.Port.Status.SetStatusText(1, "It's a draw!");
-    DisableGameCommands(session);
+    ShowEndBox(session, "OK... " + CloseGame(session, Draw()));
 }
 
 void Resign(Session& session) {
-    UpdateRating(session, 0);
-    ShowMessage(session, "OK... Computer wins!" + session.RatingNote, "Congratulations", MessageKind::Exclamation);
-    session.GameOver = true;
-    SetGameResult(session, GameResult::FromBoard);
-    session.Port.Status.SetStatusText(1, "Computer wins!");
-    DisableGameCommands(session);
+    ShowEndBox(session, "OK... " + CloseGame(session, {"Computer wins!", 0, std::nullopt}));
 }
 
 } // namespace tavlon12

@@ -2,11 +2,42 @@
 
 #include "session/session.h"
 
+#include <optional>
 #include <string>
 
 namespace tavlon12 {
 
-/// After each move of the real game: `DrawReason`, the position's key and the counts of kings.
+inline constexpr double kPause = 0.5; ///< seconds between a last move and what is said about it
+
+/// How a game has ended.
+struct GameEnd {
+    std::string Text;           ///< of the status line and, with the note of the rating, of the box
+    double Score = 0;           ///< the user's: 1, 0.5 or 0
+    std::optional<Long> Winner; ///< 1 White, -1 Black, 0 a draw; nothing where a side has resigned
+};
+
+/// A draw with the text that every one has where no rule gives a longer one.
+GameEnd Draw();
+/// The draw by the rule that the position meets.
+GameEnd DrawByRule(const Session& session);
+
+/// The side that has won where the side to move has no move or no piece.
+Long WinnerByPosition(const Position& position);
+
+/// Everything that the end of a game does but its box: flag, result, rating, greyed commands, status line. Returns the
+/// text of the box.
+std::string CloseGame(Session& session, const GameEnd& end);
+
+/// The box of a game that has ended.
+void ShowEndBox(Session& session, const std::string& text);
+
+/// Ends the game with its box.
+void EndGame(Session& session, const GameEnd& end);
+
+/// Sets `ResultText` for the winner as in `GameEnd`: "1-0" when the side that began the game has won.
+void SetGameResult(Session& session, std::optional<Long> winner);
+
+/// After each move of the real game, and after each half-move that is made again: the position's key and `DrawReason`.
 void UpdateDrawStatus(Session& session);
 
 /// Whether the half-moves 0 to `index` of the record pass the move limit without capture or promotion.
@@ -19,25 +50,7 @@ bool DrawRuleApplies(const Session& session, bool noMoveInFirstList);
 /// The verdict on the position on the board after a person's move; ends the game with its message.
 void CheckGameEnd(Session& session);
 
-enum class GameResult { FromBoard, Draw };
-
-/// Sets `ResultText`; a position in which nobody has won leaves it empty.
-void SetGameResult(Session& session, GameResult result);
-
-/// Status line and message of the draw rule that applies.
-void ShowDrawMessage(Session& session);
-
-/// Shows the end of a game in the status line and, with the note of the rating, in a message. `score` is the user's: 1,
-/// 0.5 or 0.
-void AnnounceResult(Session& session, const std::string& text, double score);
-
-/// Whether the winning side (1 White, -1 Black) bears the user's name.
-bool WinnerIsUser(const Session& session, Long winner);
-
-/// Greys the commands of a running game.
-void DisableGameCommands(Session& session);
-
-/// The user's commands.
+// The user's commands.
 void OfferDraw(Session& session);
 void Resign(Session& session);
 

@@ -33,6 +33,25 @@ std::string ShownTextOfCell(const std::string& cell, bool placement) {
     return cell.substr(placement ? 3 : 5);
 }
 
+/// The squares of a typed move without the marks between them: "C3XE5" is "C3E5", "5-9" is "5 9 ".
+std::string KeyOfTypedText(std::string_view typed, std::string_view captureChar) {
+    std::string text = UpperCase(typed);
+    const std::string captureMark = UpperCase(captureChar);
+    for (;;) {
+        if (const std::size_t mark = text.find(captureMark); mark != std::string::npos) {
+            text.erase(mark, captureMark.size());
+            continue;
+        }
+        const std::size_t mark = text.find('-');
+        if (mark == std::string::npos) return text;
+        std::string before = text.substr(0, mark);
+        std::string after = text.substr(mark + 1);
+        if (before.size() == 1) before += ' ';
+        if (after.size() == 1) after += ' ';
+        text = before + after;
+    }
+}
+
 std::string CandidateLine(const Session& session, const RootMove& move) {
     return SquareText(session, move.From, Padding::Zero) + SquareText(session, move.To, Padding::Zero) + " " +
            (move.Score == kNotFilled ? " n/a" : Str(move.Score));
@@ -40,30 +59,48 @@ std::string CandidateLine(const Session& session, const RootMove& move) {
 
 } // namespace
 
-void DisplayMove(Session& session, Long slot) {
-    const MoveRecord& move = session.Pos.Moves[slot];
+MoveTexts DisplayMove(const Session& session, const MoveRecord& move) {
     std::string separator;
-    if (move.From != kOffBoard) separator = move.IsCapture() ? session.CaptureChar : "-";
-    std::string crown = move.Promotes != 0 ? "K" : "";
-    std::string from = SquareText(session, move.From, Padding::Blank);
-    std::string to = SquareText(session, move.To, Padding::Blank);
-    session.MoveText.MoveTextShown = from + separator + to + crown;
-    session.MoveText.MoveTextKey = from + to;
-    session.MoveText.MoveTextPlain =
-        SquareText(session, move.From, Padding::None) + separator + SquareText(session, move.To, Padding::None) + crown;
+    if (move.From != kOffBoard) separator = move.IsCapture() ? session.Game.CaptureChar : "-";
+    const std::string crown = move.Promotes != 0 ? "K" : "";
+    const auto text = [&session](Long square, Padding padding) { return SquareText(session, square, padding); };
+    const std::string from = text(move.From, Padding::Blank);
+    const std::string to = text(move.To, Padding::Blank);
+    return {from + separator + to + crown, from + to,
+            text(move.From, Padding::None) + separator + text(move.To, Padding::None) + crown};
 }
 
 std::string SquareText(const Session& session, Long square, Padding padding) {
     return SquareNotation(square, padding, TextNotation(session.Settings.Notation, session.Pos));
 }
 
-Long SquareOfText(const Session& session, std::string_view text) {
-    return SquareNumber(text, TextNotation(session.Settings.Notation, session.Pos), session.Pos.Rules.PiecesOnBlack);
+SquarePair SquaresOfKey(const Session& session, std::string_view key) {
+    const Byte notation = TextNotation(session.Settings.Notation, session.Pos);
+    const auto square = [&](std::string_view text) {
+        return Long{SquareNumber(UpperCase(text), notation, session.Pos.Rules.PiecesOnBlack)};
+    };
+    const Long from = square(key.substr(0, 2));
+    return {from, key.size() > 2 ? square(key.substr(2, 2)) : from};
 }
 
-std::string GameLine(Long halfMove, const std::string& shownText) {
-    if (halfMove % 2 == 0) return std::string(6, ' ') + shownText;
-    return RightAligned(std::to_string(RowOfHalfMove(halfMove)), 4) + ". " + shownText;
+SquarePair SquaresOfTypedText(const Session& session, std::string_view typed) {
+    return SquaresOfKey(session, KeyOfTypedText(typed, session.Game.CaptureChar));
+}
+
+std::string LegalMoveLine(const MoveTexts& texts, bool inBook) {
+    return texts.MoveTextShown + (inBook ? "b" : "");
+}
+
+SquarePair SquaresOfLegalMoveLine(const Session& session, std::string_view line) {
+    constexpr std::size_t kMoveSize = 5; // two squares and the mark between them
+    const bool placement = line.size() < kMoveSize;
+    return SquaresOfKey(session, std::string(line.substr(0, 2)) + std::string(placement ? "" : line.substr(3, 2)));
+}
+
+std::string GameLine(Long halfMove, const std::string& shownText, bool inBook) {
+    const std::string number =
+        halfMove % 2 == 0 ? std::string(6, ' ') : RightAligned(std::to_string(RowOfHalfMove(halfMove)), 4) + ". ";
+    return number + shownText + (inBook ? "b" : "");
 }
 
 std::string MoveKeyOfCell(const std::string& cell, bool placement) {
@@ -76,15 +113,15 @@ void RefreshLegalMoves(Session& session) {
     session.Port.Lists.ListClear(ListId::List2);
     if (EndOnGeneratorFault(session)) return;
     for (Long slot = position.Tree.PlyFirstMove[position.Tree.Ply]; slot < position.Tree.NextMoveSlot; ++slot) {
-        DisplayMove(session, slot);
-        session.Port.Lists.ListAdd(ListId::List2, session.MoveText.MoveTextShown);
+        const MoveTexts texts = DisplayMove(session, position.Moves[slot]);
+        session.Port.Lists.ListAdd(ListId::List2, LegalMoveLine(texts, false));
     }
 }
 
 void ShowCandidates(Session& session, Long first) {
     if (first == 0 || first == kNotFilled) return;
     session.Port.Lists.ListClear(ListId::List3);
-    for (const RootMove& move : session.RootMoves) {
+    for (const RootMove& move : session.Thought.RootMoves) {
         if (move.From == kNotFilled) break;
         session.Port.Lists.ListAdd(ListId::List3, CandidateLine(session, move));
     }
@@ -101,7 +138,7 @@ void RewriteGameTexts(Session& session, Byte newNotation) {
         if (cell.empty()) break;
         bool placement = session.Record.MoveHistory[halfMove].From == kOffBoard;
         cell = RewrittenCell(cell, placement, from, to, position);
-        session.Port.Lists.ListAdd(ListId::List1, GameLine(halfMove, ShownTextOfCell(cell, placement)));
+        session.Port.Lists.ListAdd(ListId::List1, GameLine(halfMove, ShownTextOfCell(cell, placement), false));
     }
     if (selected < session.Port.Lists.ListCount(ListId::List1)) session.Port.Lists.ListSelect(ListId::List1, selected);
     session.Settings.Notation = newNotation;

@@ -2,8 +2,6 @@
 
 #include "session/session.h"
 
-#include <string>
-
 namespace tavlon12 {
 
 /// `count` above 0 goes that many half-moves back, below 0 forward, 0 only refreshes. Without `keepCandidates` the
@@ -20,21 +18,7 @@ void GoForward(Session& session);
 void GoLast(Session& session);
 void GoToSelectedLine(Session& session);
 
-/// Exchanges the names of the two players; and the same only when one of them is the computer.
-void SwapPlayerNames(Session& session);
-void SwapNamesOfComputerGame(Session& session);
-
-/// The name of the side to move.
-const std::string& NameToMove(const Session& session);
-
 /// Keeps the text of the comment field for the position on the board, at each key that goes down in it.
 void CommentKey(Session& session);
-
-// While a game is loaded all menus, the toolbar and the move field are shut.
-void LockCommands(Session& session);
-void UnlockCommands(Session& session);
-
-/// Forgets the half-moves beyond the position on the board: lines of `List1`, comments and scores.
-void ForgetFuture(Session& session);
 
 } // namespace tavlon12

@@ -2,8 +2,8 @@
 
 namespace tavlon12 {
 
-void UpdateRating(Session& session, [[maybe_unused]] double score) {
-    session.RatingNote.clear();
+std::string UpdateRating([[maybe_unused]] Session& session, [[maybe_unused]] double score) {
+    return "";
 }
 
 } // namespace tavlon12

@@ -1,41 +1,58 @@
 #include "session/record_move.h"
 
 #include "session/move_texts.h"
-#include "session/navigation.h"
 
 namespace tavlon12 {
 
-void EnterHalfMove(Session& session, const HalfMoveEntry& entry) {
+namespace {
+
+/// Empties the entries of the half-moves from `first` on.
+void Forget(GameRecord& record, Long first) {
+    for (Long halfMove = first; halfMove <= record.LastMoveIndex; ++halfMove) {
+        record.MoveHistory[halfMove] = MoveRecord();
+        record.MoveScores[halfMove] = 0;
+        record.MoveChoices[halfMove] = 0;
+        record.MoveComments[halfMove].clear();
+        auto& row = record.GameRows[RowOfHalfMove(halfMove)];
+        row[TextColumn(halfMove)].clear();
+        row[KindColumn(halfMove)].clear();
+        if (halfMove % 2 != 0) row[kStrengthColumn].clear();
+    }
+}
+
+} // namespace
+
+void EnterHalfMove(Session& session, const MadeMove& made, const HalfMoveEntry& entry) {
     GameTree& tree = session.Pos.Tree;
     GameRecord& record = session.Record;
-    UiPort& port = session.Port;
     const Long halfMove = tree.TreeIndex;
+    Forget(record, halfMove);
 
-    ForgetFuture(session);
-    // After going back the line of the half-move that is replaced still stands.
-    for (Long count = port.Lists.ListCount(ListId::List1); count >= halfMove; --count)
-        port.Lists.ListRemove(ListId::List1, count - 1);
-
-    record.MoveHistory[halfMove] = entry.Move;
-    record.MoveHistory[halfMove + 1].From = 0;
-    record.MoveComments[halfMove].clear();
+    record.MoveHistory[halfMove] = made.Move;
     record.MoveScores[halfMove] = entry.Score;
-    record.MoveChoices[halfMove] = entry.Choices;
+    record.MoveChoices[halfMove] = made.Choices;
     record.LastMoveIndex = halfMove;
     tree.GameValue[halfMove] = tree.PlyValue[tree.Ply];
     tree.GameMaterial[halfMove] = tree.PlyMaterial[tree.Ply];
 
     auto& row = record.GameRows[RowOfHalfMove(halfMove)];
-    row[TextColumn(halfMove)] = session.MoveText.MoveTextKey + " " + session.MoveText.MoveTextShown;
+    row[TextColumn(halfMove)] = made.Texts.MoveTextKey + " " + made.Texts.MoveTextShown;
     row[KindColumn(halfMove)] = entry.Kind;
     // The depth of the row's computer move goes before that of a person.
-    bool answersComputer =
+    const bool answersComputer =
         halfMove % 2 == 0 && std::string_view(entry.Kind) == kByPerson && row[KindColumn(halfMove - 1)] == kByComputer;
     if (!answersComputer) row[kStrengthColumn] = entry.Depth;
+}
 
-    port.Lists.ListAdd(ListId::List1, GameLine(halfMove, session.MoveText.MoveTextShown));
-    port.Fields.SetText(Control::Text1, "");
-    port.Lists.ListSelect(ListId::List1, halfMove - 1);
+void ShowHalfMove(Session& session, const MadeMove& made) {
+    const Long halfMove = session.Record.LastMoveIndex;
+    ListPort& lists = session.Port.Lists;
+    for (Long line = lists.ListCount(ListId::List1) - 1; line >= halfMove - 1; --line) {
+        lists.ListRemove(ListId::List1, line);
+    }
+    lists.ListAdd(ListId::List1, GameLine(halfMove, made.Texts.MoveTextShown, false));
+    lists.ListSelect(ListId::List1, halfMove - 1);
+    session.Port.Fields.SetText(Control::Text1, "");
 }
 
 void PlayMoveSound(Session& session) {

@@ -1,24 +1,26 @@
 #pragma once
 
+#include "session/input_move.h"
 #include "session/session.h"
 
 #include <string>
 
 namespace tavlon12 {
 
-/// What the record keeps of a half-move beside its texts.
+/// What the record keeps of a half-move beside the move itself.
 struct HalfMoveEntry {
-    MoveRecord Move;
     const char* Kind = kByPerson; ///< `kByComputer`, `kByPerson` or `kFromFile`
-    Long Choices = 0;             ///< legal moves there were to choose from
     Long Score = 0;
     std::string Depth; ///< for the strength column: the search's depth, "2" for a person
 };
 
-/// Enters the move that has just been made on the board, with the texts in `MoveText`, as the last half-move of the
-/// record and as a line of `List1`, which is selected; whatever stood there or behind it is forgotten. The record must
-/// have room.
-void EnterHalfMove(Session& session, const HalfMoveEntry& entry);
+/// Enters the move that has just been made on the board as the last half-move of the record; whatever was there or
+/// behind it is forgotten. The record must have room.
+void EnterHalfMove(Session& session, const MadeMove& made, const HalfMoveEntry& entry);
+
+/// Shows the half-move that has just been entered: its line in `List1`, which is selected, and its empty comment. The
+/// lines of what was forgotten go.
+void ShowHalfMove(Session& session, const MadeMove& made);
 
 /// The sound of a move, under `UseSound`.
 void PlayMoveSound(Session& session);

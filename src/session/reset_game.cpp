@@ -2,7 +2,9 @@
 
 #include "engine/evaluation_tables.h"
 #include "rules/generate_moves.h"
+#include "session/command_state.h"
 #include "session/move_texts.h"
+#include "session/players.h"
 #include "session/screen.h"
 
 #include <cmath>
@@ -41,7 +43,7 @@ bool BuildPosition(Session& session) {
     PlaceClassicStart(position);
     position.VariantName = "Canadian Checkers";
     SetDefinedDefaults(position.DefinedRules);
-    session.RateableGame = true;
+    session.Game.RateableGame = true;
     std::filesystem::path folder = VariantFolder(session.ProgramFolder, session.Settings.UseClassic);
     if (auto failure = LoadVariant(folder, position, session.Texts)) {
         std::cerr << failure->Message() << '\n';
@@ -64,37 +66,17 @@ void ClearPosition(Position& position) {
     tree.PlyMaterial[0] = tree.GameMaterial[0] = position.PieceSum * 100;
 }
 
-void ClearRecord(GameRecord& record) {
-    record.LastMoveIndex = 0;
-    for (MoveRecord& move : record.MoveHistory) move.From = 0;
-    record.MoveScores.fill(0);
-    record.MoveChoices.fill(0);
-    record.MoveComments.fill("");
-}
-
 void ClearGameState(Session& session) {
+    const bool rateable = session.Game.RateableGame;
+    session.Record = GameRecord();
+    session.Game = GameState();
+    session.Game.RateableGame = rateable;
+    session.Game.CaptureChar = session.Settings.ColonCapture == 1 ? ":" : "x";
+    session.Thought = Thinking();
     session.Input = BoardInput();
     session.Busy = false;
-    session.GameOver = false;
-    session.GameTouched = false;
-    session.DrawReason = 0;
-    session.MoveLimitHit = false;
-    session.ThreeKingsFrom = session.TwoKingsFrom = 0;
-    session.ResultText.clear();
-    session.LastScore = 0;
-    session.PredictedFrom = session.PredictedTo = 0;
-    session.Stagnation = 0;
-    session.LastDrawAsk = 0;
-    session.MateAnnounced = false;
-    session.GameFileName.clear();
-    session.BookOpen = true;
-    session.BookStatusText.clear();
-    session.CaptureChar = session.Settings.ColonCapture == 1 ? ":" : "x";
-}
-
-void SetNames(Session& session) {
-    session.BlackPlayerName = session.PlayMode == kComputerComputer ? kComputerName : session.Settings.UserName;
-    session.WhitePlayerName = session.PlayMode == kPlayerPlayer ? session.Settings.UserName : kComputerName;
+    session.Search.NoMovesDraw = session.Search.SearchAborted = false;
+    session.Search.RepeatCount = 0;
 }
 
 void ShowFreshGame(Session& session) {
@@ -102,31 +84,17 @@ void ShowFreshGame(Session& session) {
     port.Status.SetStatusText(1, SideToMoveText(session.Pos));
     port.Status.SetSearchLine("no calculation");
     port.Fields.SetText(Control::Text1, "");
-    port.Status.SetStatusText(3, session.BookStatusText);
-    port.Lists.SetListEnabled(ListId::List3, false);
-    for (Command command : {Command::Analyze, Command::Compute, Command::mnu_Play_Ccomputer}) {
-        port.Commands.SetCommandEnabled(command, true);
-    }
-    port.Lists.SetListEnabled(ListId::List2, true);
-    for (Command command : {Command::Moveback, Command::First, Command::MoveForward, Command::Last}) {
-        port.Commands.SetCommandEnabled(command, false);
-    }
+    port.Status.SetStatusText(3, session.Game.BookStatusText);
     port.Status.SetProgress(0);
     port.Lists.ListClear(ListId::List1);
-    if (session.PlayMode == kPlayerComputer) {
-        port.Commands.SetCommandEnabled(Command::Offerdraw, true);
-        port.Commands.SetCommandEnabled(Command::Resign, true);
-    }
-    if (session.PlayMode != kComputerComputer) port.Commands.SetCommandEnabled(Command::Hint, true);
+    OpenNewGame(session);
 }
 
 /// A board that is played on all squares has no numbers.
 void LeaveNumericNotation(Session& session) {
     if (session.Pos.Rules.PiecesOnBlack != 2 || session.Settings.Notation == kAlgebraic) return;
     session.Settings.Notation = kAlgebraic;
-    session.Port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Chess, true);
-    session.Port.Commands.SetCommandChecked(Command::mnu_Board_Notation_Checkers, false);
-    session.Port.Commands.SetCommandChecked(Command::Nonotation, false);
+    ShowNotationMark(session);
 }
 
 } // namespace
@@ -140,19 +108,13 @@ bool ResetGame(Session& session) {
     ShowVariantName(session);
     BuildEvaluationTables(position, session.Search.Tables);
     ClearPosition(position);
-    ClearRecord(session.Record);
     ClearGameState(session);
     ShowFreshGame(session);
     RefreshLegalMoves(session);
     if (position.Fault.Passed()) return false;
-    SetNames(session);
-    session.Port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, false);
+    SetPlayersOfNewGame(session);
     LeaveNumericNotation(session);
     return true;
-}
-
-void ClearCandidates(Session& session) {
-    session.RootMoves.fill(RootMove());
 }
 
 } // namespace tavlon12

@@ -8,7 +8,4 @@ namespace tavlon12 {
 /// stays. False, after the message and the end of the program, when the variant's definition cannot be read.
 bool ResetGame(Session& session);
 
-/// Empties the candidate table.
-void ClearCandidates(Session& session);
-
 } // namespace tavlon12

@@ -39,7 +39,6 @@ bool RulesModified(const RuleSet& rules, const RuleSet& defined) {
 }
 
 void EndSession(Session& session) {
-    session.Settings.AskExit = 0;
     session.Quitting = true;
     session.Port.EndProgram();
 }
@@ -79,9 +78,14 @@ void UpdatePlayerLabels(Session& session) {
     bool blackFirst = session.Pos.Rules.BlackStarts == 1;
     port.Fields.SetText(Control::Label3, blackFirst ? "Black" : "White");
     port.Fields.SetText(Control::Label4, blackFirst ? "White" : "Black");
-    port.Fields.SetText(Control::Label1, session.BlackPlayerName);
-    port.Fields.SetText(Control::Label2, session.WhitePlayerName);
-    port.Fields.MarkPlayerToMove((session.Pos.Tree.SideToMove == kBlack) == blackFirst);
+    port.Fields.SetText(Control::Label1, session.Players.BlackPlayerName);
+    port.Fields.SetText(Control::Label2, session.Players.WhitePlayerName);
+    if (session.Game.GameOver) {
+        port.Fields.MarkPlayerToMove(PlayerMark::None);
+        return;
+    }
+    const bool firstToMove = (session.Pos.Tree.SideToMove == kBlack) == blackFirst;
+    port.Fields.MarkPlayerToMove(firstToMove ? PlayerMark::Label1 : PlayerMark::Label2);
     ShowSideToMove(session);
 }
 

@@ -35,11 +35,37 @@ struct BoardInput {
     bool SelfMoveExists = false; ///< a legal move of the pressed piece ends where it stands
 };
 
-/// Texts that `DisplayMove` makes of a move.
-struct MoveTexts {
-    std::string MoveTextShown; ///< padded squares with "-" or the capture mark between them, "K" behind a promotion
-    std::string MoveTextKey;   ///< padded squares alone
-    std::string MoveTextPlain; ///< as shown, without padding
+/// The state of a game beside its record. A new game assigns it anew.
+struct GameState {
+    bool GameOver = false;
+    std::string EndText;       ///< how it has ended, as the status line told it
+    bool GameTouched = false;  ///< a move has been made in this game
+    bool RateableGame = false; ///< the game may change the rating
+    Long DrawReason = 0;       ///< 1 to 5: the draw rule that the position meets
+    std::string ResultText;    ///< "", "1-0", "0-1" or "1/2-1/2"; "1-0": the side that began has won
+    Long LastScore = 0;        ///< of the computer's last move, from its side
+    Long Stagnation = 0;       ///< computer moves in a row with a score near to that of 78 half-moves earlier
+    Long LastDrawAsk = 0;      ///< `TreeIndex` of the computer's last draw question
+    bool MateAnnounced = false;
+    Long TouchedCell = 0; ///< the piece that was touched first, under the touch-move rule
+    bool BookOpen = true; ///< the book may still answer for the computer
+    std::string BookStatusText;
+    std::string GameFileName;
+    std::string CaptureChar = "x"; ///< between the squares of a capture; ":" with `ColonCapture`
+};
+
+/// What one thinking leaves for the commands after it. The next thinking and a new game assign it anew.
+struct Thinking {
+    RootMoveTable RootMoves; ///< the candidates
+    std::string MainLineText;
+    Long PredictedFrom = 0; ///< the reply that the main line expects
+    Long PredictedTo = 0;
+};
+
+/// The names of the two sides. "Computer" marks the side that the computer plays.
+struct PlayerNames {
+    std::string BlackPlayerName; ///< the side that begins, shown by `Label1`
+    std::string WhitePlayerName; ///< the other side, shown by `Label2`
 };
 
 /// The game being played with the user's settings. One for the life of the process; tests hold several.
@@ -50,52 +76,22 @@ struct Session {
     SearchState& Search;
     UiPort Port;
     UserSettings Settings;
-    GameRecord Record;
-    BoardInput Input;
-    std::filesystem::path ProgramFolder; ///< where the data folders and the files of the program lie
-
-    Long PlayMode = kPlayerComputer;
-    Long Rating = 1200;
-    bool RateableGame = false;
-    std::string BlackPlayerName; ///< the side that begins, shown by `Label1`
-    std::string WhitePlayerName; ///< the other side, shown by `Label2`
-    std::string GameFileName;
-    std::string ResultShown; ///< result of a loaded game
-    bool BookOpen = true;
-    std::string BookStatusText;
-    std::string CaptureChar = "x"; ///< between the squares of a capture; ":" with `ColonCapture`
     VariantTexts Texts;
+    std::filesystem::path ProgramFolder; ///< where the data folders and the files of the program lie
+    Long Rating = 1200;
 
-    // The state of the game
-    bool Busy = false;     ///< the computer is thinking: board input and navigation are ignored
-    bool Quitting = false; ///< the user has closed the program: what runs unwinds, and nothing more is shown
-    bool GameOver = false;
-    bool GameTouched = false; ///< a move has been made in this game
-    Long DrawReason = 0;      ///< 1 to 5: the draw rule that the position meets
-    std::string ResultText;   ///< "", "1-0", "0-1" or "1/2-1/2"; "1-0": the side that began has won
-    std::string RatingNote;   ///< what the rating adds to the message at the end of a game
-    Long LastScore = 0;       ///< of the computer's last move, from its side
-    Long ThreeKingsFrom = 0;  ///< the half-move from which three kings have stood against one
-    Long TwoKingsFrom = 0;
-    bool MoveLimitHit = false;
+    GameRecord Record;
+    GameState Game;
+    Thinking Thought;
+    PlayerNames Players;
+    BoardInput Input;
+    std::string ResultShown;     ///< result of a loaded game
     bool EqualKingsOnly = false; ///< equal material and no man, as of the last drawing of the board
-    Long TouchedCell = 0;        ///< the piece that was touched first, under the touch-move rule
 
-    // What `InputMove` and `DisplayMove` leave
-    bool LastMoveCaptured = false;
-    bool LastMovePromoted = false;
-    Long LastMoveSlot = 0;
-    MoveTexts MoveText;
-
-    // The computer's move
-    RootMoveTable RootMoves; ///< the candidates of the last search
-    std::string MainLineText;
-    Long PredictedFrom = 0; ///< the reply that the main line expects
-    Long PredictedTo = 0;
+    // Who is at work
+    bool Busy = false;          ///< the computer is thinking: board input and navigation are ignored
+    bool Quitting = false;      ///< the user has closed the program: what runs unwinds, and nothing more is shown
     bool SearchStarted = false; ///< a search has run since the program began
-    Long Stagnation = 0;        ///< computer moves in a row with a score near to that of 78 half-moves earlier
-    Long LastDrawAsk = 0;       ///< `TreeIndex` of the computer's last draw question
-    bool MateAnnounced = false;
 };
 
 } // namespace tavlon12

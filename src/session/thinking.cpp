@@ -1,5 +1,6 @@
 #include "session/thinking.h"
 
+#include "engine/evaluation_tables.h"
 #include "session/move_texts.h"
 #include "session/screen.h"
 
@@ -9,31 +10,6 @@
 #include <utility>
 
 namespace tavlon12 {
-
-namespace {
-
-constexpr std::array kAlwaysAfterThinking{
-    Command::New1,
-    Command::NewVariant,
-    Command::Open1,
-    Command::Save,
-    Command::Details,
-    Command::Cplayer,
-    Command::Pplayer,
-    Command::Options,
-    Command::Turn,
-    Command::Nonotation,
-    Command::mnu_Board_Notation_Chess,
-    Command::mnu_Board_Notation_Checkers,
-    Command::CreateHtml,
-    Command::plyvaluetable,
-};
-constexpr std::array kByStateAfterThinking{
-    Command::Compute,   Command::First,  Command::Moveback, Command::MoveForward,        Command::Last,
-    Command::Offerdraw, Command::Resign, Command::Hint,     Command::mnu_Play_Ccomputer, Command::Analyze,
-};
-
-} // namespace
 
 std::string TimeString(Long seconds) {
     std::array<char, 48> text{};
@@ -49,14 +25,14 @@ void DisplayMainVariant(Session& session) {
     constexpr Long kShownMoves = 20;
     const bool shown = session.Settings.CalculationOn == 1;
     const auto& line = session.Pos.BestLine[0];
-    std::string& text = session.MainLineText;
+    std::string& text = session.Thought.MainLineText;
     text.clear();
     for (Long k = 0; k <= kMaxPly && line[k].From != 0; ++k) {
         const BestLineCell& cell = line[k];
         if (shown && k < kShownMoves) {
             text += SquareText(session, cell.From, Padding::None);
             if (cell.Kind % 10 == 1)
-                text += session.CaptureChar;
+                text += session.Game.CaptureChar;
             else if (cell.From != kOffBoard)
                 text += "-";
             text += SquareText(session, cell.To, Padding::None);
@@ -64,51 +40,16 @@ void DisplayMainVariant(Session& session) {
             text += " ";
         }
         if (k == 1) {
-            session.PredictedFrom = cell.From;
-            session.PredictedTo = cell.To;
+            session.Thought.PredictedFrom = cell.From;
+            session.Thought.PredictedTo = cell.To;
         }
     }
     if (shown) session.Port.Status.SetSearchLine(session.Port.Status.GetSearchLine() + "\nMain: " + text);
 }
 
-void ShutCommandsForThinking(Session& session) {
-    for (Command command : kAlwaysAfterThinking) session.Port.Commands.SetCommandEnabled(command, false);
-    for (Command command : kByStateAfterThinking) session.Port.Commands.SetCommandEnabled(command, false);
-    session.Port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, true);
-}
-
-void OpenCommandsAfterThinking(Session& session) {
-    UiPort& port = session.Port;
-    const bool autoplay = session.PlayMode == kComputerComputer;
-    if (!session.GameOver) {
-        for (Command command : {Command::Compute, Command::mnu_Play_Ccomputer, Command::Analyze})
-            port.Commands.SetCommandEnabled(command, true);
-        if (!autoplay) {
-            port.Commands.SetCommandEnabled(Command::Hint, true);
-            port.Lists.SetListEnabled(ListId::List2, true);
-        }
-        if (session.PlayMode == kPlayerComputer) {
-            port.Commands.SetCommandEnabled(Command::Offerdraw, true);
-            port.Commands.SetCommandEnabled(Command::Resign, true);
-        }
-    }
-    for (Command command : kAlwaysAfterThinking) port.Commands.SetCommandEnabled(command, true);
-    port.Fields.SetControlEnabled(Control::mnu_Board1, true);
-    if (!autoplay) {
-        port.Lists.SetListEnabled(ListId::List1, true);
-        if (session.RootMoves[0].From != kNotFilled) port.Lists.SetListEnabled(ListId::List3, true);
-    }
-    port.Commands.SetCommandEnabled(Command::mnu_Play_Cancel, false);
-    port.Status.SetProgress(0);
-
-    GameTree& tree = session.Pos.Tree;
-    if (tree.TreeIndex > 0) {
-        port.Commands.SetCommandEnabled(Command::Moveback, true);
-        port.Commands.SetCommandEnabled(Command::First, true);
-    }
-    port.Commands.SetCommandEnabled(Command::MoveForward, false);
-    port.Commands.SetCommandEnabled(Command::Last, false);
-    session.Record.MoveHistory[tree.TreeIndex + 1].From = 0;
+void AdoptSearchSettings(Session& session) {
+    session.Search.Options = session.Settings.Search;
+    SetManThresholds(session.Pos, session.Search);
 }
 
 RootSearchInput RootInputOf(const Session& session) {
@@ -120,8 +61,7 @@ RootSearchInput RootInputOf(const Session& session) {
     input.DepthLimit = input.StopsByTime ? kIterationsByTime : limits.DepthLimit;
     if (MoveCount(session.Pos.Tree) == 1) input.DepthLimit = 1;
     input.TimeLimit = limits.TimeLimit;
-    input.MoveLimitHit = session.MoveLimitHit;
-    input.LastScore = session.LastScore;
+    input.LastScore = session.Game.LastScore;
     return input;
 }
 
@@ -135,10 +75,9 @@ void StartProgress(Session& session, const RootSearchInput& input, ThinkingDispl
 
 RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
     const auto showMove = [&session, &display](const std::string& iteration, Long slot) {
-        DisplayMove(session, slot);
-        if (session.Settings.CalculationOn == 1)
-            session.Port.Status.SetStatusText(1,
-                                              display.Verb + " (" + iteration + ")  " + session.MoveText.MoveTextPlain);
+        if (session.Settings.CalculationOn != 1) return;
+        const MoveTexts texts = DisplayMove(session, session.Pos.Moves[slot]);
+        session.Port.Status.SetStatusText(1, display.Verb + " (" + iteration + ")  " + texts.MoveTextPlain);
     };
 
     RootSearchHooks hooks;
@@ -148,9 +87,8 @@ RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
         showMove(std::to_string(iteration) + "/" + std::to_string(iteration + 1), slot);
     };
     hooks.BestFound = [&session, &display](Long iteration, Long slot, Long score) {
-        DisplayMove(session, slot);
-        display.BestText =
-            "Depth:" + Str(iteration) + "   Best: " + session.MoveText.MoveTextPlain + "   Score:" + Str(score);
+        const MoveTexts texts = DisplayMove(session, session.Pos.Moves[slot]);
+        display.BestText = "Depth:" + Str(iteration) + "   Best: " + texts.MoveTextPlain + "   Score:" + Str(score);
         if (session.Settings.CalculationOn == 1) session.Port.Status.SetSearchLine(display.BestText);
         DisplayMainVariant(session);
     };
@@ -161,19 +99,13 @@ RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
     return hooks;
 }
 
-void FillCandidates(Session& session) {
-    const GameTree& tree = session.Pos.Tree;
-    for (Long slot = tree.PlyFirstMove[tree.Ply], i = 0; slot < tree.NextMoveSlot; ++slot, ++i)
-        session.RootMoves[i] = {session.Pos.Moves[slot].From, session.Pos.Moves[slot].To, kNotFilled};
-}
-
 void SortCandidates(Session& session) {
     // The order among equal scores is that of this exchange sort, and it shows in the list of candidates.
     const Long count = MoveCount(session.Pos.Tree);
     for (Long i = 0; i < count; ++i)
         for (Long j = 0; j < count; ++j)
-            if (session.RootMoves[i].Score > session.RootMoves[j].Score)
-                std::swap(session.RootMoves[i], session.RootMoves[j]);
+            if (session.Thought.RootMoves[i].Score > session.Thought.RootMoves[j].Score)
+                std::swap(session.Thought.RootMoves[i], session.Thought.RootMoves[j]);
 }
 
 std::string ForcedEndText(const Session& session, Long score) {

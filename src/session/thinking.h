@@ -24,11 +24,8 @@ Long WholeSeconds(const Session& session);
 /// Rebuilds `MainLineText` from row 0 of the best lines, with the predicted reply, and shows it.
 void DisplayMainVariant(Session& session);
 
-/// All commands but Cancel, Exit and those of the menus View and Help.
-void ShutCommandsForThinking(Session& session);
-
-/// Enables again what the state of the game allows. No half-move lies ahead of the position.
-void OpenCommandsAfterThinking(Session& session);
+/// The user's settings of the search, and the thresholds of the position, into the search's state.
+void AdoptSearchSettings(Session& session);
 
 /// The limits of a search of the root moves in the list, from the settings; one iteration is enough for a single move.
 RootSearchInput RootInputOf(const Session& session);
@@ -38,9 +35,6 @@ void StartProgress(Session& session, const RootSearchInput& input, ThinkingDispl
 
 /// Shows the search in status line, search line and progress bar. Both references must outlive the hooks.
 RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display);
-
-/// The root moves without scores, in the order of the list.
-void FillCandidates(Session& session);
 
 /// The best candidate first.
 void SortCandidates(Session& session);

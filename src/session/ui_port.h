@@ -40,6 +40,9 @@ enum class Control {
     Help,
 };
 
+/// The label of the player to move; none when the game is over.
+enum class PlayerMark { None, Label1, Label2 };
+
 /// A menu entry, with its toolbar button where it has one.
 enum class Command {
     New1,
@@ -107,8 +110,8 @@ struct FieldPort {
     std::function<void(Control, const std::string& text)> SetText = [](Control, const std::string&) {};
     std::function<std::string(Control)> GetText = [](Control) { return std::string(); };
     std::function<void(Control, bool on)> SetControlEnabled = [](Control, bool) {};
-    /// White on red for the player to move, `Label1` or `Label2`.
-    std::function<void(bool label1ToMove)> MarkPlayerToMove = [](bool) {};
+    /// White on red for the player to move.
+    std::function<void(PlayerMark mark)> MarkPlayerToMove = [](PlayerMark) {};
 };
 
 /// Menu entries with their toolbar buttons.

@@ -66,7 +66,7 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
         input.PopupJustClosed = false;
         return;
     }
-    if (session.GameOver) return;
+    if (session.Game.GameOver) return;
 
     input.DragSource = view;
     input.DragX = 0;
@@ -106,12 +106,12 @@ void SquareMouseDown(Session& session, BoardView& board, Long view, Qt::MouseBut
         input.MovablesBoxed = true;
         if (move.From == input.HoverCell) board.DrawHighlightBox(ViewOfCell(move.To, session.Settings.BoardTurned));
     }
-    if (session.TouchedCell == 0) session.TouchedCell = cell;
+    if (session.Game.TouchedCell == 0) session.Game.TouchedCell = cell;
 }
 
 void SquareMouseMove(Session& session, BoardView& board, Long view, int x, int y) {
     BoardInput& input = session.Input;
-    if (input.NumbersShown || session.Busy || session.GameOver) return;
+    if (input.NumbersShown || session.Busy || session.Game.GameOver) return;
     input.AfterPopup = false;
     if (session.Settings.ShowAvailableMoves == 1 && !input.MovablesBoxed) {
         input.MovablesBoxed = true;
@@ -164,24 +164,19 @@ void SquareMouseUp(Session& session, BoardView& board, Qt::MouseButton button) {
         return;
     }
 
-    std::string text =
-        UpperCase(SquareText(session, source, Padding::Blank) + SquareText(session, target, Padding::Blank));
     bool movablesBoxed = input.MovablesBoxed;
     bool selfMoveExists = input.SelfMoveExists;
     input = BoardInput();
     input.MovablesBoxed = movablesBoxed;
     input.SelfMoveExists = selfMoveExists;
-    if (!InputMove(session, text)) {
+    const MoveAnswer answer = InputSquares(session, {source, target});
+    if (const auto* refusal = std::get_if<Refusal>(&answer)) {
         DrawBoard(session, 0);
-        if (GameIsFull(session)) {
-            ShowGameFull(session);
-        } else {
-            ShowMessage(session, RefusedMoveText(session, text), "Error", MessageKind::Exclamation);
-        }
+        ShowRefusal(session, *refusal);
         return;
     }
-    CommitHumanMove(session, MovePath::Board);
-    if (session.PlayMode == kPlayerPlayer) input.MovablesBoxed = false;
+    CommitHumanMove(session, std::get<MadeMove>(answer), MovePath::Board);
+    if (session.Settings.PlayMode == kPlayerPlayer) input.MovablesBoxed = false;
 }
 
 void FormMouseMove(Session& session) {

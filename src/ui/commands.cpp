@@ -4,6 +4,7 @@
 #include "session/navigation.h"
 #include "session/new_game.h"
 #include "session/play_modes.h"
+#include "session/view_commands.h"
 #include "ui/main_window.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 #include "ui/main_window.h"
 
+#include "session/exit.h"
 #include "session/human_move.h"
 #include "session/navigation.h"
-#include "session/new_game.h"
 #include "ui/board_mouse.h"
 #include "ui/shown_text.h"
 #include "ui/window_port.h"

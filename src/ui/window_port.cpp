@@ -166,9 +166,9 @@ void ConnectPort(MainWindow& window) {
     port.Board.PaintBoard = [w](int overlay) { w->Board->PaintBoard(overlay); };
     port.Board.ShowSquare = [w](Long view) { w->Board->ShowSquare(view); };
     port.Board.DrawHighlightBox = [w](Long view) { w->Board->DrawHighlightBox(view); };
-    port.Fields.MarkPlayerToMove = [w](bool label1ToMove) {
-        MarkLabel(*w->Labels[1], label1ToMove);
-        MarkLabel(*w->Labels[2], !label1ToMove);
+    port.Fields.MarkPlayerToMove = [w](PlayerMark mark) {
+        MarkLabel(*w->Labels[1], mark == PlayerMark::Label1);
+        MarkLabel(*w->Labels[2], mark == PlayerMark::Label2);
     };
 
     port.Time.Clock = [] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; };

@@ -46,7 +46,7 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     EXPECT_EQ(fixture.Pos->Tree.Ply, 0);
     EXPECT_EQ(record.LastMoveIndex, 1);
     EXPECT_EQ(record.MoveChoices[1], 11);
-    EXPECT_EQ(record.MoveScores[1], game.LastScore);
+    EXPECT_EQ(record.MoveScores[1], game.Game.LastScore);
     EXPECT_EQ(record.GameRows[1][2], kByComputer);
     EXPECT_EQ(record.GameRows[1][kStrengthColumn], "3");
     const std::string cell = record.GameRows[1][0];
@@ -58,11 +58,12 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
 
     // The candidates, best first; the search line with the best move; the time of the whole call.
     ASSERT_EQ(fixture.Screen.List(ListId::List3).Lines.size(), 11u);
-    for (std::size_t i = 1; i < 11; ++i) EXPECT_GE(game.RootMoves[i - 1].Score, game.RootMoves[i].Score);
-    EXPECT_EQ(game.RootMoves[0].Score, game.LastScore);
-    const std::string best = "Depth: 3   Best: " + cell.substr(5) + "   Score:" + Str(game.LastScore);
-    EXPECT_EQ(fixture.Screen.SearchLine, best + "   Time: 00:00.00\nMain: " + game.MainLineText);
-    EXPECT_TRUE(game.MainLineText.starts_with(cell.substr(5) + " "));
+    for (std::size_t i = 1; i < 11; ++i)
+        EXPECT_GE(game.Thought.RootMoves[i - 1].Score, game.Thought.RootMoves[i].Score);
+    EXPECT_EQ(game.Thought.RootMoves[0].Score, game.Game.LastScore);
+    const std::string best = "Depth: 3   Best: " + cell.substr(5) + "   Score:" + Str(game.Game.LastScore);
+    EXPECT_EQ(fixture.Screen.SearchLine, best + "   Time: 00:00.00\nMain: " + game.Thought.MainLineText);
+    EXPECT_TRUE(game.Thought.MainLineText.starts_with(cell.substr(5) + " "));
     EXPECT_TRUE(support::WasShown(fixture.Screen, "Thinking..."));
     EXPECT_TRUE(support::WasShown(fixture.Screen, "Thinking... (1)  a5-b6"));
     EXPECT_EQ(fixture.Screen.Status[1], "Black moves");
@@ -77,7 +78,7 @@ TEST(ComputerMove, DoesNotThinkInAFullGame) {
     Session& game = fixture.Game;
     StartGame(fixture, "", "W: c3; B: h8");
     fixture.Pos->Tree.TreeIndex = kMaxHalfMoves;
-    game.PlayMode = kComputerComputer;
+    game.Settings.PlayMode = kComputerComputer;
     Think(game);
     EXPECT_EQ(fixture.Screen.Messages.size(), 1u);
     EXPECT_EQ(fixture.Pos->Tree.TreeIndex, kMaxHalfMoves);
@@ -112,11 +113,11 @@ TEST_P(EndByComputer, IsToldOnceWithItsResult) {
     StartGame(fixture, test.Rules, test.Placement, test.SideToMove);
     Think(game);
     EXPECT_EQ(fixture.Pos->Tree.TreeIndex, test.MoveIsMade ? 1 : 0);
-    EXPECT_EQ(game.GameOver, !test.Text.empty());
+    EXPECT_EQ(game.Game.GameOver, !test.Text.empty());
     EXPECT_EQ(Texts(fixture.Screen.Messages),
               std::vector<std::string>(test.Text.empty() ? 0 : 1, std::string(test.Text)));
     EXPECT_EQ(fixture.Screen.Status[1], test.Status.empty() ? test.Text : test.Status);
-    EXPECT_EQ(game.ResultText, test.Result);
+    EXPECT_EQ(game.Game.ResultText, test.Result);
     EXPECT_EQ(fixture.Screen.Enabled.at(Command::Compute), test.Text.empty());
     EXPECT_TRUE(fixture.Screen.Enabled.at(Command::New1));
     EXPECT_EQ(fixture.Screen.List(ListId::List2).Enabled, test.Text.empty());
@@ -129,8 +130,8 @@ INSTANTIATE_TEST_SUITE_P(
         EndCase{"NoMoves", "", "W: a3; B: b4 c5", kWhite, false, "Ada wins!", "", "0-1"},
         EndCase{"NoMovesForBlackWhoBegan", "", "W: ka j0; B: lb", kBlack, false, "Ada wins!", "", "0-1"},
         EndCase{"NoPieces", "", "B: h8", kWhite, false, "Ada wins!", "", "0-1"},
-        EndCase{"FewPieces", "NumberPieces=1", "W: c3; B: h8 j8", kWhite, false, "Ada wins!", "", ""},
-        EndCase{"GoalReachedByUser", "KingWin=1", "W: c5; B: Ka1 j8", kWhite, false, "Ada wins!", "", ""},
+        EndCase{"FewPieces", "NumberPieces=1", "W: c3; B: h8 j8", kWhite, false, "Ada wins!", "", "0-1"},
+        EndCase{"GoalReachedByUser", "KingWin=1", "W: c5; B: Ka1 j8", kWhite, false, "Ada wins!", "", "0-1"},
         EndCase{"AntiNoMoves", "AntiMode=1", "W: a3; B: b4 c5", kWhite, false, "Computer wins!", "", "1-0"},
         EndCase{"AntiNoPieces", "AntiMode=1", "B: h8", kWhite, false, "Computer wins!", "", "1-0"},
         EndCase{"AlreadyWon", "", "W: c3", kWhite, false, "Computer wins!", "", "1-0"},
@@ -139,8 +140,8 @@ INSTANTIATE_TEST_SUITE_P(
         EndCase{"TakesTheLast", "", "W: c3; B: d4", kWhite, true, "Computer wins!", "", "1-0"},
         EndCase{"BlackTakesTheLast", "", "W: d4; B: e5", kBlack, true, "Computer wins!", "", "1-0"},
         EndCase{"Blocks", "", "W: b2 c1 d4; B: a3 c9", kWhite, true, "", "Black moves", ""},
-        EndCase{"FirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, true, "Computer wins!", "", ""},
-        EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, true, "Computer wins!", "", ""},
+        EndCase{"FirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, true, "Computer wins!", "", "1-0"},
+        EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, true, "Computer wins!", "", "1-0"},
         EndCase{"AntiGivesTheLast", "AntiMode=1", "W: c3; B: d4", kWhite, true, "Ada wins!", "", "0-1"},
         EndCase{"KingsDraw", "LongKings=0", "W: Ka1; B: Klb", kWhite, true, "It's a draw! King versus King", "",
                 "1/2-1/2"},
@@ -179,18 +180,18 @@ TEST(DrawQuestion, IsAskedWhenTheGameStandsStill) {
             game.Settings.AskForDraw = row.AskForDraw;
             fixture.Pos->Tree.TreeIndex = game.Record.LastMoveIndex = kHalfMove - 1;
             fixture.Screen.List(ListId::List1).Lines.resize(kHalfMove - 1);
-            game.LastDrawAsk = row.LastDrawAsk;
-            game.Stagnation = 2;
-            game.MateAnnounced = row.MateAnnounced;
+            game.Game.LastDrawAsk = row.LastDrawAsk;
+            game.Game.Stagnation = 2;
+            game.Game.MateAnnounced = row.MateAnnounced;
             fixture.Screen.Answers = {answer};
             Think(game);
             const std::vector<RecordedQuestion> expected(row.Asked ? 1 : 0, {"How about a draw?", "Question"});
             EXPECT_EQ(fixture.Screen.Questions, expected);
-            EXPECT_EQ(game.LastDrawAsk, row.Asked ? kHalfMove : row.LastDrawAsk);
+            EXPECT_EQ(game.Game.LastDrawAsk, row.Asked ? kHalfMove : row.LastDrawAsk);
             const bool drawn = row.Asked && answer;
-            EXPECT_EQ(game.GameOver, drawn);
+            EXPECT_EQ(game.Game.GameOver, drawn);
             EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>(drawn ? 1 : 0, "It's a draw!"));
-            EXPECT_EQ(game.ResultText, drawn ? "1/2-1/2" : "");
+            EXPECT_EQ(game.Game.ResultText, drawn ? "1/2-1/2" : "");
         }
     }
 }

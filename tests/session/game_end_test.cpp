@@ -14,8 +14,9 @@ using support::Texts;
 /// Plays moves of two persons, "c3d4 h8g7".
 void PlayAll(Session& game, std::string_view moves) {
     for (std::size_t at = 0; at < moves.size(); at += 5) {
-        ASSERT_TRUE(InputMove(game, UpperCase(moves.substr(at, 4)))) << moves.substr(at, 4);
-        CommitHumanMove(game, MovePath::Board);
+        const MoveAnswer answer = InputMove(game, moves.substr(at, 4));
+        ASSERT_TRUE(std::holds_alternative<MadeMove>(answer)) << moves.substr(at, 4);
+        CommitHumanMove(game, std::get<MadeMove>(answer), MovePath::Board);
     }
 }
 
@@ -39,17 +40,17 @@ TEST_P(EndOfGame, IsToldOnceWithItsResult) {
     const EndCase& test = GetParam();
     SessionFixture fixture;
     Session& game = fixture.Game;
-    game.PlayMode = kPlayerPlayer;
+    game.Settings.PlayMode = kPlayerPlayer;
     game.Settings.KingVersusKing = 1;
     StartGame(fixture, test.Rules, test.Placement, test.SideToMove);
     PlayAll(game, test.Moves);
-    EXPECT_EQ(game.ResultText, test.Result);
+    EXPECT_EQ(game.Game.ResultText, test.Result);
     if (test.Text.empty()) {
-        EXPECT_FALSE(game.GameOver);
+        EXPECT_FALSE(game.Game.GameOver);
         EXPECT_TRUE(fixture.Screen.Messages.empty());
         return;
     }
-    EXPECT_TRUE(game.GameOver);
+    EXPECT_TRUE(game.Game.GameOver);
     const RecordedMessage expected{std::string(test.Text), "Congratulations", MessageKind::Exclamation};
     EXPECT_EQ(fixture.Screen.Messages, std::vector{expected}) << testing::PrintToString(Texts(fixture.Screen.Messages));
     EXPECT_EQ(fixture.Screen.Status[1], test.Text);
@@ -72,11 +73,11 @@ INSTANTIATE_TEST_SUITE_P(
         EndCase{"NoPiecesIsNoDraw", "NoLegalDraw=1", "W: c3; B: d4", kWhite, "c3e5", "White wins!", "1-0"},
         EndCase{"AntiTakesLast", "AntiMode=1", "W: c3; B: d4", kWhite, "c3e5", "Black wins!", "0-1"},
         EndCase{"AntiBlocked", "AntiMode=1", "W: b2 c1 e3; B: a3", kWhite, "e3f4", "Black wins!", "0-1"},
-        EndCase{"FirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, "aabb", "White wins!", ""},
-        EndCase{"FirstKingOfBlack", "KingWin=1", "W: h2 f2; B: b2 c9", kBlack, "b2a1", "Black wins!", ""},
-        EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, "b2a1", "White wins!", ""},
+        EndCase{"FirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, "aabb", "White wins!", "1-0"},
+        EndCase{"FirstKingOfBlack", "KingWin=1", "W: h2 f2; B: b2 c9", kBlack, "b2a1", "Black wins!", "1-0"},
+        EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, "b2a1", "White wins!", "1-0"},
         EndCase{"FewPieces", "NumberPieces=2 | MaxCapMove=0", "W: c3 e1 g1; B: d4 h8 ka", kWhite, "c3e5", "White wins!",
-                ""},
+                "1-0"},
         EndCase{"TwoKingsRuleOff", "", "W: Ka1 Kb2; B: Kl2", kWhite, "b2c3 l2k1", "", ""}),
     [](const auto& test) { return std::string(test.param.Name); });
 
@@ -107,17 +108,17 @@ TEST_P(DrawRules, EndTheGameAtTheirHalfMove) {
     const DrawCase& test = GetParam();
     SessionFixture fixture;
     Session& game = fixture.Game;
-    game.PlayMode = kPlayerPlayer;
+    game.Settings.PlayMode = kPlayerPlayer;
     StartGame(fixture, test.Rules, test.Placement);
     game.Settings.ChessDraws = 0;
     test.Adjust(game.Settings);
     const std::string moves = Shuffle(70);
-    while (!game.GameOver && fixture.Pos->Tree.TreeIndex < 70)
+    while (!game.Game.GameOver && fixture.Pos->Tree.TreeIndex < 70)
         PlayAll(game, std::string_view(moves).substr(static_cast<std::size_t>(fixture.Pos->Tree.TreeIndex) * 5, 5));
-    EXPECT_EQ(game.GameOver ? fixture.Pos->Tree.TreeIndex : 0, test.EndsAt);
+    EXPECT_EQ(game.Game.GameOver ? fixture.Pos->Tree.TreeIndex : 0, test.EndsAt);
     const std::vector<std::string> expected(test.EndsAt == 0 ? 0 : 1, std::string(test.Text));
     EXPECT_EQ(Texts(fixture.Screen.Messages), expected);
-    EXPECT_EQ(game.ResultText, test.EndsAt == 0 ? "" : "1/2-1/2");
+    EXPECT_EQ(game.Game.ResultText, test.EndsAt == 0 ? "" : "1/2-1/2");
 }
 
 constexpr std::string_view kMany = "W: Ka1 Kd2 Kj2; B: Kbb Kl8 Kl6";
@@ -164,7 +165,7 @@ TEST(MoveLimit, ComesAtTheLimitOfItsCode) {
         for (Long count : {kLimits[code] - 1, kLimits[code]}) {
             PretendQuietHalfMoves(game, count);
             UpdateDrawStatus(game);
-            EXPECT_EQ(game.DrawReason, count == kLimits[code] ? 2 : 0)
+            EXPECT_EQ(game.Game.DrawReason, count == kLimits[code] ? 2 : 0)
                 << "code " << int(code) << ", half-move " << count;
             EXPECT_EQ(CheckMoveLimit(game, count - 1), count == kLimits[code]);
         }
@@ -174,13 +175,13 @@ TEST(MoveLimit, ComesAtTheLimitOfItsCode) {
 TEST(DrawStatus, ADrawRuleThatIsOffStillMakesAGameWithoutMovesADraw) {
     SessionFixture fixture;
     Session& game = fixture.Game;
-    game.PlayMode = kPlayerPlayer;
+    game.Settings.PlayMode = kPlayerPlayer;
     StartGame(fixture, "", "W: b2 c1 e3; B: a3");
     game.Settings.ChessDraws = 0;
     PretendQuietHalfMoves(game, 110);
     PlayAll(game, "e3f4");
     EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"It's a draw! 50 Moves Rule"});
-    EXPECT_EQ(game.ResultText, "1/2-1/2");
+    EXPECT_EQ(game.Game.ResultText, "1/2-1/2");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "session/input_move.h"
 #include "session/navigation.h"
 #include "session/play_modes.h"
+#include "session/players.h"
 #include "support/game_setup.h"
 
 #include <gtest/gtest.h>
@@ -47,7 +48,7 @@ TEST_P(TypedMove, IsMadeOrRefused) {
     const TypedCase& test = GetParam();
     SessionFixture fixture;
     Session& game = fixture.Game;
-    game.PlayMode = kPlayerPlayer;
+    game.Settings.PlayMode = kPlayerPlayer;
     game.Settings.Notation = test.Notation;
     game.Settings.ColonCapture = test.ColonCapture;
     StartGame(fixture, test.Rules, test.Placement);
@@ -130,13 +131,12 @@ TEST(HumanMove, IsAnsweredAndLeavesTheNamesAsTheyStood) {
             Click(fixture, ListId::List2, 3);
             EXPECT_EQ(fixture.Screen.LastFocus, static_cast<int>(ListId::List2));
         } else {
-            ASSERT_TRUE(InputMove(game, "C5D6"));
-            CommitHumanMove(game, path);
+            CommitHumanMove(game, std::get<MadeMove>(InputMove(game, "C5D6")), path);
         }
-        EXPECT_EQ(game.BlackPlayerName, "Player");
-        EXPECT_EQ(game.WhitePlayerName, "Computer");
+        EXPECT_EQ(game.Players.BlackPlayerName, "Player");
+        EXPECT_EQ(game.Players.WhitePlayerName, "Computer");
         EXPECT_EQ(fixture.Screen.Texts[Control::Label1], "Player");
-        EXPECT_TRUE(fixture.Screen.Label1ToMove);
+        EXPECT_EQ(fixture.Screen.Mark, PlayerMark::Label1);
 
         const auto& row = game.Record.GameRows[1];
         EXPECT_EQ(row[2], kByPerson);
@@ -144,18 +144,18 @@ TEST(HumanMove, IsAnsweredAndLeavesTheNamesAsTheyStood) {
         EXPECT_EQ(row[kStrengthColumn], "1");
         EXPECT_EQ(game.Record.MoveChoices[1], 11);
         EXPECT_EQ(game.Record.MoveScores[1], 0) << "scores of persons are kept in games of two persons alone";
-        EXPECT_EQ(game.Record.MoveScores[2], game.LastScore);
+        EXPECT_EQ(game.Record.MoveScores[2], game.Game.LastScore);
         EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines.size(), 2u);
         EXPECT_EQ(fixture.Screen.List(ListId::List1).Selected, 1);
         EXPECT_TRUE(fixture.Screen.List(ListId::List1).Lines[1].starts_with("      "));
         EXPECT_FALSE(game.Busy);
-        EXPECT_TRUE(game.GameTouched);
+        EXPECT_TRUE(game.Game.GameTouched);
         EXPECT_EQ(fixture.Pos->Tree.Ply, 0);
         EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines.size(),
                   static_cast<std::size_t>(GenerateLegalMoves(*fixture.Pos)));
         EXPECT_EQ(fixture.Screen.Sounds,
                   (std::vector<std::filesystem::path>(2, game.ProgramFolder / "sounds" / "click.wav")));
-        EXPECT_FALSE(game.PredictedFrom != 0 && game.MainLineText.empty());
+        EXPECT_FALSE(game.Thought.PredictedFrom != 0 && game.Thought.MainLineText.empty());
     }
 }
 
@@ -165,19 +165,19 @@ TEST(ComputeCommands, GiveTheComputerTheSideToMove) {
     LimitDepth(fixture, 1);
     StartGame(fixture, support::RulesWith(""));
     ComputeCommand(game); // the user's move
-    EXPECT_EQ(game.BlackPlayerName, "Computer");
-    EXPECT_EQ(game.WhitePlayerName, "Player");
+    EXPECT_EQ(game.Players.BlackPlayerName, "Computer");
+    EXPECT_EQ(game.Players.WhitePlayerName, "Player");
     ComputeCommand(game); // and again
-    EXPECT_EQ(game.BlackPlayerName, "Player");
+    EXPECT_EQ(game.Players.BlackPlayerName, "Player");
     EXPECT_EQ(game.Record.GameRows[1][2], kByComputer);
     EXPECT_EQ(game.Record.GameRows[1][3], kByComputer);
 
     // Where it is the computer's turn already nothing is exchanged.
     SwapPlayerNames(game);
     ComputeCommand(game);
-    EXPECT_EQ(game.BlackPlayerName, "Computer");
+    EXPECT_EQ(game.Players.BlackPlayerName, "Computer");
 
-    game.GameOver = true;
+    game.Game.GameOver = true;
     ComputeCommand(game);
     EXPECT_EQ(game.Record.LastMoveIndex, 3);
 }
@@ -191,7 +191,7 @@ TEST_P(EveryListLine, PlaysItsMoveInEachNotation) {
         for (Byte colon : {Byte(0), Byte(1)}) {
             SessionFixture fixture;
             Session& game = fixture.Game;
-            game.PlayMode = kPlayerPlayer;
+            game.Settings.PlayMode = kPlayerPlayer;
             game.Settings.Notation = notation;
             game.Settings.ColonCapture = colon;
             *fixture.Pos = *support::StartPosition(rules);

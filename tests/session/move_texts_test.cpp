@@ -34,33 +34,32 @@ TEST(DisplayMove, WritesTheThreeTexts) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     for (const Row& row : rows) {
-        game.Pos.Moves[5] = row.Move;
         game.Settings.Notation = row.Notation;
-        game.CaptureChar = row.CaptureChar;
-        DisplayMove(game, 5);
-        EXPECT_EQ(game.MoveText.MoveTextShown, row.Shown);
-        EXPECT_EQ(game.MoveText.MoveTextKey, row.Key);
-        EXPECT_EQ(game.MoveText.MoveTextPlain, row.Plain);
+        game.Game.CaptureChar = row.CaptureChar;
+        const MoveTexts texts = DisplayMove(game, row.Move);
+        EXPECT_EQ(texts.MoveTextShown, row.Shown);
+        EXPECT_EQ(texts.MoveTextKey, row.Key);
+        EXPECT_EQ(texts.MoveTextPlain, row.Plain);
     }
 }
 
 TEST(GameLine, AlignsThePairNumbers) {
     const std::pair<Long, std::string> rows[] = {{1, "   1. c3-d4"},  {2, "      c3-d4"},   {3, "   2. c3-d4"},
                                                  {19, "  10. c3-d4"}, {999, " 500. c3-d4"}, {1000, "      c3-d4"}};
-    for (const auto& [halfMove, line] : rows) EXPECT_EQ(GameLine(halfMove, "c3-d4"), line);
+    for (const auto& [halfMove, line] : rows) EXPECT_EQ(GameLine(halfMove, "c3-d4", false), line);
 }
 
 TEST(ShowCandidates, WritesOneLineForEachFilledRow) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     RecordedList& list = fixture.Screen.List(ListId::List3);
-    game.RootMoves[0] = {59, 74, 15};
-    game.RootMoves[1] = {171, 184, -7};
-    game.RootMoves[2] = {kOffBoard, 29, kNotFilled};
-    ShowCandidates(game, game.RootMoves[0].From);
+    game.Thought.RootMoves[0] = {59, 74, 15};
+    game.Thought.RootMoves[1] = {171, 184, -7};
+    game.Thought.RootMoves[2] = {kOffBoard, 29, kNotFilled};
+    ShowCandidates(game, game.Thought.RootMoves[0].From);
     EXPECT_EQ(list.Lines, (std::vector<std::string>{"c3d4  15", "cabb -7", "a1  n/a"}));
     game.Settings.Notation = kNumeric;
-    ShowCandidates(game, game.RootMoves[0].From);
+    ShowCandidates(game, game.Thought.RootMoves[0].From);
     EXPECT_EQ(list.Lines, (std::vector<std::string>{"5650  15", "0801 -7", "67  n/a"}));
     ShowCandidates(game, 0);
     ShowCandidates(game, kNotFilled);
@@ -78,10 +77,10 @@ TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
         std::mt19937 random(7);
         SessionFixture fixture;
         Session& game = fixture.Game;
-        game.PlayMode = kPlayerPlayer;
+        game.Settings.PlayMode = kPlayerPlayer;
         UseRules(game.Pos, row);
         StartFromRandom(game, random, 14);
-        for (int i = 0; i < 30 && !game.GameOver; ++i) ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
+        for (int i = 0; i < 30 && !game.Game.GameOver; ++i) ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
         const Long last = game.Record.LastMoveIndex;
         ASSERT_GT(last, 2);
         const auto cells = game.Record.GameRows;
@@ -92,12 +91,11 @@ TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
         EXPECT_EQ(game.Settings.Notation, kNumeric);
         // The texts are those that the moves would have been given in that notation.
         for (Long halfMove = 1; halfMove <= last; ++halfMove) {
-            game.Pos.Moves[0] = game.Record.MoveHistory[halfMove];
-            DisplayMove(game, 0);
+            const MoveTexts texts = DisplayMove(game, game.Record.MoveHistory[halfMove]);
             EXPECT_EQ(game.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)],
-                      game.MoveText.MoveTextKey + " " + game.MoveText.MoveTextShown);
+                      texts.MoveTextKey + " " + texts.MoveTextShown);
             const std::string& line = fixture.Screen.List(ListId::List1).Lines[static_cast<std::size_t>(halfMove - 1)];
-            EXPECT_EQ(ShownPart(line), game.MoveText.MoveTextShown);
+            EXPECT_EQ(ShownPart(line), texts.MoveTextShown);
         }
         bool numbers = game.Pos.Rules.PiecesOnBlack < 2;
         EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines == lines, !numbers);
@@ -113,14 +111,13 @@ TEST(InputMove, RefusesWhatIsNoLegalMove) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     ASSERT_TRUE(ResetGame(game));
-    for (const char* text :
-         {"", "A", "A5", "A5B", "A5C7", "A5A5", "B8A7", "a5b6", "ZZZZ", "5143", "A5-B6", "\xFF\xFE??"}) {
-        EXPECT_FALSE(InputMove(game, text)) << text;
+    for (const char* text : {"", "A", "A5", "A5B", "A5C7", "A5A5", "B8A7", "ZZZZ", "5143", "A5-B6", "\xFF\xFE??"}) {
+        EXPECT_TRUE(std::holds_alternative<Refusal>(InputMove(game, text))) << text;
         EXPECT_EQ(game.Pos.Board, game.Pos.InitialBoard);
         EXPECT_EQ(game.Pos.Tree.TreeIndex, 0);
         EXPECT_EQ(game.Pos.Tree.Ply, 0);
     }
-    EXPECT_TRUE(InputMove(game, "A5B6 and more"));
+    EXPECT_TRUE(std::holds_alternative<MadeMove>(InputMove(game, "A5B6 and more")));
 }
 
 TEST(InputMove, ANewMoveIsJudgedAtTheRoot) {
@@ -129,9 +126,9 @@ TEST(InputMove, ANewMoveIsJudgedAtTheRoot) {
     Session& game = fixture.Game;
     UseRules(game.Pos, {"last piece", {{"LastCap", "1"}, {"MaxCapMove", "0"}}});
     StartFrom(game, {{"C3", "I3", "H2"}, {}, {"E5", "J4", "B0"}, {}}, kBlack);
-    ASSERT_TRUE(InputMove(game, "E5D4"));
-    EXPECT_FALSE(InputMove(game, "I3K5"));
-    EXPECT_TRUE(InputMove(game, "C3E5"));
+    ASSERT_TRUE(std::holds_alternative<MadeMove>(InputMove(game, "E5D4")));
+    EXPECT_EQ(std::get<Refusal>(InputMove(game, "I3K5")), Refusal::NeedsToJump);
+    EXPECT_TRUE(std::holds_alternative<MadeMove>(InputMove(game, "C3E5")));
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "session/navigation.h"
 
 #include "rules/generate_moves.h"
-#include "rules/make_move.h"
 #include "session/input_move.h"
 #include "session/move_texts.h"
+#include "session/players.h"
 #include "session/record_move.h"
 #include "session/reset_game.h"
 #include "session/screen.h"
@@ -36,7 +36,7 @@ Shown Look(SessionFixture& fixture) {
     InitGameTree(*fixture.Pos);
     // The move that ends a game leaves the greyed list as it was.
     auto legalMoves = fixture.Screen.List(ListId::List2).Lines;
-    if (fixture.Game.GameOver) legalMoves.clear();
+    if (fixture.Game.Game.GameOver) legalMoves.clear();
     return {fixture.Pos->Board,  tree.SideToMove,          tree.PlyValue[0],
             tree.PlyMaterial[0], tree.WhiteOffBoard,       tree.BlackOffBoard,
             legalMoves,          NameToMove(fixture.Game), fixture.Screen.Texts[Control::Text1]};
@@ -45,7 +45,7 @@ Shown Look(SessionFixture& fixture) {
 /// A game on a recording screen together with what was shown after each of its half-moves.
 struct RecordedGame : SessionFixture {
     explicit RecordedGame(Long playMode) {
-        Game.Settings.PlayMode = Game.PlayMode = playMode;
+        Game.Settings.PlayMode = playMode;
         Game.Settings.Limits.FixedDepth = 1;
         Game.Settings.Limits.DepthLimit = 1;
         Game.Settings.ChessDraws = 0;
@@ -62,7 +62,7 @@ struct RecordedGame : SessionFixture {
     }
 
     void PlayRandomly(std::mt19937& random, Long halfMoves) {
-        while (!Game.GameOver && Index() < halfMoves) {
+        while (!Game.Game.GameOver && Index() < halfMoves) {
             std::string text = RandomMoveText(Game, random);
             ASSERT_TRUE(Play(Game, text)) << text;
             // A computer's reply leaves no moment to note the position between the two moves.
@@ -176,7 +176,7 @@ TEST(Navigation, LeavesThePersonToMoveInAGameAgainstTheComputer) {
         game.Note();
         EXPECT_EQ(game.Seen.front().NameToMove, "Player");
         game.PlayRandomly(random, 16);
-        if (game.Game.GameOver && game.Index() % 2 != 0) continue; // the person has made the last move
+        if (game.Game.Game.GameOver && game.Index() % 2 != 0) continue; // the person has made the last move
         WalkAbout(game, random);
         EXPECT_EQ(NameToMove(game.Game), "Player");
         walked += game.Index() >= 10;
@@ -191,18 +191,14 @@ TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
     std::vector<MoveRecord> routes;
     StartFrom(game.Game, {{"C3"}, {}, {"D4", "D6", "B4", "B6", "K0"}, {}});
     for (Long slot = 0; slot < GenerateLegalMoves(*game.Pos); ++slot) {
-        if (game.Pos->Moves[slot].To == SquareOfText(game.Game, "C7")) routes.push_back(game.Pos->Moves[slot]);
+        if (game.Pos->Moves[slot].To == SquaresOfKey(game.Game, "C7").To) routes.push_back(game.Pos->Moves[slot]);
     }
     ASSERT_EQ(routes.size(), 2u);
 
     for (const MoveRecord& route : routes) {
-        game.Pos->Moves[0] = route;
-        DisplayMove(game.Game, 0);
-        PerformMove(*game.Pos, 0);
-        HalfMoveEntry entry;
-        entry.Move = route;
-        entry.Kind = kByComputer;
-        EnterHalfMove(game.Game, entry);
+        const MadeMove made = InputRecord(game.Game, route);
+        EnterHalfMove(game.Game, made, {kByComputer, 0, ""});
+        ShowHalfMove(game.Game, made);
         InitGameTree(*game.Pos);
         const BoardCells after = game.Pos->Board;
 
@@ -223,9 +219,9 @@ TEST(Navigation, AGameOfAThousandHalfMovesIsFullAndCanBeWalked) {
     for (Long i = 0; i < kMaxHalfMoves; ++i) ASSERT_TRUE(Play(game.Game, round[i % 4])) << i;
     EXPECT_TRUE(GameIsFull(game.Game));
     const BoardCells end = game.Pos->Board;
-    EXPECT_FALSE(InputMove(game.Game, "A1B2"));
+    EXPECT_EQ(std::get<Refusal>(InputMove(game.Game, "A1B2")), Refusal::GameFull);
     EXPECT_EQ(game.Pos->Board, end);
-    ShowGameFull(game.Game);
+    ShowRefusal(game.Game, Refusal::GameFull);
     EXPECT_EQ(game.Screen.Messages.back(), (RecordedMessage{"This game is full: a record holds 1000 half-moves.",
                                                             "Error", MessageKind::Exclamation}));
 

@@ -1,6 +1,6 @@
 #include "session/reset_game.h"
 
-#include "session/new_game.h"
+#include "session/exit.h"
 #include "session/start_up.h"
 #include "support/session_fixture.h"
 

@@ -14,14 +14,14 @@ constexpr Long kLongestGame = 300;
 /// The computer plays both sides from the start position, as long as the game lasts.
 void PlayToTheEnd(SessionFixture& fixture, const RuleSet& rules, Byte depth) {
     support::LimitDepth(fixture, depth);
-    fixture.Game.PlayMode = kComputerComputer;
+    fixture.Game.Settings.PlayMode = kComputerComputer;
     support::StartGame(fixture, rules);
-    while (!fixture.Game.GameOver && fixture.Pos->Tree.TreeIndex < kLongestGame && !testing::Test::HasFailure()) {
+    while (!fixture.Game.Game.GameOver && fixture.Pos->Tree.TreeIndex < kLongestGame && !testing::Test::HasFailure()) {
         const Long before = fixture.Pos->Tree.TreeIndex;
         fixture.Game.Busy = true;
         ThinkComputerMove(fixture.Game);
         fixture.Game.Busy = false;
-        ASSERT_TRUE(fixture.Game.GameOver || fixture.Pos->Tree.TreeIndex == before + 1);
+        ASSERT_TRUE(fixture.Game.Game.GameOver || fixture.Pos->Tree.TreeIndex == before + 1);
         ASSERT_EQ(fixture.Pos->Tree.Ply, 0);
     }
 }
@@ -42,11 +42,11 @@ TEST_P(SelfPlaySlow, AGameEndsWithAVerdictAndItsRecordCanBePlayedAgain) {
     EXPECT_EQ(game.Record.LastMoveIndex, length);
     EXPECT_EQ(fixture.Screen.Ended, 0);
 
-    if (game.GameOver) {
+    if (game.Game.GameOver) {
         ASSERT_EQ(fixture.Screen.Messages.size(), 1u);
         EXPECT_EQ(fixture.Screen.Messages[0].Title, "Congratulations");
         const bool draw = fixture.Screen.Messages[0].Text.starts_with("It's a draw!");
-        EXPECT_EQ(draw, game.ResultText == "1/2-1/2");
+        EXPECT_EQ(draw, game.Game.ResultText == "1/2-1/2");
         if (!draw) {
             EXPECT_EQ(fixture.Screen.Messages[0].Text, "Computer wins!");
         }
@@ -68,7 +68,7 @@ TEST_P(SelfPlaySlow, AGameEndsWithAVerdictAndItsRecordCanBePlayedAgain) {
 
     // Back to the start, and forward again to the same position.
     fixture.Screen.Messages.clear();
-    game.PlayMode = kPlayerPlayer;
+    game.Settings.PlayMode = kPlayerPlayer;
     GoFirst(game);
     EXPECT_EQ(support::PlacementOf(fixture.Pos->Board), start);
     GoLast(game);

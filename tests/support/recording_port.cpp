@@ -69,7 +69,7 @@ UiPort RecordingPort::Port() {
     FillLists(port, *this);
     port.Fields.SetControlEnabled = [this](Control control, bool on) { ControlEnabled[control] = on; };
     port.Commands.SetCommandEnabled = [this](Command command, bool on) { Enabled[command] = on; };
-    port.Fields.MarkPlayerToMove = [this](bool label1) { Label1ToMove = label1; };
+    port.Fields.MarkPlayerToMove = [this](PlayerMark mark) { Mark = mark; };
     port.Files.PlaySound = [this](const std::filesystem::path& file) { Sounds.push_back(file); };
     port.Time.Clock = [this] { return Now += TickPerReading; };
     port.Time.Wait = [this](double seconds) {

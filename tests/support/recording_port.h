@@ -58,7 +58,7 @@ struct RecordingPort {
     Long ProgressMaximum = 100;
     std::vector<std::filesystem::path> Sounds;
     int LastFocus = -1; ///< the list that has been given the focus, as a number
-    bool Label1ToMove = false;
+    PlayerMark Mark = PlayerMark::None;
     int Ended = 0; ///< how often the end of the program was asked for
 
     double Now = 43200.0;        ///< the clock, in seconds since midnight

@@ -60,8 +60,9 @@ void StartFromRandom(Session& session, std::mt19937& random, Long pieces) {
 }
 
 bool Play(Session& session, const std::string& text) {
-    if (!InputMove(session, text)) return false;
-    CommitHumanMove(session, MovePath::Typed);
+    const MoveAnswer answer = InputMove(session, text);
+    if (std::holds_alternative<Refusal>(answer)) return false;
+    CommitHumanMove(session, std::get<MadeMove>(answer), MovePath::Typed);
     return true;
 }
 
@@ -69,8 +70,8 @@ std::string RandomMoveText(Session& session, std::mt19937& random) {
     InitGameTree(session.Pos);
     Long count = GenerateLegalMoves(session.Pos);
     if (count == 0) return "";
-    DisplayMove(session, session.Pos.Tree.PlyFirstMove[0] + static_cast<Long>(random() % static_cast<unsigned>(count)));
-    return UpperCase(session.MoveText.MoveTextKey);
+    const Long slot = static_cast<Long>(random() % static_cast<unsigned>(count));
+    return DisplayMove(session, session.Pos.Moves[slot]).MoveTextKey;
 }
 
 const std::vector<RulesRow>& VariedRules() {

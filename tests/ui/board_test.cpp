@@ -197,12 +197,12 @@ private slots:
         game.Game.Settings.TouchMove = 1;
         game.PressOn("c5");
         game.Release();
-        QCOMPARE(game.Game.TouchedCell, SquareOf("c5"));
+        QCOMPARE(game.Game.Game.TouchedCell, SquareOf("c5"));
         game.Drag("g5", "h6");
         QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move")});
         game.Drag("c5", "d6");
         QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
-        QCOMPARE(game.Game.TouchedCell, 0);
+        QCOMPARE(game.Game.Game.TouchedCell, 0);
     }
 };
 

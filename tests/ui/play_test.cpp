@@ -193,17 +193,17 @@ private slots:
         GameWindow game("Classic Small", kPlayerComputer);
         game.ClickButton("Draw");
         game.Drag("c5", "d6");
-        game.Game.LastScore = 1;
+        game.Game.Game.LastScore = 1;
         game.ClickButton("Draw");
-        QVERIFY(!game.Game.GameOver);
+        QVERIFY(!game.Game.Game.GameOver);
         SeenBox rejected{"Draw Offer", "Offer rejected... Play on!", QMessageBox::Warning};
         QCOMPARE(game.Boxes.Seen, (std::vector{rejected, rejected}));
 
-        game.Game.LastScore = 0;
+        game.Game.Game.LastScore = 0;
         game.ClickButton("Draw");
         QCOMPARE(game.Boxes.Seen.back(), (SeenBox{kCongratulations, "OK... It's a draw!", QMessageBox::Warning}));
         QCOMPARE(game.Status(), "It's a draw!");
-        QCOMPARE(game.Game.ResultText, "1/2-1/2");
+        QCOMPARE(game.Game.Game.ResultText, "1/2-1/2");
         QVERIFY(!game.IsOn(Command::Compute) && !game.IsOn(Command::Offerdraw) && !game.IsOn(Command::Resign));
     }
 
@@ -219,7 +219,7 @@ private slots:
         QCOMPARE(game.Game.Record.LastMoveIndex, moves);
         // Going back opens the game again.
         game.ClickButton("Back");
-        QVERIFY(!game.Game.GameOver && game.IsOn(Command::Compute));
+        QVERIFY(!game.Game.Game.GameOver && game.IsOn(Command::Compute));
     }
 
     void TheLastPieceWins() {
@@ -227,8 +227,8 @@ private slots:
         game.Place("", "W: c3; B: d4");
         game.Drag("c3", "e5");
         QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "White wins!", QMessageBox::Warning}}));
-        QCOMPARE(game.Game.ResultText, "1-0");
-        QVERIFY(game.Game.GameOver);
+        QCOMPARE(game.Game.Game.ResultText, "1-0");
+        QVERIFY(game.Game.Game.GameOver);
         QVERIFY(!game.IsOn(Command::Compute));
     }
 };

@@ -99,15 +99,11 @@ Failure PlayMove(Session& game, const std::string& key, std::size_t number) {
     Position& position = game.Pos;
     const std::string move = "--play: move " + std::to_string(number) + ", " + Quoted(LowerCase(key)) + ", ";
     if (GameIsFull(game)) return move + "is too much: a game holds " + std::to_string(kMaxHalfMoves) + " half-moves";
-    const bool legal = InputMove(game, key);
+    const MoveAnswer answer = InputMove(game, key);
     if (Failure failure = LimitPassed(position)) return failure;
-    if (!legal) return move + "is not legal";
+    if (std::holds_alternative<Refusal>(answer)) return move + "is not legal";
 
-    HalfMoveEntry entry;
-    entry.Move = position.Moves[game.LastMoveSlot];
-    entry.Choices = position.Tree.PlyFirstMove[1] - position.Tree.PlyFirstMove[0];
-    entry.Depth = "2";
-    EnterHalfMove(game, entry);
+    EnterHalfMove(game, std::get<MadeMove>(answer), {kByPerson, 0, "2"});
     UpdateDrawStatus(game);
     InitGameTree(position);
     return std::nullopt;
