@@ -58,11 +58,11 @@ bool ReadCursor(const QString& file, PieceCursor& cursor) {
 }
 
 /// One line of a skin file; false when it names an image that cannot be read.
-bool ReadSkinLine(const QString& folder, const std::string& line, Skin& skin) {
+bool ReadSkinLine(const QString& folder, std::string_view line, Skin& skin) {
     const std::size_t sign = line.find('=');
-    if (sign == std::string::npos) return true;
-    const std::string key = line.substr(0, sign);
-    const std::string value = line.substr(sign + 1);
+    if (sign == std::string_view::npos) return true;
+    const std::string key(line.substr(0, sign));
+    const std::string value(line.substr(sign + 1));
     const Long number = RoundHalfEven(std::clamp(ParseNumber(value), -1e9, 1e9));
     if (key == "BoardCustomSize") skin.BoardCustomSize = number;
     if (key == "dark_highlight") skin.DarkHighlight = ColourOfNumber(number);
@@ -80,13 +80,15 @@ bool ReadSkinLine(const QString& folder, const std::string& line, Skin& skin) {
 /// Why a skin file cannot be used; empty when it can.
 std::string ReadSkinFile(const std::filesystem::path& folder, const std::string& name, Skin& skin) {
     const std::filesystem::path file = folder / (name + ".ini");
-    std::vector<std::string> lines;
-    if (!ReadLines(file, lines)) return file.string() + ": cannot be read";
+    const Outcome<std::string> bytes = ReadWholeFile(file);
+    if (!bytes) return bytes.Failure().Message();
+    const std::vector<std::string_view> lines = SplitLines(*bytes);
     const QString images = QString::fromStdString((folder / name).string());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (lines[i] == "END") return "";
         if (!ReadSkinLine(images, lines[i], skin)) {
-            return file.string() + ", line " + std::to_string(i + 1) + ": the image cannot be read: " + lines[i];
+            return file.string() + ", line " + std::to_string(i + 1) +
+                   ": the image cannot be read: " + std::string(lines[i]);
         }
     }
     return file.string() + ": ends too early: no line \"END\"";
