@@ -48,10 +48,6 @@ std::string ErrorText(int error) {
     }
 }
 
-FileFailure CannotWrite(const fs::path& file, int error) {
-    return {FileFailure::Kind::CannotWrite, file.string(), 0, ErrorText(error)};
-}
-
 /// The file that a chain of symbolic links ends in, which need not exist. An endless chain is left as it is.
 fs::path LinkTarget(fs::path file) {
     std::error_code none;
@@ -190,6 +186,10 @@ Outcome<std::string> ReadWholeFile(const fs::path& file) {
     return bytes;
 }
 
+FileFailure WriteFailure(const fs::path& file, int error) {
+    return {FileFailure::Kind::CannotWrite, file.string(), 0, ErrorText(error)};
+}
+
 std::vector<std::string_view> SplitLines(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {
@@ -205,14 +205,14 @@ std::optional<FileFailure> ReplaceFile(const fs::path& file, std::string_view by
     const fs::path target = LinkTarget(file);
     struct stat old;
     const bool existed = stat(target.c_str(), &old) == 0;
-    if (!existed && errno != ENOENT) return CannotWrite(file, errno);
-    if (int error = existed ? Refusal(target, old) : 0) return CannotWrite(file, error);
+    if (!existed && errno != ENOENT) return WriteFailure(file, errno);
+    if (int error = existed ? Refusal(target, old) : 0) return WriteFailure(file, error);
 
     NewFile beside(FolderOf(target));
-    if (int error = beside.Write(bytes)) return CannotWrite(file, error);
+    if (int error = beside.Write(bytes)) return WriteFailure(file, error);
     if (existed) beside.TakePermissions(old.st_mode);
-    if (int error = beside.Flush()) return CannotWrite(file, error);
-    if (int error = beside.RenameTo(target)) return CannotWrite(file, error);
+    if (int error = beside.Flush()) return WriteFailure(file, error);
+    if (int error = beside.RenameTo(target)) return WriteFailure(file, error);
     FlushFolder(FolderOf(target));
     return std::nullopt;
 }

@@ -62,6 +62,9 @@ auto ReadFileWith(const std::filesystem::path& file, Read&& read) -> decltype(re
     return failure;
 }
 
+/// A failure to write for an error number of the system, in plain words.
+FileFailure WriteFailure(const std::filesystem::path& file, int error);
+
 /// The lines of a text without their line ends (CR LF, LF alone is accepted too). They look into the text.
 std::vector<std::string_view> SplitLines(std::string_view text);
 

@@ -10,6 +10,9 @@
 
 namespace tavlon12 {
 
+/// The variant of a first start.
+inline constexpr const char* kDefaultVariant = "Canadian Checkers";
+
 /// The texts that a definition brings for the user.
 struct VariantTexts {
     std::string VariantHelp;

@@ -1,8 +1,6 @@
 #include "rules/rule_keys.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace tavlon12 {
 
@@ -62,10 +60,7 @@ const RuleKey kRuleKeys[] = {
 };
 
 template <typename Number> bool ReadValue(std::string_view text, Number& value, const PromotionForm&) {
-    double number = std::nearbyint(ParseNumber(text)); // ties to even
-    if (number < std::numeric_limits<Number>::min() || number > std::numeric_limits<Number>::max()) return false;
-    value = static_cast<Number>(number);
-    return true;
+    return ReadWhole(text, value);
 }
 
 bool ReadValue(std::string_view text, PromotionList& value, const PromotionForm& form) {
