@@ -1,10 +1,14 @@
 #pragma once
 
 #include "engine/search_options.h"
-#include "rules/basics.h"
+#include "files/variant_file.h"
 #include "rules/notation.h"
+#include "rules/rule_set.h"
 
+#include <span>
 #include <string>
+#include <string_view>
+#include <variant>
 
 namespace tavlon12 {
 
@@ -39,5 +43,36 @@ struct UserSettings {
     Long UseClassic = 1; ///< 1: the variant's file lies among the program's variants, 0: among the user's
     Long TouchMove = 0;
 };
+
+/// What the settings file holds, with the values of a first start.
+struct StoredSettings {
+    UserSettings User;
+    RuleSet Rules; ///< those in force; `Setup` is not stored
+    std::string VariantFile = kDefaultVariant;
+};
+
+/// One line of the settings file. Its kind is that of its member; its default is the one of `StoredSettings`.
+struct SettingRow {
+    using Value = std::variant<Byte*, Integer*, Long*, std::string*>;
+
+    std::string_view Name;
+    Value (*ValueIn)(StoredSettings&); ///< null for a rule value, which has the name as its key
+    Long Least = 0;                    ///< of a number of the user's: what he can choose; a file may hold
+    Long Most = 1;                     ///< any value of the kind
+    bool WholeLine = false;            ///< a text that is read with its commas, leading blanks and quotes
+};
+
+/// The settings in the order of the file, from its second line on.
+std::span<const SettingRow> SettingRows();
+
+/// Reads the bytes of a settings file. A failure `BadValue` is a value out of the range of its kind; after any other
+/// (another header, too few lines) the file counts as unusable and the defaults take its place.
+Outcome<StoredSettings> ReadSettings(std::string_view bytes);
+
+/// The bytes of the settings file at the end of a run.
+std::string SettingsText(const StoredSettings& stored);
+
+/// The bytes of the settings file of a first start, which has its promotion squares in another case.
+std::string DefaultSettingsText();
 
 } // namespace tavlon12

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -18,6 +20,15 @@ Long RoundHalfEven(double value);
 
 /// The number that the text begins with, after leading blanks; 0 when it begins with none ("12 yes" is 12, "x" is 0).
 double ParseNumber(std::string_view text);
+
+/// Reads a whole number: the one that the text begins with, to the nearest, ties to even. False, with nothing changed,
+/// when it lies out of the range of its kind.
+template <typename Number> [[nodiscard]] bool ReadWhole(std::string_view text, Number& value) {
+    const double number = std::nearbyint(ParseNumber(text));
+    if (number < std::numeric_limits<Number>::min() || number > std::numeric_limits<Number>::max()) return false;
+    value = static_cast<Number>(number);
+    return true;
+}
 
 /// A number as text with a leading blank when it is not negative: 5 is " 5", -5 is "-5".
 std::string Str(Long number);

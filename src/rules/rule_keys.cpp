@@ -1,11 +1,6 @@
 #include "rules/rule_keys.h"
 
-#include "rules/notation.h"
-
 #include <algorithm>
-#include <cmath>
-#include <limits>
-#include <type_traits>
 
 namespace tavlon12 {
 
@@ -64,29 +59,37 @@ const RuleKey kRuleKeys[] = {
     {"Setup", &RuleSet::Setup, "", false},
 };
 
-template <typename Number> bool ReadNumber(std::string_view text, Number& value) {
-    double number = std::nearbyint(ParseNumber(text)); // ties to even
-    if (number < std::numeric_limits<Number>::min() || number > std::numeric_limits<Number>::max()) return false;
-    value = static_cast<Number>(number);
+template <typename Number> bool ReadValue(std::string_view text, Number& value, const PromotionForm&) {
+    return ReadWhole(text, value);
+}
+
+bool ReadValue(std::string_view text, PromotionList& value, const PromotionForm& form) {
+    value = ReadPromotionList(text, form);
     return true;
 }
 
-bool ReadValue(std::string_view text, Byte& value) {
-    return ReadNumber(text, value);
-}
-
-bool ReadValue(std::string_view text, Long& value) {
-    return ReadNumber(text, value);
-}
-
-bool ReadValue(std::string_view text, PromotionList& value) {
-    value = ReadPromotionList(text);
-    return true;
-}
-
-bool ReadValue(std::string_view text, std::string& value) {
+bool ReadValue(std::string_view text, std::string& value, const PromotionForm&) {
     value = text;
     return true;
+}
+
+std::string ValueText(Long value, const PromotionForm&) {
+    return std::to_string(value);
+}
+
+std::string ValueText(const PromotionList& value, const PromotionForm& form) {
+    return PromotionListText(value, form);
+}
+
+std::string ValueText(const std::string& value, const PromotionForm&) {
+    return value;
+}
+
+/// A square's text, which `SquareNotation` gives in small letters, in the case of the form.
+std::string InCase(std::string text, PromotionForm::Case letters) {
+    if (letters == PromotionForm::Case::Small) return text;
+    if (letters == PromotionForm::Case::Capitals) return UpperCase(text);
+    return UpperCase(text.substr(0, 1)) + text.substr(1);
 }
 
 } // namespace
@@ -100,24 +103,32 @@ const RuleKey* FindRuleKey(std::string_view name) {
     return found == std::end(kRuleKeys) ? nullptr : found;
 }
 
-bool SetRuleValue(RuleSet& rules, const RuleKey& key, std::string_view text) {
-    return std::visit([&](auto member) { return ReadValue(text, rules.*member); }, key.Member);
+bool SetRuleValue(RuleSet& rules, const RuleKey& key, std::string_view text, const PromotionForm& form) {
+    return std::visit([&](auto member) { return ReadValue(text, rules.*member, form); }, key.Member);
 }
 
-PromotionList ReadPromotionList(std::string_view text) {
+std::string RuleValueText(const RuleSet& rules, const RuleKey& key, const PromotionForm& form) {
+    return std::visit([&](auto member) { return ValueText(rules.*member, form); }, key.Member);
+}
+
+PromotionList ReadPromotionList(std::string_view text, const PromotionForm& form) {
     PromotionList list;
-    for (Long& slot : list) {
-        Long square = SquareNumber(text.substr(0, 2), kAlgebraic, 1); // the colour plays no part in algebraic text
-        slot = square == 0 ? kUnusedSlot : square;
+    list.fill(kUnusedSlot);
+    const bool small = form.Letters == PromotionForm::Case::Small;
+    for (Long slot = 0; slot < form.Slots; ++slot) {
+        const std::string pair = small ? UpperCase(text.substr(0, 2)) : std::string(text.substr(0, 2));
+        Long square = SquareNumber(pair, form.Notation, form.PiecesOnBlack);
+        if (square != 0) list[slot] = square;
         text.remove_prefix(std::min<std::size_t>(2, text.size()));
     }
     return list;
 }
 
-std::string PromotionListText(const PromotionList& list) {
+std::string PromotionListText(const PromotionList& list, const PromotionForm& form) {
     std::string text;
-    for (Long square : list) {
-        if (square != kUnusedSlot) text += UpperCase(SquareNotation(square, Padding::Blank, kAlgebraic));
+    for (Long slot = 0; slot < form.Slots; ++slot) {
+        if (list[slot] == kUnusedSlot) continue;
+        text += InCase(SquareNotation(list[slot], Padding::Blank, form.Notation), form.Letters);
     }
     return text;
 }

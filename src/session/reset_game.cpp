@@ -3,6 +3,7 @@
 #include "engine/evaluation_tables.h"
 #include "rules/generate_moves.h"
 #include "session/command_state.h"
+#include "session/load_variant.h"
 #include "session/move_texts.h"
 #include "session/players.h"
 #include "session/screen.h"
@@ -45,7 +46,7 @@ bool BuildPosition(Session& session) {
     SetDefinedDefaults(position.DefinedRules);
     session.Game.RateableGame = true;
     std::filesystem::path folder = VariantFolder(session.ProgramFolder, session.Settings.UseClassic);
-    if (auto failure = LoadVariant(folder, position, session.Texts)) {
+    if (auto failure = LoadVariant(session, folder)) {
         std::cerr << failure->Message() << '\n';
         FatalEnd(session);
         return false;

@@ -1,13 +1,11 @@
 #include "ui/skin.h"
 
-#include "files/file_text.h"
 #include "session/screen.h"
 #include "ui/shown_text.h"
 
 #include <QFile>
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 #include <iostream>
 
@@ -35,14 +33,8 @@ bool ReadPictures(Skin& skin, const QString& folder) {
     return valid;
 }
 
-constexpr std::array<const char*, 10> kImageKeys = {
-    "dark_square",  "dark_white_man",  "dark_white_king",  "dark_black_man",  "dark_black_king",
-    "light_square", "light_white_man", "light_white_king", "light_black_man", "light_black_king"};
-constexpr std::array<const char*, 4> kCursorKeys = {"white_man_ico", "white_king_ico", "black_man_ico",
-                                                    "black_king_ico"};
-
-QColor ColourOfNumber(Long number) {
-    return {number & 255, number >> 8 & 255, number >> 16 & 255};
+QColor ShownColour(const SkinColour& colour) {
+    return {colour.Red, colour.Green, colour.Blue};
 }
 
 /// A cursor file tells its hot spot behind the head of its first picture; for any other image it is the middle.
@@ -57,39 +49,33 @@ bool ReadCursor(const QString& file, PieceCursor& cursor) {
     return true;
 }
 
-/// One line of a skin file; false when it names an image that cannot be read.
-bool ReadSkinLine(const QString& folder, const std::string& line, Skin& skin) {
-    const std::size_t sign = line.find('=');
-    if (sign == std::string::npos) return true;
-    const std::string key = line.substr(0, sign);
-    const std::string value = line.substr(sign + 1);
-    const Long number = RoundHalfEven(std::clamp(ParseNumber(value), -1e9, 1e9));
-    if (key == "BoardCustomSize") skin.BoardCustomSize = number;
-    if (key == "dark_highlight") skin.DarkHighlight = ColourOfNumber(number);
-    if (key == "light_highlight") skin.LightHighlight = ColourOfNumber(number);
-    const QString file = folder + QLatin1Char('/') + Shown(value).replace(QLatin1Char('\\'), QLatin1Char('/'));
-    for (std::size_t i = 0; i < kImageKeys.size(); ++i) {
-        if (key == kImageKeys[i] && !skin.Images[i].load(file)) return false;
+/// Loads the images that a skin file names; a message when one cannot be loaded.
+template <typename Load>
+std::string LoadImages(const std::filesystem::path& folder, const std::vector<SkinImage>& images, Load load) {
+    for (const SkinImage& image : images) {
+        auto file = FindFile(folder, BytesOf(Shown(image.File)));
+        if (file && load(QString::fromStdString(file->string()), image.Index)) continue;
+        return folder.string() + ".ini, line " + std::to_string(image.Line) +
+               ": the image cannot be read: " + image.File;
     }
-    for (std::size_t i = 0; i < kCursorKeys.size(); ++i) {
-        if (key == kCursorKeys[i] && !ReadCursor(file, skin.Cursors[i])) return false;
-    }
-    return true;
+    return "";
 }
 
 /// Why a skin file cannot be used; empty when it can.
-std::string ReadSkinFile(const std::filesystem::path& folder, const std::string& name, Skin& skin) {
-    const std::filesystem::path file = folder / (name + ".ini");
-    std::vector<std::string> lines;
-    if (!ReadLines(file, lines)) return file.string() + ": cannot be read";
-    const QString images = QString::fromStdString((folder / name).string());
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (lines[i] == "END") return "";
-        if (!ReadSkinLine(images, lines[i], skin)) {
-            return file.string() + ", line " + std::to_string(i + 1) + ": the image cannot be read: " + lines[i];
-        }
-    }
-    return file.string() + ": ends too early: no line \"END\"";
+std::string UseSkinFile(const std::filesystem::path& programFolder, const std::string& name, Skin& skin) {
+    const std::string relative = "skins/" + name;
+    const auto found = FindFile(programFolder, relative + ".ini").value_or(programFolder / (relative + ".ini"));
+    auto file = ReadFileWith(found, ReadSkin);
+    if (!file) return file.Failure().Message();
+    skin.BoardCustomSize = file->BoardCustomSize;
+    skin.DarkHighlight = ShownColour(file->DarkHighlight);
+    skin.LightHighlight = ShownColour(file->LightHighlight);
+    const auto folder = FindFile(programFolder, relative).value_or(programFolder / relative);
+    auto loadSquare = [&](const QString& image, std::size_t index) { return skin.Images[index].load(image); };
+    std::string failure = LoadImages(folder, file->Squares, loadSquare);
+    if (!failure.empty()) return failure;
+    return LoadImages(folder, file->Cursors,
+                      [&](const QString& image, std::size_t index) { return ReadCursor(image, skin.Cursors[index]); });
 }
 
 } // namespace
@@ -101,37 +87,21 @@ SquareImage ImageOf(bool dark, Long value) {
 }
 
 bool LoadSkin(Session& session, Skin& skin) {
-    QString folder;
-    session.Settings.SkinMode = 4;
-    if (session.Settings.SkinName == "Classic Small") {
-        session.Settings.SkinMode = 0;
-        folder = QStringLiteral("small");
-    } else if (session.Settings.SkinName == "Classic Medium") {
-        session.Settings.SkinMode = 2;
-        folder = QStringLiteral("medium");
-    }
+    const std::string& name = session.Settings.SkinName;
+    const bool small = name == kClassicSmall;
+    const bool medium = name == kClassicMedium;
+    session.Settings.SkinMode = small ? 0 : medium ? 2 : 4;
     skin = Skin();
-    skin.DarkHighlight = QColor(255, 255, 0);
-    skin.LightHighlight = QColor(128, 128, 0);
     std::string failure;
-    if (folder.isEmpty()) {
-        failure = ReadSkinFile(session.ProgramFolder / "skins", session.Settings.SkinName, skin);
-    } else if (!ReadPictures(skin, folder)) {
+    if (!small && !medium) {
+        failure = UseSkinFile(session.ProgramFolder, name, skin);
+    } else if (!ReadPictures(skin, small ? QStringLiteral("small") : QStringLiteral("medium"))) {
         failure = "the program's own pictures cannot be read";
     }
     if (failure.empty()) return true;
     std::cerr << failure << '\n';
     FatalEnd(session);
     return false;
-}
-
-std::vector<std::string> SkinNames(const std::filesystem::path& programFolder) {
-    std::vector<std::string> names{"Classic Small", "Classic Medium"};
-    std::error_code unreadable; // then there are none
-    for (const auto& entry : std::filesystem::directory_iterator(programFolder / "skins", unreadable)) {
-        if (entry.path().extension() == ".ini") names.push_back(entry.path().stem().string());
-    }
-    return names;
 }
 
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height) {

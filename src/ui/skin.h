@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/skin_file.h"
 #include "session/session.h"
 
 #include <QColor>
@@ -17,21 +18,6 @@
 #include <vector>
 
 namespace tavlon12 {
-
-/// What a square of the board can show. The pieces follow their square's colour in the order white man, white king,
-/// black man, black king.
-enum class SquareImage {
-    DarkSquare,
-    DarkWhiteMan,
-    DarkWhiteKing,
-    DarkBlackMan,
-    DarkBlackKing,
-    LightSquare,
-    LightWhiteMan,
-    LightWhiteKing,
-    LightBlackMan,
-    LightBlackKing,
-};
 
 constexpr bool IsEmptySquareImage(SquareImage image) {
     return image == SquareImage::DarkSquare || image == SquareImage::LightSquare;
@@ -51,25 +37,18 @@ struct PieceCursor {
 struct Skin {
     std::unique_ptr<QSvgRenderer> Dark, Light;
     std::array<std::unique_ptr<QSvgRenderer>, 4> Pieces; ///< white man, white king, black man, black king
-    std::array<QImage, 10> Images;      ///< of a skin file, by `SquareImage`; null in the program's own sets
-    std::array<PieceCursor, 4> Cursors; ///< of a skin file, in the order of the pieces
+    std::array<QImage, kSquareImages> Images; ///< of a skin file, by `SquareImage`; null in the program's own sets
+    std::array<PieceCursor, kPieceCursors> Cursors; ///< of a skin file, in the order of the pieces
     Long BoardCustomSize = -1; ///< of a skin file: 0 small, 2 medium geometry; with any other no boxes are drawn
-    QColor DarkHighlight;
-    QColor LightHighlight;
+    QColor DarkHighlight{255, 255, 0};
+    QColor LightHighlight{128, 128, 0};
     std::map<std::tuple<SquareImage, int, int>, QPixmap> Cache;
 };
 
 /// Takes the skin of `SkinName` and sets `SkinMode` by it: 0 "Classic Small", 2 "Classic Medium", 4 for the name of a
 /// file in the folder skins of the program folder. When file or picture cannot be had, it shows the message of a
 /// failure that cannot be repaired, ends the program and gives false.
-///
-/// A skin file is lines of "key=value" up to a line "END": "BoardCustomSize", "dark_highlight" and "light_highlight"
-/// (colour numbers, red in the low byte), and names of images in the folder of the skin's own name: "dark_square",
-/// "light_black_king" and so on, "white_man_ico" and so on. Any other line means nothing.
 bool LoadSkin(Session& session, Skin& skin);
-
-/// The names to choose from: the two classic sets, then the skin files of the program folder.
-std::vector<std::string> SkinNames(const std::filesystem::path& programFolder);
 
 /// The picture of a square, `width` by `height` device pixels.
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height);

@@ -32,22 +32,6 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
     }
 }
 
-std::string ValueText(const RuleSet& rules, const RuleMember& member) {
-    return std::visit(
-        [&rules](auto pointer) -> std::string {
-            const auto& value = rules.*pointer;
-            using Value = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<Value, std::string>) {
-                return value;
-            } else if constexpr (std::is_same_v<Value, PromotionList>) {
-                return PromotionListText(value);
-            } else {
-                return std::to_string(static_cast<Long>(value));
-            }
-        },
-        member);
-}
-
 std::unique_ptr<Position> NewPosition(const RuleSet& rules) {
     auto position = std::make_unique<Position>();
     position->Rules = rules;
@@ -78,8 +62,8 @@ RuleSet RulesWith(std::string_view changedKeys) {
 std::string ChangedKeys(const RuleSet& rules) {
     std::string text;
     for (const RuleKey& key : RuleKeys()) {
-        std::string value = ValueText(rules, key.Member);
-        if (value == ValueText(RuleSet(), key.Member)) continue;
+        std::string value = RuleValueText(rules, key);
+        if (value == RuleValueText(RuleSet(), key)) continue;
         if (!text.empty()) text += " | ";
         text.append(key.Name).append("=").append(value);
     }

@@ -47,8 +47,6 @@ private slots:
             QCOMPARE(SquarePixmap(skin, SquareImage::DarkSquare, 54, 54).toImage().pixelColor(27, 27),
                      QColor(10, 200, 30));
         }
-        QCOMPARE(SkinNames(session.ProgramFolder),
-                 (std::vector<std::string>{"Classic Small", "Classic Medium", "Plain"}));
     }
 
     void ADragMovesAMan() {

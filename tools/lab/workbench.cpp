@@ -1,11 +1,11 @@
 #include "lab/workbench.h"
 
 #include "engine/evaluation_tables.h"
-#include "files/variant_file.h"
 #include "lab/family.h"
 #include "rules/rule_keys.h"
 #include "session/game_end.h"
 #include "session/input_move.h"
+#include "session/load_variant.h"
 #include "session/record_move.h"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ Failure StartGame(const Lab& lab, const Options& options, Workbench& bench) {
         position.VariantFile = options.Variant;
         const std::filesystem::path folder =
             options.Variants.empty() ? VariantFolder(lab.ProgramFolder, 1) : options.Variants;
-        if (auto failure = LoadVariant(folder, position, bench.Game.Texts)) return failure->Message();
+        if (auto failure = LoadVariant(bench.Game, folder)) return failure->Message();
     }
     for (const std::string& rule : options.Rules) {
         if (Failure failure = ApplyRule(rule, position)) return failure;
