@@ -153,13 +153,13 @@ void PlaceSetup(Position& position, std::string_view digits) {
     SetRootBalance(position, CountStart(position));
 }
 
-void FinishNewPosition(Position& position) {
+void FinishNewPosition(Position& position, Byte definedColour) {
     RecognizeBoardKind(position);
     ClassifySteps(position);
     const RuleSet& rules = position.Rules;
     // `InitialBoard` keeps the digits as they are written for the other colour.
     if (rules.PiecesOnBlack == 0) ShiftPieces(position, false);
-    if (rules.PiecesOnBlack < 2 && rules.PiecesOnBlack != position.DefinedRules.PiecesOnBlack) {
+    if (rules.PiecesOnBlack < 2 && rules.PiecesOnBlack != definedColour) {
         ShiftPromotions(position);
     }
     position.Tree.SideToMove = rules.BlackStarts == 1 ? kBlack : kWhite;

@@ -47,10 +47,7 @@ using ByteBoard = std::array<std::int8_t, kBoardCells + 2 * kByteMargin>;
 
 /// The rules in force and everything that moves change. It is large: keep it on the heap or static.
 struct Position {
-    std::string VariantFile = "Canadian Checkers"; ///< file of the definition, without folder and extension
-    std::string VariantName = "Canadian Checkers"; ///< the name shown
     RuleSet Rules;                                 ///< as they are played
-    RuleSet DefinedRules;                          ///< as the variant's definition file has them
     DirectionTable DirTable = DirectionsOf(RuleSet());
     PromotionMarks Promotions = MarkPromotions(RuleSet());
 
@@ -61,7 +58,6 @@ struct Position {
     Long PieceSum = 0;              ///< magnitudes of the start position
     Long WhiteMen = 0;              ///< men of the start position, when it was counted
     Long BlackMen = 0;
-    bool CustomSetup = false; ///< the start position was set by hand, loaded or drawn; a new game keeps it
 
     BoardCells Board = EmptyBoard();
     PositionKey Key;                  ///< of `Board`: the pieces as sets of squares
@@ -156,9 +152,10 @@ void PlaceClassicStart(Position& position);
 /// balance of the root seen from Black.
 void PlaceSetup(Position& position, std::string_view digits);
 
-/// The last two steps of a new game: the pieces and promotion squares onto the playing colour, the side to move from
+/// The last two steps of a new game: the pieces and, where the definition was written for the other colour
+/// (`definedColour`, its `PiecesOnBlack`), the promotion squares onto the playing colour, the side to move from
 /// `BlackStarts`, the tree empty, the material of the root.
-void FinishNewPosition(Position& position);
+void FinishNewPosition(Position& position, Byte definedColour);
 
 /// Makes the board, set by hand or drawn, the start of a game: `InitialBoard`, counts, balance and `BlackStarts`
 /// follow.

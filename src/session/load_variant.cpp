@@ -4,9 +4,9 @@ namespace tavlon12 {
 
 void AdoptVariant(Session& session, VariantDefinition&& definition) {
     Position& position = session.Pos;
-    position.VariantName = position.VariantFile;
-    position.DefinedRules = std::move(definition.Rules);
-    session.Texts = std::move(definition.Texts);
+    session.Variant.VariantName = session.Variant.VariantFile;
+    session.Variant.DefinedRules = std::move(definition.Rules);
+    session.Variant.Texts = std::move(definition.Texts);
     if (definition.StartDigits) PlaceSetup(position, *definition.StartDigits);
     if (definition.BalanceNegated) {
         GameTree& tree = position.Tree;
@@ -16,9 +16,9 @@ void AdoptVariant(Session& session, VariantDefinition&& definition) {
 }
 
 std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::path& folder) {
-    const Position& position = session.Pos;
-    auto definition = ReadFileWith(VariantPath(folder, position.VariantFile), [&](std::string_view bytes) {
-        return ReadVariant(bytes, position.DefinedRules, session.Texts);
+    const VariantState& variant = session.Variant;
+    auto definition = ReadFileWith(VariantPath(folder, variant.VariantFile), [&](std::string_view bytes) {
+        return ReadVariant(bytes, variant.DefinedRules, variant.Texts);
     });
     if (!definition) return definition.Failure();
     AdoptVariant(session, std::move(*definition));

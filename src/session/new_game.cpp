@@ -9,7 +9,7 @@ void NewGame(Session& session) {
     if (session.Busy) return;
     if (session.Game.GameTouched && !session.Port.Dialogs.AskYesNo("Quit current game?", "Confirmation")) return;
 
-    session.Pos.CustomSetup = false;
+    session.Variant.CustomSetup = false;
     if (!ResetGame(session)) return;
     session.ResultShown.clear();
 

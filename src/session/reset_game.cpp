@@ -36,14 +36,14 @@ void DrawBeginner(Session& session) {
     RuleSet& rules = session.Pos.Rules;
     if (rules.RndColor != 1) return;
     rules.BlackStarts = std::bernoulli_distribution()(session.Search.Random) ? 1 : 0;
-    session.Pos.DefinedRules.BlackStarts = rules.BlackStarts;
+    session.Variant.DefinedRules.BlackStarts = rules.BlackStarts;
 }
 
 bool BuildPosition(Session& session) {
     Position& position = session.Pos;
     PlaceClassicStart(position);
-    position.VariantName = "Canadian Checkers";
-    SetDefinedDefaults(position.DefinedRules);
+    session.Variant.VariantName = kDefaultVariant;
+    SetDefinedDefaults(session.Variant.DefinedRules);
     session.Game.RateableGame = true;
     std::filesystem::path folder = VariantFolder(session.ProgramFolder, session.Settings.UseClassic);
     if (auto failure = LoadVariant(session, folder)) {
@@ -52,7 +52,7 @@ bool BuildPosition(Session& session) {
         return false;
     }
     DrawBeginner(session);
-    FinishNewPosition(position);
+    FinishNewPosition(position, session.Variant.DefinedRules.PiecesOnBlack);
     return true;
 }
 
@@ -103,7 +103,7 @@ void LeaveNumericNotation(Session& session) {
 bool ResetGame(Session& session) {
     Position& position = session.Pos;
     session.Search.Random.seed(static_cast<std::mt19937::result_type>(std::llround(session.Port.Time.Clock() * 1000)));
-    if (!position.CustomSetup && !BuildPosition(session)) return false;
+    if (!session.Variant.CustomSetup && !BuildPosition(session)) return false;
 
     session.Port.Status.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion));
     ShowVariantName(session);

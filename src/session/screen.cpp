@@ -89,18 +89,17 @@ void UpdatePlayerLabels(Session& session) {
     ShowSideToMove(session);
 }
 
-std::string ShownVariantName(const Position& position) {
+std::string ShownVariantName(const VariantState& variant, const RuleSet& rules) {
     constexpr std::string_view kBoardSize = " 12x12";
-    const RuleSet& rules = position.Rules;
-    bool ownPosition = position.CustomSetup && rules.RemoveMen != 1 && rules.DoMoves != 1;
-    std::string name = position.VariantName;
-    if (ownPosition || RulesModified(rules, position.DefinedRules)) name += " (M)";
+    bool ownPosition = variant.CustomSetup && rules.RemoveMen != 1 && rules.DoMoves != 1;
+    std::string name = variant.VariantName;
+    if (ownPosition || RulesModified(rules, variant.DefinedRules)) name += " (M)";
     if (EndsWithNoCase(name, kBoardSize)) name.resize(name.size() - kBoardSize.size());
     return name;
 }
 
 void ShowVariantName(Session& session) {
-    session.Port.Fields.SetText(Control::Label8, ShownVariantName(session.Pos));
+    session.Port.Fields.SetText(Control::Label8, ShownVariantName(session.Variant, session.Pos.Rules));
 }
 
 void ShowStrengthLine(Session& session) {

@@ -22,7 +22,7 @@ void RedrawFromSquares(Session& session);
 void UpdatePlayerLabels(Session& session);
 
 /// The variant's name with its mark " (M)" when rules differ from the definition.
-std::string ShownVariantName(const Position& position);
+std::string ShownVariantName(const VariantState& variant, const RuleSet& rules);
 void ShowVariantName(Session& session);
 
 /// The line of strength and limit, for instance "Strength: 9   Time: 2 sec".

@@ -35,6 +35,15 @@ struct BoardInput {
     bool SelfMoveExists = false; ///< a legal move of the pressed piece ends where it stands
 };
 
+/// The variant that is played: its definition file, and what that file says.
+struct VariantState {
+    std::string VariantFile = kDefaultVariant; ///< without folder and extension
+    std::string VariantName = kDefaultVariant; ///< the name shown
+    RuleSet DefinedRules;                      ///< the rules in force may differ
+    VariantTexts Texts;
+    bool CustomSetup = false; ///< the start position was set by hand, loaded or drawn; a new game keeps it
+};
+
 /// The state of a game beside its record. A new game assigns it anew.
 struct GameState {
     bool GameOver = false;
@@ -76,7 +85,7 @@ struct Session {
     SearchState& Search;
     UiPort Port;
     UserSettings Settings;
-    VariantTexts Texts;
+    VariantState Variant;
     std::filesystem::path ProgramFolder; ///< where the data folders and the files of the program lie
     Long Rating = 1200;
 

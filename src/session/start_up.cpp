@@ -28,7 +28,7 @@ void ShowSettings(Session& session) {
 } // namespace
 
 bool StartUp(Session& session) {
-    session.Pos.CustomSetup = false;
+    session.Variant.CustomSetup = false;
     session.Game.TouchedCell = 0;
     session.Search.LazyMargin = kFirstLazyMargin;
     AdoptSettings(session);

@@ -11,8 +11,8 @@ TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
     SessionFixture fixture;
     Position& position = *fixture.Pos;
     PlaceClassicStart(position);
-    position.VariantFile = "Test";
-    position.VariantName = "before";
+    fixture.Game.Variant.VariantFile = "Test";
+    fixture.Game.Variant.VariantName = "before";
     const std::filesystem::path variants = folder.Path / "variants";
     const BoardCells before = position.Board;
     WriteFile(variants / "TEST.ini", "Title\r\nMulJumps=0\r\nSetup=3001\r\nHelp=x\r\n");
@@ -20,9 +20,9 @@ TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->Message(), (variants / "TEST.ini").string() + ": ends too early: no line \"END\"");
     EXPECT_EQ(position.Board, before);
-    EXPECT_EQ(position.DefinedRules, RuleSet());
-    EXPECT_EQ(position.VariantName, "before");
-    EXPECT_EQ(fixture.Game.Texts.VariantHelp, "");
+    EXPECT_EQ(fixture.Game.Variant.DefinedRules, RuleSet());
+    EXPECT_EQ(fixture.Game.Variant.VariantName, "before");
+    EXPECT_EQ(fixture.Game.Variant.Texts.VariantHelp, "");
 
     WriteFile(variants / "TEST.ini", "Title\r\nMulJumps=0\r\nSetup=3001\r\nBlackStarts=0\r\nHelp=x\r\nEND\r\n");
     ASSERT_FALSE(LoadVariant(fixture.Game, variants));
@@ -33,9 +33,9 @@ TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
     EXPECT_EQ(position.Tree.PlyValue[0], 300) << "White to move, three men ahead";
     EXPECT_EQ(position.Tree.GameValue[0], 300);
     EXPECT_EQ(position.Rules.MulJumps, 1) << "the rules in force are not the file's business";
-    EXPECT_EQ(position.DefinedRules.MulJumps, 0);
-    EXPECT_EQ(position.VariantName, "Test");
-    EXPECT_EQ(fixture.Game.Texts.VariantHelp, "x");
+    EXPECT_EQ(fixture.Game.Variant.DefinedRules.MulJumps, 0);
+    EXPECT_EQ(fixture.Game.Variant.VariantName, "Test");
+    EXPECT_EQ(fixture.Game.Variant.Texts.VariantHelp, "x");
 }
 
 } // namespace

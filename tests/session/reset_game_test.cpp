@@ -34,7 +34,7 @@ TEST(ResetGame, ADefinitionWithoutAKeyFallsBackOnTheDefaultsOfTheNamedTen) {
     ProgramFolder folder;
     WriteFile(folder.DefaultVariant(), "Title\r\nEND\r\n");
     SessionFixture fixture(folder.Path);
-    RuleSet& defined = fixture.Pos->DefinedRules;
+    RuleSet& defined = fixture.Game.Variant.DefinedRules;
     defined.MulJumps = defined.KingWin = defined.LongKings = 5;
     defined.PromoW = defined.PromoB;
     ASSERT_TRUE(ResetGame(fixture.Game));

@@ -43,34 +43,44 @@ TEST(UpdatePlayerLabels, LeavesAnnouncementsReadable) {
 }
 
 TEST(ShownVariantName, MarksModifiedRules) {
-    auto name = [&](auto change) {
-        auto changed = std::make_unique<Position>();
-        change(*changed);
-        return ShownVariantName(*changed);
-    };
     const std::string plain = "Canadian Checkers";
     const std::string marked = "Canadian Checkers (M)";
-    EXPECT_EQ(name([](Position&) {}), plain);
-    EXPECT_EQ(name([](Position& p) { p.Rules.MulJumps = 0; }), marked);
-    EXPECT_EQ(name([](Position& p) { p.DefinedRules.ContractB2 = 5; }), marked);
-    EXPECT_EQ(name([](Position& p) { p.Rules.BlackStarts = 1; }), marked);
-    EXPECT_EQ(name([](Position& p) { p.Rules.NumberFriends = -1; }), plain);
-    EXPECT_EQ(name([](Position& p) { p.Rules.Setup = "1"; }), plain);
-    EXPECT_EQ(name([](Position& p) { p.CustomSetup = true; }), marked);
-    for (Byte RuleSet::*rule : {&RuleSet::RemoveMen, &RuleSet::DoMoves}) {
-        EXPECT_EQ(name([&](Position& p) {
-                      p.CustomSetup = true;
-                      p.Rules.*rule = p.DefinedRules.*rule = 1;
-                  }),
-                  plain);
+    struct Row {
+        void (*Change)(VariantState& variant, RuleSet& rules);
+        std::string Name;
+    };
+    const Row rows[] = {
+        {[](VariantState&, RuleSet&) {}, plain},
+        {[](VariantState&, RuleSet& r) { r.MulJumps = 0; }, marked},
+        {[](VariantState& v, RuleSet&) { v.DefinedRules.ContractB2 = 5; }, marked},
+        {[](VariantState&, RuleSet& r) { r.BlackStarts = 1; }, marked},
+        {[](VariantState&, RuleSet& r) { r.NumberFriends = -1; }, plain},
+        {[](VariantState&, RuleSet& r) { r.Setup = "1"; }, plain},
+        {[](VariantState& v, RuleSet&) { v.CustomSetup = true; }, marked},
+        {[](VariantState& v, RuleSet& r) {
+             v.CustomSetup = true;
+             r.RemoveMen = v.DefinedRules.RemoveMen = 1;
+         },
+         plain},
+        {[](VariantState& v, RuleSet& r) {
+             v.CustomSetup = true;
+             r.DoMoves = v.DefinedRules.DoMoves = 1;
+         },
+         plain},
+        {[](VariantState& v, RuleSet&) { v.VariantName = "Go 12X12"; }, "Go"},
+        {[](VariantState& v, RuleSet&) { v.VariantName = "Go12x12"; }, "Go12x12"},
+        {[](VariantState& v, RuleSet& r) {
+             v.VariantName = "Go 12x12";
+             r.MulJumps = 0;
+         },
+         "Go 12x12 (M)"},
+    };
+    for (const Row& row : rows) {
+        VariantState variant;
+        RuleSet rules;
+        row.Change(variant, rules);
+        EXPECT_EQ(ShownVariantName(variant, rules), row.Name) << &row - rows;
     }
-    EXPECT_EQ(name([](Position& p) { p.VariantName = "Go 12X12"; }), "Go");
-    EXPECT_EQ(name([](Position& p) { p.VariantName = "Go12x12"; }), "Go12x12");
-    EXPECT_EQ(name([](Position& p) {
-                  p.VariantName = "Go 12x12";
-                  p.Rules.MulJumps = 0;
-              }),
-              "Go 12x12 (M)");
 }
 
 TEST(ShowStrengthLine, TellsTheLimit) {

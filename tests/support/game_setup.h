@@ -16,9 +16,9 @@ namespace tavlon12::support {
 /// Starts a game of the fixture's session from the position on its board.
 inline void StartFromBoard(SessionFixture& fixture) {
     fixture.Search->Yield = fixture.Game.Port.Time.Yield;
-    fixture.Pos->CustomSetup = true;
+    fixture.Game.Variant.CustomSetup = true;
     ResetGame(fixture.Game);
-    fixture.Pos->CustomSetup = false;
+    fixture.Game.Variant.CustomSetup = false;
     DrawBoard(fixture.Game, 0);
     fixture.Screen.Panel1.clear();
 }
@@ -29,7 +29,7 @@ inline void StartGame(SessionFixture& fixture, std::string_view changedKeys, std
     Position& position = *fixture.Pos;
     position.Rules = RulesWith(changedKeys);
     AdoptMovements(position);
-    position.DefinedRules = position.Rules;
+    fixture.Game.Variant.DefinedRules = position.Rules;
     position.Board = BoardOf(placement);
     position.Tree.SideToMove = sideToMove;
     AdoptBoard(position);

@@ -36,7 +36,6 @@ std::unique_ptr<Position> NewPosition(const RuleSet& rules) {
     auto position = std::make_unique<Position>();
     position->Rules = rules;
     AdoptMovements(*position);
-    position->DefinedRules = position->Rules;
     return position;
 }
 
@@ -133,7 +132,7 @@ std::unique_ptr<Position> StartPosition(const RuleSet& rules) {
     auto position = NewPosition(rules);
     PlaceClassicStart(*position);
     if (rules.Setup != "normal") PlaceSetup(*position, rules.Setup);
-    FinishNewPosition(*position);
+    FinishNewPosition(*position, rules.PiecesOnBlack);
     return position;
 }
 

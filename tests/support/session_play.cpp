@@ -25,9 +25,9 @@ void Place(Position& position, const std::vector<std::string>& squares, Long pie
 
 void StartFromBoard(Session& session) {
     AdoptBoard(session.Pos);
-    session.Pos.CustomSetup = true;
+    session.Variant.CustomSetup = true;
     if (!ResetGame(session)) throw std::runtime_error("the game cannot be started");
-    session.Pos.CustomSetup = false;
+    session.Variant.CustomSetup = false;
     DrawBoard(session, 0);
 }
 

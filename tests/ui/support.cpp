@@ -43,13 +43,13 @@ GameWindow::GameWindow(const std::string& skinName, Long playMode)
 void GameWindow::Place(std::string_view changedKeys, std::string_view placement) {
     Pos->Rules = RulesWith(changedKeys);
     AdoptMovements(*Pos);
-    Pos->DefinedRules = Pos->Rules;
+    Game.Variant.DefinedRules = Pos->Rules;
     Pos->Board = BoardOf(placement);
     Pos->Tree.SideToMove = kWhite;
     AdoptBoard(*Pos);
-    Pos->CustomSetup = true;
+    Game.Variant.CustomSetup = true;
     ResetGame(Game);
-    Pos->CustomSetup = false;
+    Game.Variant.CustomSetup = false;
     Window->LayoutWindow();
     Game.Port.Status.SetStatusText(1, "");
     DrawBoard(Game, 0);

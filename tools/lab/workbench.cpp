@@ -23,7 +23,7 @@ std::string RangeOf(const RuleKey& key) {
 }
 
 /// One line of a definition behind those of the file.
-Failure ApplyRule(std::string_view line, Position& position) {
+Failure ApplyRule(std::string_view line, Session& game) {
     std::string_view name = line.substr(0, line.find('='));
     std::string_view value = line.substr(name.size() + 1);
     const RuleKey* key = FindRuleKey(name);
@@ -31,38 +31,39 @@ Failure ApplyRule(std::string_view line, Position& position) {
         if (std::ranges::find(kTextKeys, name) != kTextKeys.end()) return std::nullopt;
         return "--rule " + Quoted(line) + ": no key of a definition";
     }
-    if (!SetRuleValue(position.DefinedRules, *key, value)) {
+    if (!SetRuleValue(game.Variant.DefinedRules, *key, value)) {
         return "--rule " + Quoted(line) + ": the number must lie " + RangeOf(*key);
     }
-    if (name == "Setup" && value != "normal") PlaceSetup(position, value);
+    if (name == "Setup" && value != "normal") PlaceSetup(game.Pos, value);
     return std::nullopt;
 }
 
 /// The balance of a set-up as the side to move sees it, whatever the order of the rules that told both.
-void BalanceForBeginner(Position& position) {
+void BalanceForBeginner(Position& position, const RuleSet& rules) {
     const PieceCensus pieces = CountPieces(position.Board);
     const Long ofBlack = (pieces.BlackSum - pieces.WhiteSum) * 100;
-    const Long balance = position.DefinedRules.BlackStarts == 1 ? ofBlack : -ofBlack;
+    const Long balance = rules.BlackStarts == 1 ? ofBlack : -ofBlack;
     position.Tree.PlyValue[0] = position.Tree.GameValue[0] = balance;
 }
 
 /// The start of a new game under the rules of file and options, current and defined alike.
 Failure StartGame(const Lab& lab, const Options& options, Workbench& bench) {
     Position& position = bench.Pos;
+    VariantState& variant = bench.Game.Variant;
     PlaceClassicStart(position);
     if (options.ReadsDefinition) {
-        position.VariantFile = options.Variant;
+        variant.VariantFile = options.Variant;
         const std::filesystem::path folder =
             options.Variants.empty() ? VariantFolder(lab.ProgramFolder, 1) : options.Variants;
         if (auto failure = LoadVariant(bench.Game, folder)) return failure->Message();
     }
     for (const std::string& rule : options.Rules) {
-        if (Failure failure = ApplyRule(rule, position)) return failure;
+        if (Failure failure = ApplyRule(rule, bench.Game)) return failure;
     }
-    if (!options.Rules.empty()) BalanceForBeginner(position);
-    position.Rules = position.DefinedRules;
+    if (!options.Rules.empty()) BalanceForBeginner(position, variant.DefinedRules);
+    position.Rules = variant.DefinedRules;
     AdoptMovements(position);
-    FinishNewPosition(position);
+    FinishNewPosition(position, variant.DefinedRules.PiecesOnBlack);
     return std::nullopt;
 }
 
@@ -72,7 +73,7 @@ Failure ChooseFamily(const Options& options, const Workbench& bench, Family& ofT
     const Position& position = bench.Pos;
     ofTables = options.Setup ? Family::None : RecognizeVariantFamily(position.Rules, position.InitialBoard);
     if (options.Use == Members::Fast) {
-        ofTables = FamilyOfRules(position.DefinedRules);
+        ofTables = FamilyOfRules(bench.Game.Variant.DefinedRules);
         if (ofTables == Family::None) return "--fast: these rules have no fast generator";
     }
     const bool asTheGame = options.Use == Members::OfGame && options.Name == Command::Search;
@@ -83,7 +84,6 @@ Failure ChooseFamily(const Options& options, const Workbench& bench, Family& ofT
 void PlaceByHand(const Options& options, Position& position) {
     if (options.Turn) position.Tree.SideToMove = *options.Turn;
     if (options.Setup) {
-        position.CustomSetup = true;
         position.Board = ReadPositionString(*options.Setup);
         AdoptBoard(position);
     }
