@@ -19,7 +19,7 @@ struct Bench {
 
     explicit Bench(Long halfMoves) {
         PlaceClassicStart(*Pos);
-        FinishNewPosition(*Pos);
+        FinishNewPosition(*Pos, Pos->Rules.PiecesOnBlack);
         BuildEvaluationTables(*Pos, Search->Tables);
         SetManThresholds(*Pos, *Search);
         for (Long i = 0; i < halfMoves; ++i) {
