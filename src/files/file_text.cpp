@@ -62,27 +62,31 @@ fs::path FolderOf(const fs::path& file) {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
-/// A file that is being written beside another. It vanishes with the record unless it was renamed. The procedures give
+/// A name for a new file in the folder that no other file of this program has had.
+fs::path FreshName(const fs::path& folder) {
+    static std::atomic<unsigned> made = 0;
+    return folder / (".tavlon12-" + std::to_string(getpid()) + "-" + std::to_string(made++) + ".tmp");
+}
+
+/// A file that is being written beside another. Where the system can, it has no name until it is whole, so that a
+/// program that is killed leaves nothing behind. It vanishes with the record unless it was renamed. The procedures give
 /// the system's error number, or 0.
 class NewFile {
 public:
-    explicit NewFile(const fs::path& folder) {
-        static std::atomic<unsigned> made = 0;
-        do {
-            Name = folder / (".tavlon12-" + std::to_string(getpid()) + "-" + std::to_string(made++) + ".tmp");
-            Handle = open(Name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        } while (Handle < 0 && errno == EEXIST);
-        OpenError = Handle < 0 ? errno : 0;
+    explicit NewFile(const fs::path& folder) : Folder(folder) {
+        const bool canBeNamedLater = access("/proc/self/fd", X_OK) == 0;
+        if (canBeNamedLater) Handle = open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+        if (Handle < 0) OpenNamed();
     }
     ~NewFile() {
         if (Handle >= 0) close(Handle);
-        if (OpenError == 0 && !Renamed) unlink(Name.c_str());
+        if (!Name.empty()) unlink(Name.c_str());
     }
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
     int Write(std::string_view bytes) {
-        if (OpenError != 0) return OpenError;
+        if (Handle < 0) return OpenError;
         while (!bytes.empty()) {
             ssize_t written = write(Handle, bytes.data(), bytes.size());
             if (written < 0 && errno != EINTR) return errno;
@@ -97,22 +101,45 @@ public:
     }
 
     int Flush() {
-        if (fsync(Handle) != 0 && errno != EINVAL) return errno; // EINVAL: the file system cannot flush
-        int closed = close(Handle);
-        Handle = -1;
-        return closed == 0 ? 0 : errno;
+        return fsync(Handle) == 0 || errno == EINVAL ? 0 : errno; // EINVAL: the file system cannot flush
     }
 
     int RenameTo(const fs::path& file) {
-        Renamed = rename(Name.c_str(), file.c_str()) == 0;
-        return Renamed ? 0 : errno;
+        if (int error = GiveName()) return error;
+        if (rename(Name.c_str(), file.c_str()) != 0) return errno;
+        Name.clear();
+        return 0;
     }
 
 private:
-    fs::path Name;
+    // A name may be taken by another program with the same number, left by one that was killed, or on a shared disk.
+    void OpenNamed() {
+        do {
+            Name = FreshName(Folder);
+            Handle = open(Name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        } while (Handle < 0 && errno == EEXIST);
+        if (Handle >= 0) return;
+        OpenError = errno;
+        Name.clear();
+    }
+
+    int GiveName() {
+        if (!Name.empty()) return 0;
+        const std::string unnamed = "/proc/self/fd/" + std::to_string(Handle);
+        for (;;) {
+            const fs::path name = FreshName(Folder);
+            if (linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+                Name = name;
+                return 0;
+            }
+            if (errno != EEXIST) return errno;
+        }
+    }
+
+    fs::path Folder;
+    fs::path Name; ///< empty while the file has none
     int Handle = -1;
     int OpenError = 0;
-    bool Renamed = false;
 };
 
 /// Makes a rename in the folder last. The new file is in place already, so that nothing can be done where this fails.

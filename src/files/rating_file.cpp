@@ -1,6 +1,6 @@
 #include "files/rating_file.h"
 
-#include "files/line_items.h"
+#include "files/text_item.h"
 
 #include <algorithm>
 

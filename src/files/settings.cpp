@@ -1,6 +1,6 @@
 #include "files/settings.h"
 
-#include "files/line_items.h"
+#include "files/text_item.h"
 #include "rules/rule_keys.h"
 
 #include <algorithm>
@@ -133,7 +133,7 @@ bool IsNumber(const RuleKey& key) {
 }
 
 template <typename Number> bool ReadOwn(std::string_view line, bool, Number& value) {
-    return ReadWhole(NumberItem(line), value);
+    return ReadWhole(line, value);
 }
 
 bool ReadOwn(std::string_view line, bool wholeLine, std::string& value) {
@@ -147,7 +147,7 @@ bool ReadRow(std::string_view line, const SettingRow& row, StoredSettings& store
         return std::visit([&](auto* value) { return ReadOwn(line, row.WholeLine, *value); }, row.ValueIn(stored));
     }
     const RuleKey& key = *FindRuleKey(row.Name);
-    return SetRuleValue(stored.Rules, key, IsNumber(key) ? NumberItem(line) : TextItem(line));
+    return SetRuleValue(stored.Rules, key, IsNumber(key) ? line : TextItem(line));
 }
 
 std::string NumberText(std::string text) {
