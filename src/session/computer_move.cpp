@@ -6,6 +6,7 @@
 #include "session/game_end.h"
 #include "session/input_move.h"
 #include "session/move_texts.h"
+#include "session/program_files.h"
 #include "session/record_move.h"
 #include "session/screen.h"
 
@@ -132,7 +133,7 @@ void PlayMove(Session& session, const ThinkingDisplay& display, Long bestDepth) 
     const MadeMove made = MakeMove(session, 0);
     const std::optional<std::string> won = AnnounceMove(session);
     EnterHalfMove(session, made, {kByComputer, session.Game.LastScore, std::to_string(bestDepth)});
-    PlayMoveSound(session);
+    PlaySound(session, "click.wav");
     ShowHalfMove(session, made);
     // From here on the position is the root again, as it is between moves: rules that hold at the root alone then hold
     // for the reply too.

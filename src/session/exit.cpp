@@ -1,6 +1,20 @@
 #include "session/exit.h"
 
+#include "files/rating_file.h"
+#include "session/program_files.h"
+
 namespace tavlon12 {
+
+namespace {
+
+/// The settings with the rules in force, and the rating.
+void SaveSettings(Session& session) {
+    const StoredSettings stored{session.Settings, session.Pos.Rules, session.Variant.VariantFile};
+    WriteProgramFile(session, session.ProgramFolder / kSettingsFile, SettingsText(stored));
+    WriteProgramFile(session, session.ProgramFolder / kRatingFile, RatingText(session.Rating));
+}
+
+} // namespace
 
 bool CloseRequested(Session& session) {
     if (session.Quitting) return true;
@@ -11,6 +25,11 @@ bool CloseRequested(Session& session) {
     session.Quitting = true;
     if (session.Busy) session.Pos.StopFlag = kStopCancel;
     return true;
+}
+
+void CloseMainWindow(Session& session) {
+    SaveSettings(session);
+    session.Log.Close();
 }
 
 } // namespace tavlon12

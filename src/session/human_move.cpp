@@ -8,6 +8,7 @@
 #include "session/navigation.h"
 #include "session/play_modes.h"
 #include "session/players.h"
+#include "session/program_files.h"
 #include "session/record_move.h"
 #include "session/screen.h"
 #include "session/thinking.h"
@@ -77,7 +78,7 @@ void CommitHumanMove(Session& session, const MadeMove& made, MovePath path) {
 
     const Long score = ScoreQuietly(session);
     EnterHalfMove(session, made, {kByPerson, session.Settings.PlayMode == kPlayerPlayer ? score : 0, "2"});
-    PlayMoveSound(session);
+    PlaySound(session, "click.wav");
     ShowHalfMove(session, made);
     OpenNavigation(session);
     DrawBoard(session, 0);

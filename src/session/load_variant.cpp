@@ -15,11 +15,10 @@ void AdoptVariant(Session& session, VariantDefinition&& definition) {
     }
 }
 
-std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::path& folder) {
+std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::path& file) {
     const VariantState& variant = session.Variant;
-    auto definition = ReadFileWith(VariantPath(folder, variant.VariantFile), [&](std::string_view bytes) {
-        return ReadVariant(bytes, variant.DefinedRules, variant.Texts);
-    });
+    auto definition = ReadFileWith(
+        file, [&](std::string_view bytes) { return ReadVariant(bytes, variant.DefinedRules, variant.Texts); });
     if (!definition) return definition.Failure();
     AdoptVariant(session, std::move(*definition));
     return std::nullopt;

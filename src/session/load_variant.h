@@ -8,7 +8,7 @@ namespace tavlon12 {
 /// boards. The rules in force stay as they are.
 void AdoptVariant(Session& session, VariantDefinition&& definition);
 
-/// Reads the definition of `VariantFile` in the folder and takes it over. On a failure nothing has changed.
-[[nodiscard]] std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::path& folder);
+/// Reads the definition file of `VariantFile` and takes it over. On a failure nothing has changed.
+[[nodiscard]] std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::path& file);
 
 } // namespace tavlon12

@@ -1,5 +1,6 @@
 #include "session/new_game.h"
 
+#include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/screen.h"
 
@@ -15,7 +16,7 @@ void NewGame(Session& session) {
 
     session.Port.Lists.ListClear(ListId::List3);
     DrawBoard(session, 0);
-    if (session.Settings.UseSound == 1) session.Port.Files.PlaySound(session.ProgramFolder / "sounds" / "roll.wav");
+    PlaySound(session, "roll.wav");
 }
 
 } // namespace tavlon12

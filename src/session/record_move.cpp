@@ -55,8 +55,4 @@ void ShowHalfMove(Session& session, const MadeMove& made) {
     session.Port.Fields.SetText(Control::Text1, "");
 }
 
-void PlayMoveSound(Session& session) {
-    if (session.Settings.UseSound == 1) session.Port.Files.PlaySound(session.ProgramFolder / "sounds" / "click.wav");
-}
-
 } // namespace tavlon12

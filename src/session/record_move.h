@@ -22,7 +22,4 @@ void EnterHalfMove(Session& session, const MadeMove& made, const HalfMoveEntry& 
 /// lines of what was forgotten go.
 void ShowHalfMove(Session& session, const MadeMove& made);
 
-/// The sound of a move, under `UseSound`.
-void PlayMoveSound(Session& session);
-
 } // namespace tavlon12

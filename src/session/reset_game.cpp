@@ -6,6 +6,7 @@
 #include "session/load_variant.h"
 #include "session/move_texts.h"
 #include "session/players.h"
+#include "session/program_files.h"
 #include "session/screen.h"
 
 #include <cmath>
@@ -45,8 +46,7 @@ bool BuildPosition(Session& session) {
     session.Variant.VariantName = kDefaultVariant;
     SetDefinedDefaults(session.Variant.DefinedRules);
     session.Game.RateableGame = true;
-    std::filesystem::path folder = VariantFolder(session.ProgramFolder, session.Settings.UseClassic);
-    if (auto failure = LoadVariant(session, folder)) {
+    if (auto failure = LoadVariant(session, VariantPath(session))) {
         std::cerr << failure->Message() << '\n';
         FatalEnd(session);
         return false;

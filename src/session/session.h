@@ -2,6 +2,7 @@
 
 #include "engine/root_search.h"
 #include "engine/search_state.h"
+#include "files/game_log.h"
 #include "files/settings.h"
 #include "files/variant_file.h"
 #include "rules/position.h"
@@ -86,7 +87,10 @@ struct Session {
     UiPort Port;
     UserSettings Settings;
     VariantState Variant;
-    std::filesystem::path ProgramFolder; ///< where the data folders and the files of the program lie
+    std::filesystem::path ProgramFolder;   ///< what the program writes, and the data that the user adds
+    std::filesystem::path InstalledFolder; ///< data found behind that of the program folder; empty for none
+    GameLog Log;
+    bool LogFailureTold = false;
     Long Rating = 1200;
 
     GameRecord Record;

@@ -1,8 +1,12 @@
 #include "session/start_up.h"
 
+#include "files/rating_file.h"
 #include "session/command_state.h"
+#include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/screen.h"
+
+#include <iostream>
 
 namespace tavlon12 {
 
@@ -10,12 +14,38 @@ namespace {
 
 constexpr Long kFirstLazyMargin = 150;
 
+/// Reads the file with what the user and the program have kept. False when the program must end: a file is there, and
+/// a value in it is out of range.
+bool LoadRating(Session& session) {
+    const auto rating = ReadFileWith(session.ProgramFolder / kRatingFile, ReadRating);
+    if (rating) session.Rating = *rating;
+    return rating || rating.Failure().Reason != FileFailure::Kind::BadValue;
+}
+
+/// A file that is missing, too short or of another version is replaced by that of a first start.
+bool LoadSettings(Session& session, StoredSettings& stored) {
+    const std::filesystem::path file = session.ProgramFolder / kSettingsFile;
+    const auto read = ReadFileWith(file, ReadSettings);
+    if (read) {
+        stored = *read;
+        return true;
+    }
+    if (read.Failure().Reason == FileFailure::Kind::BadValue) {
+        std::cerr << read.Failure().Message() << '\n';
+        return false;
+    }
+    WriteProgramFile(session, file, DefaultSettingsText());
+    return true;
+}
+
 /// Takes the settings over into what reads them while it runs.
-void AdoptSettings(Session& session) {
-    UserSettings& settings = session.Settings;
+void AdoptSettings(Session& session, const StoredSettings& stored) {
+    UserSettings& settings = session.Settings = stored.User;
     if (settings.Limits.DepthLimit == 0) settings.Limits.DepthLimit = 2;
     if (settings.PlayMode == kComputerComputer) settings.PlayMode = kPlayerComputer;
     session.Search.Options = settings.Search;
+    session.Variant.VariantFile = stored.VariantFile;
+    session.Pos.Rules = stored.Rules;
     AdoptMovements(session.Pos);
 }
 
@@ -31,10 +61,16 @@ bool StartUp(Session& session) {
     session.Variant.CustomSetup = false;
     session.Game.TouchedCell = 0;
     session.Search.LazyMargin = kFirstLazyMargin;
-    AdoptSettings(session);
+    StoredSettings stored;
+    if (!LoadRating(session) || !LoadSettings(session, stored)) {
+        FatalEnd(session);
+        return false;
+    }
+    AdoptSettings(session, stored);
     ShowSettings(session);
     session.Port.Board.LoadSkin();
     if (session.Quitting) return false; // a skin that cannot be loaded ends the program
+    OpenLog(session);
     if (!ResetGame(session)) return false;
     session.Port.Board
         .LayoutWindow(); // leaves the product line in panel 1, over the side to move, until the first move

@@ -1,4 +1,5 @@
 #include "session/load_variant.h"
+#include "session/program_files.h"
 #include "support/session_fixture.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@ namespace {
 
 TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
     ProgramFolder folder;
-    SessionFixture fixture;
+    SessionFixture fixture(folder.Path);
     Position& position = *fixture.Pos;
     PlaceClassicStart(position);
     fixture.Game.Variant.VariantFile = "Test";
@@ -16,7 +17,7 @@ TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
     const std::filesystem::path variants = folder.Path / "variants";
     const BoardCells before = position.Board;
     WriteFile(variants / "TEST.ini", "Title\r\nMulJumps=0\r\nSetup=3001\r\nHelp=x\r\n");
-    const auto failure = LoadVariant(fixture.Game, variants);
+    const auto failure = LoadVariant(fixture.Game, VariantPath(fixture.Game));
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->Message(), (variants / "TEST.ini").string() + ": ends too early: no line \"END\"");
     EXPECT_EQ(position.Board, before);
@@ -25,7 +26,7 @@ TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
     EXPECT_EQ(fixture.Game.Variant.Texts.VariantHelp, "");
 
     WriteFile(variants / "TEST.ini", "Title\r\nMulJumps=0\r\nSetup=3001\r\nBlackStarts=0\r\nHelp=x\r\nEND\r\n");
-    ASSERT_FALSE(LoadVariant(fixture.Game, variants));
+    ASSERT_FALSE(LoadVariant(fixture.Game, VariantPath(fixture.Game)));
     EXPECT_EQ(PositionString(position.Board), "3001" + std::string(140, '0'));
     EXPECT_EQ(position.InitialBoard, position.Board);
     EXPECT_EQ(position.WhiteMen, 1);

@@ -12,15 +12,17 @@
 
 namespace tavlon12 {
 
-/// A whole session on a recording screen. Nothing has been started: call `StartUp` or `ResetGame` on `Game`. The
-/// program folder is the project's data folder, which is only read; give another one to write.
+/// A whole session on a recording screen, over the project's data. Nothing has been started: call `StartUp` or
+/// `ResetGame` on `Game`. The program folder is empty, or the one that is given.
 struct SessionFixture {
-    explicit SessionFixture(const std::filesystem::path& programFolder = TAVLON12_DATA_DIR)
+    explicit SessionFixture(const std::filesystem::path& programFolder = "")
         : Pos(std::make_unique<Position>()), Search(std::make_unique<SearchState>()), Game(*Pos, *Search) {
         Game.Port = Screen.Port();
-        Game.ProgramFolder = programFolder;
+        Game.ProgramFolder = programFolder.empty() ? Folder.Path : programFolder;
+        if (programFolder.empty()) Game.InstalledFolder = TAVLON12_DATA_DIR;
     }
 
+    TemporaryFolder Folder;
     RecordingPort Screen;
     std::unique_ptr<Position> Pos;
     std::unique_ptr<SearchState> Search;

@@ -1,5 +1,6 @@
 #include "support.h"
 
+#include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/screen.h"
 #include "ui/shown_text.h"
@@ -27,10 +28,14 @@ void BoxWatcher::Look() {
 
 GameWindow::GameWindow(const std::string& skinName, Long playMode)
     : Pos(std::make_unique<Position>()), Search(std::make_unique<SearchState>()), Game(*Pos, *Search) {
-    Game.ProgramFolder = TAVLON12_DATA_DIR;
-    Game.Settings.SkinName = skinName;
-    Game.Settings.PlayMode = playMode;
+    Game.ProgramFolder = Folder.Path;
+    Game.InstalledFolder = TAVLON12_DATA_DIR;
     ThinkShortly();
+    StoredSettings stored{Game.Settings, {}};
+    stored.User.SkinName = skinName;
+    stored.User.PlayMode = playMode;
+    stored.User.UseRating = 0;
+    WriteFile(Folder.Path / kSettingsFile, SettingsText(stored));
     Window = std::make_unique<MainWindow>(Game);
     Game.Port.Time.Wait = [](double) { QCoreApplication::processEvents(); };
     Started = StartUp(Game);

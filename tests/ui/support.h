@@ -2,6 +2,7 @@
 
 #include "session/start_up.h"
 #include "support/positions.h"
+#include "support/temporary_folder.h"
 #include "ui/main_window.h"
 
 #include <QMessageBox>
@@ -83,6 +84,7 @@ struct GameWindow {
     Long Cell(std::string_view square) const { return Pos->Board[static_cast<std::size_t>(SquareOf(square))]; }
     bool IsOn(Command command) const { return Window->ActionOf(command).isEnabled(); }
 
+    TemporaryFolder Folder; ///< of the files that the program writes
     std::unique_ptr<Position> Pos;
     std::unique_ptr<SearchState> Search;
     Session Game;

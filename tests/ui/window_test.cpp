@@ -302,6 +302,7 @@ private slots:
         QTemporaryDir empty;
         GameWindow game;
         game.Game.ProgramFolder = empty.path().toStdString();
+        game.Game.InstalledFolder.clear();
         game.ClickButton("New Game");
         QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Error found! Tavlon12 will exit")});
         QVERIFY(!game.Window->isVisible());

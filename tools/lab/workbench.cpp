@@ -55,7 +55,7 @@ Failure StartGame(const Lab& lab, const Options& options, Workbench& bench) {
         variant.VariantFile = options.Variant;
         const std::filesystem::path folder =
             options.Variants.empty() ? VariantFolder(lab.ProgramFolder, 1) : options.Variants;
-        if (auto failure = LoadVariant(bench.Game, folder)) return failure->Message();
+        if (auto failure = LoadVariant(bench.Game, VariantPath(folder, options.Variant))) return failure->Message();
     }
     for (const std::string& rule : options.Rules) {
         if (Failure failure = ApplyRule(rule, bench.Game)) return failure;

@@ -1,0 +1,54 @@
+#include "session/program_files.h"
+
+#include "session/screen.h"
+
+#include <ctime>
+
+namespace tavlon12 {
+
+namespace {
+
+void TellFailure(Session& session, const FileFailure& failure) {
+    session.Port.Dialogs.ShowMessage(failure.Message(), "Error", MessageKind::Exclamation); // also while it quits
+}
+
+void TellLogFailure(Session& session, const std::optional<FileFailure>& failure) {
+    if (!failure || session.LogFailureTold) return;
+    session.LogFailureTold = true;
+    TellFailure(session, *failure);
+}
+
+} // namespace
+
+std::filesystem::path DataFile(const Session& session, std::string_view relative) {
+    for (const std::filesystem::path& folder : {session.ProgramFolder, session.InstalledFolder}) {
+        if (folder.empty()) continue;
+        if (auto file = FindFile(folder, relative)) return *file;
+    }
+    return session.ProgramFolder / relative;
+}
+
+std::filesystem::path VariantPath(const Session& session) {
+    const std::filesystem::path folder = VariantFolder("", session.Settings.UseClassic);
+    return DataFile(session, (folder / (session.Variant.VariantFile + ".ini")).generic_string());
+}
+
+void WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes) {
+    if (auto failure = ReplaceFile(file, bytes)) TellFailure(session, *failure);
+}
+
+void PlaySound(Session& session, std::string_view name) {
+    if (session.Settings.UseSound != 1) return;
+    session.Port.Files.PlaySound(DataFile(session, "sounds/" + std::string(name)));
+}
+
+void OpenLog(Session& session) {
+    TellLogFailure(session, session.Log.Open(session.ProgramFolder / kLogFile));
+    WriteLog(session, SessionLogText(LocalDateAndTime(std::time(nullptr))));
+}
+
+void WriteLog(Session& session, std::string_view text) {
+    TellLogFailure(session, session.Log.Write(text));
+}
+
+} // namespace tavlon12

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "session/session.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace tavlon12 {
+
+// Files beside the program. Where its folder cannot be written to, the user has a folder of his own, whose files are
+// found first and those of the installed program behind them.
+
+inline constexpr const char* kSettingsFile = "tavlon12.ini";
+inline constexpr const char* kRatingFile = "tavlon12.rtg";
+inline constexpr const char* kLogFile = "tavlon12.log";
+inline constexpr const char* kAutosaveFile = "tavlon12.sav";
+
+/// A file to be read, whatever the case of the letters in its relative path ("sounds/click.wav"); where it would lie
+/// in the user's folder when it is in neither.
+std::filesystem::path DataFile(const Session& session, std::string_view relative);
+
+/// The definition file of the variant in force.
+std::filesystem::path VariantPath(const Session& session);
+
+/// Replaces a file of the program. A failure is told in a message, and nothing else comes of it.
+void WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes);
+
+/// Plays a wave file of the folder of sounds, under `UseSound`.
+void PlaySound(Session& session, std::string_view name);
+
+// The log. The first line that cannot be written is told in a message; the game goes on without it.
+void OpenLog(Session& session);
+void WriteLog(Session& session, std::string_view text);
+
+} // namespace tavlon12
