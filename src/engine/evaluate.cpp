@@ -6,6 +6,7 @@
 #include <array>
 #include <cassert>
 #include <cstdlib>
+#include <utility>
 
 namespace tavlon12 {
 
@@ -192,6 +193,18 @@ Long Evaluate(Position& position, SearchState& search, Long alpha, Long beta, Lo
         value += side * PositionalScore(position, search) + Noise(search);
     }
     return anti ? -value : value;
+}
+
+RootValue EvaluateRoot(Position& position, SearchState& search, Long side) {
+    const GeneratorFault fault = position.Fault;
+    const Long stopFlag = position.StopFlag;
+    RootValue root;
+    root.Value = Evaluate(position, search, -kWin, kWin, side);
+    root.Lost = search.LostFlag;
+    root.NoMovesDraw = std::exchange(search.NoMovesDraw, false);
+    position.Fault = fault;
+    position.StopFlag = stopFlag;
+    return root;
 }
 
 } // namespace tavlon12

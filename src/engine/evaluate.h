@@ -13,6 +13,15 @@ inline constexpr Long kWin = 32000; ///< minus the ply: a won position. The sear
 /// asks for no more, with the same effects.
 Long Evaluate(Position& position, SearchState& search, Long alpha, Long beta, Long side, bool wholeScore = true);
 
+struct RootValue {
+    Long Value = 0;           ///< as `Evaluate` gives it with the full window
+    bool Lost = false;        ///< the side has lost by the pieces or the winning squares
+    bool NoMovesDraw = false; ///< the side to move has no moves, where that is a draw
+};
+
+/// Scores the position on the board. A limit that the scan for moves passes is left to who lists the moves.
+RootValue EvaluateRoot(Position& position, SearchState& search, Long side);
+
 /// What pieces add by their squares alone, into the position's terms, from the tables built so far.
 void BuildPieceTerms(Position& position, EvaluationTables& tables);
 

@@ -32,7 +32,8 @@ namespace tavlon12 {
 // deeper.
 //
 // Time is looked at only between root moves. When it is up, the iteration may still be finished if the best score has
-// fallen by more than half a man since the last one: then a better move may be yet to come.
+// fallen by more than half a man since the last one: then a better move may be yet to come. A cancel waits for the
+// first iteration, so that no move is played unseen.
 
 namespace {
 
@@ -112,12 +113,19 @@ void RootSearch::Deepen() {
         Hooks.IterationStarted(Iteration);
         SetWindow();
         Search.ExtensionLimit = Iteration + Search.Options.Plys;
+        Search.CancelWaits = Iteration == 1;
         SearchMoves();
+        Search.CancelWaits = false;
         Search.RepeatCount = 0;
         if (TimeIsUp()) StopOnTime();
         if (Search.SearchAborted) return;
         PrevScore = Result.LastScore;
         Hooks.IterationFinished(Iteration);
+        if (Pos.StopFlag == kStopCancel) {
+            Pos.StopFlag = 0;
+            Search.SearchAborted = true;
+            return;
+        }
     }
 }
 
@@ -268,7 +276,11 @@ RootSearchResult SearchRoot(Position& position, SearchState& search, const RootS
     RootSearch root(position, search, input, hooks, moves);
     assert(root.MoveTotal >= 0 && root.FirstSlot + root.MoveTotal < kMoveSlots);
     root.FillScores();
-    root.Deepen();
+    {
+        const Lookahead lookahead(position);
+        root.Deepen();
+        if (lookahead.LimitPassed()) search.SearchAborted = false;
+    }
     position.Tree.NextMoveSlot = root.FirstSlot + root.MoveTotal; // the list holds the root moves alone again
     return root.Result;
 }

@@ -115,6 +115,14 @@ bool Extends(const Position& position, const SearchState& search, Long value, Lo
            reach < search.ExtensionLimit && value >= alpha - options.Balance && value <= beta + options.Balance;
 }
 
+/// Whether a stop flag that is set ends the search here.
+template <bool stopsOnTime> bool MustStop(const Position& position, const SearchState& search) {
+    if (position.StopFlag == kStopTime) return stopsOnTime;
+    const bool listIsFull = position.Tree.NextMoveSlot == kMoveSlots - 1;
+    const bool byUser = position.StopFlag == kStopCancel && !listIsFull && !position.Fault.Passed();
+    return !(byUser && search.CancelWaits);
+}
+
 template <SearchMember member> Long Search(Position& position, SearchState& search, Long alpha, Long beta, Long depth) {
     constexpr const MemberTraits& traits = TraitsOf(member);
     GameTree& tree = position.Tree;
@@ -125,7 +133,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     // 1. Let events be processed
     ++search.NodeCount;
     search.Yield();
-    if (search.SearchAborted && (traits.UnwindsAtEntry || position.Fault.Passed())) return 0;
+    if (search.SearchAborted && (traits.UnwindsAtEntry || search.Unwind || position.Fault.Passed())) return 0;
 
     // 2. No best line yet
     position.BestLine[ply][ply].From = 0;
@@ -160,7 +168,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     if (MoveCount(tree) == 0 && depth > 0) best = ValueWithoutMoves<traits.WithoutMoves>(ply);
 
     // 8. Stopped from outside, by a full move list or by a limit of the generator
-    if (traits.StopsOnTime ? position.StopFlag != 0 : position.StopFlag == kStopCancel) {
+    if (position.StopFlag != 0 && MustStop<traits.StopsOnTime>(position, search)) {
         search.SearchAborted = true;
         position.StopFlag = 0;
         return 0;
@@ -247,7 +255,12 @@ Long ScoreUserMove(Position& position, SearchState& search) {
 Long ScoreAtDepth(Position& position, SearchState& search, Long depth) {
     bool family = search.Tables.VariantFamily != Family::None;
     if (!family && position.Rules.PiecesOnBlack == 2) --depth;
-    return -RunSearch(ScoreMemberOf(position, search), position, search, -kWin, kWin, depth);
+    const Lookahead lookahead(position);
+    const Long score = -RunSearch(ScoreMemberOf(position, search), position, search, -kWin, kWin, depth);
+    if (!search.Unwind && !lookahead.LimitPassed()) return score;
+    search.Unwind = search.SearchAborted = false;
+    position.StopFlag = 0;
+    return -EvaluateRoot(position, search, position.Tree.SideToMove).Value;
 }
 
 } // namespace tavlon12

@@ -3,7 +3,29 @@
 #include "engine/search_state.h"
 #include "rules/position.h"
 
+#include <utility>
+
 namespace tavlon12 {
+
+/// While it lives the position is searched under the tighter limit of work. A limit of a generator that is passed then
+/// ends the search as a full move list does, and when it is over the position on the board is as playable as before.
+class Lookahead {
+public:
+    explicit Lookahead(Position& position)
+        : Pos(position), JumpLimit(std::exchange(position.JumpLimit, kLookaheadJumps)) {}
+    ~Lookahead() {
+        Pos.JumpLimit = JumpLimit;
+        Pos.Fault = {};
+    }
+    Lookahead(const Lookahead&) = delete;
+    Lookahead& operator=(const Lookahead&) = delete;
+
+    bool LimitPassed() const { return Pos.Fault.Passed(); }
+
+private:
+    Position& Pos;
+    Long JumpLimit;
+};
 
 /// The members of the search family. Search members choose moves, Score members only give a score.
 enum class SearchMember {
@@ -35,7 +57,8 @@ bool DeepensWithFullWindow(SearchMember member);
 /// `SearchAborted` is set and the value means nothing.
 Long RunSearch(SearchMember member, Position& position, SearchState& search, Long alpha, Long beta, Long depth);
 
-/// The score of the position for the side that has just moved, at the depth for a person's move.
+/// The score of the position for the side that has just moved, at the depth for a person's move. Stopped by a passed
+/// limit, or by a hook that sets `SearchAborted` and `Unwind`, it is the static score.
 Long ScoreUserMove(Position& position, SearchState& search);
 
 /// The same at a given depth, one less for the general member where all squares are used.

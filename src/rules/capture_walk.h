@@ -27,9 +27,6 @@ namespace tavlon12 {
 // for the first piece and may land on any free square behind it. A man can start to fly in mid-walk, when it is crowned
 // there.
 
-/// Jumps that all walks of one call may make together before the call counts as running away.
-inline constexpr Long kMaxWork = 4'000'000;
-
 /// Empties the table for a new call of a generator.
 void ClearCaptures(CaptureTable& table);
 
@@ -109,7 +106,7 @@ private:
     /// Makes one jump on the board, follows the walk behind it, and undoes the jump whatever came of it.
     bool CarryOut(const Jump& jump) {
         if (jump.Depth == kMaxJumps) return Fail(GeneratorFault::Kind::Jumps, jump.Depth);
-        if (++jumps_ > kMaxWork) return Fail(GeneratorFault::Kind::Work, jump.Depth);
+        if (++jumps_ > position_.JumpLimit) return Fail(GeneratorFault::Kind::Work, jump.Depth);
         if (notesLastCap_ && jump.Depth == 0 && jump.Candidate == position_.Tree.TreeTo[position_.Tree.TreeIndex]) {
             ++table_.LastCapCount;
             table_.NextIsLastCap = true;

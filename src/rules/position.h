@@ -24,8 +24,15 @@ struct GeneratorFault {
     bool Passed() const { return Limit != Kind::None; }
 };
 
+// Values of `StopFlag`.
 inline constexpr Long kStopCancel = 1; ///< the user cancelled, or the move list is full
 inline constexpr Long kStopTime = 2;
+inline constexpr Long kStopQuit = 3; ///< the program ends: nothing is worth finishing
+
+// Jumps that all walks of one call of a generator may make together before the call counts as running away: a few
+// seconds' worth for the position on the board, a tenth of a second's in lookahead.
+inline constexpr Long kRootJumps = 4'000'000;
+inline constexpr Long kLookaheadJumps = 200'000;
 
 /// Which squares promote, by the slots of the two lists: men in general ask all slots, friend jumps the first 12, the
 /// families the first 6.
@@ -74,6 +81,7 @@ struct Position {
 
     bool LastCapAnyPly = false; ///< the rule on the piece moved last also holds below the root
     Long StopFlag = 0;
+    Long JumpLimit = kRootJumps; ///< of one call of a generator
     GeneratorFault Fault;
     CaptureTable Captures;     ///< of the last call of `GenerateMoves`
     CaptureTable ScanCaptures; ///< of the evaluation's move scan

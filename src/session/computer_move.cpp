@@ -53,20 +53,17 @@ void ShowThinking(Session& session) {
 /// Ends the game when the position leaves the computer nothing to think about; else the root moves are in the list.
 bool EndsBeforeThinking(Session& session) {
     Position& position = session.Pos;
-    SearchState& search = session.Search;
     InitGameTree(position);
     const Long computer = position.Tree.SideToMove;
-    const Long value = Evaluate(position, search, -kWin, kWin, computer);
-    const bool lost = search.LostFlag;
-    if (search.NoMovesDraw) {
-        search.NoMovesDraw = false;
+    const RootValue root = EvaluateRoot(position, session.Search, computer);
+    if (root.NoMovesDraw) {
         EndGame(session, Draw());
         return true;
     }
 
-    if (!lost && value != kWin && GenerateLegalMoves(position) > 0) return false;
+    if (!root.Lost && root.Value != kWin && GenerateLegalMoves(position) > 0) return false;
     if (position.Fault.Passed()) return false;
-    const bool computerWins = !lost && (value == kWin || position.Rules.AntiMode == 1);
+    const bool computerWins = !root.Lost && (root.Value == kWin || position.Rules.AntiMode == 1);
     WaitSeconds(session, kPause);
     if (!session.Quitting) EndGame(session, WinOf(session, computerWins, computer));
     return true;
@@ -85,7 +82,7 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
     input.StartTime = WholeSeconds(session);
     const RootSearchResult result =
         SearchRoot(session.Pos, session.Search, input, ThinkingHooks(session, display), session.Thought.RootMoves);
-    if (session.Quitting || EndOnGeneratorFault(session)) return std::nullopt;
+    if (session.Quitting) return std::nullopt;
     session.Game.LastScore = result.LastScore;
     session.Search.RepeatCount = 0;
 
@@ -108,18 +105,16 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
 /// Says what the move that has just been made means. Gives the text of the box that is due when it has won the game on
 /// the board.
 std::optional<std::string> AnnounceMove(Session& session) {
-    SearchState& search = session.Search;
     const Long computer = -session.Pos.Tree.SideToMove;
-    const Long value = Evaluate(session.Pos, search, -kWin, kWin, computer);
-    if (search.NoMovesDraw) {
-        search.NoMovesDraw = false;
+    const RootValue root = EvaluateRoot(session.Pos, session.Search, computer);
+    if (root.NoMovesDraw) {
         EndGame(session, Draw());
         return std::nullopt;
     }
 
     const Long score = session.Game.LastScore;
     const bool winning = score >= 31980;
-    if (winning && value >= 31981) return CloseGame(session, WinOf(session, true, computer));
+    if (winning && root.Value >= 31981) return CloseGame(session, WinOf(session, true, computer));
     if (winning || score < -31979) {
         session.Port.Status.SetStatusText(1, ForcedEndText(session, score));
         session.Game.MateAnnounced = true;

@@ -23,7 +23,7 @@ bool CloseRequested(Session& session) {
         return false;
     }
     session.Quitting = true;
-    if (session.Busy) session.Pos.StopFlag = kStopCancel;
+    if (session.Busy) session.Pos.StopFlag = kStopQuit;
     return true;
 }
 

@@ -81,11 +81,8 @@ void PauseBeforeVerdict(Session& session) {
 }
 
 /// What a position is that has ended the game.
-GameEnd EndOfPosition(Session& session) {
-    if (session.Search.NoMovesDraw) {
-        session.Search.NoMovesDraw = false;
-        return Draw();
-    }
+GameEnd EndOfPosition(const Session& session, bool noMovesDraw) {
+    if (noMovesDraw) return Draw();
     if (session.Game.DrawReason != 0) return DrawByRule(session);
     const Long winner = WinnerByPosition(session.Pos);
     return {winner == kWhite ? "White wins!" : "Black wins!", WinnerIsUser(session, winner) ? 1.0 : 0.0, winner};
@@ -163,19 +160,19 @@ bool DrawRuleApplies(const Session& session, bool noMoveInFirstList) {
 void CheckGameEnd(Session& session) {
     Position& position = session.Pos;
     InitGameTree(position);
-    const bool won = Evaluate(position, session.Search, -kWin, kWin, WinnerByPosition(position)) == kWin;
+    const RootValue root = EvaluateRoot(position, session.Search, WinnerByPosition(position));
     GenerateMoves(position, 0);
     const bool noMoveInFirstList = MoveCount(position.Tree) == 0;
     GenerateMoves(position, 1);
     const bool canMove = MoveCount(position.Tree) > 0;
     if (EndOnGeneratorFault(session)) return;
-    if (canMove && !won && !DrawRuleApplies(session, noMoveInFirstList)) return;
+    if (canMove && root.Value != kWin && !DrawRuleApplies(session, noMoveInFirstList)) return;
 
     PauseBeforeVerdict(session);
     if (session.Quitting) return;
     session.Game.GameOver = true;
     DrawBoard(session, 0);
-    EndGame(session, EndOfPosition(session));
+    EndGame(session, EndOfPosition(session, root.NoMovesDraw));
 }
 
 void OfferDraw(Session& session) {

@@ -13,6 +13,7 @@
 #include "session/screen.h"
 #include "session/thinking.h"
 
+#include <chrono>
 #include <utility>
 #include <variant>
 
@@ -21,11 +22,16 @@ namespace tavlon12 {
 namespace {
 
 /// The score of the position for the person who has just moved. No event is let in: nothing may come between a move on
-/// the board and its entry in the record.
+/// the board and its entry in the record. So it may take half a second at the most.
 Long ScoreQuietly(Session& session) {
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kLongest = std::chrono::milliseconds(500);
     SearchState& search = session.Search;
     AdoptSearchSettings(session);
-    auto yield = std::exchange(search.Yield, [] {});
+    const auto start = Clock::now();
+    auto yield = std::exchange(search.Yield, [&] {
+        if (Clock::now() - start > kLongest) search.SearchAborted = search.Unwind = true;
+    });
     const Long score = ScoreUserMove(session.Pos, search);
     search.Yield = std::move(yield);
     return score;
@@ -82,7 +88,6 @@ void CommitHumanMove(Session& session, const MadeMove& made, MovePath path) {
     ShowHalfMove(session, made);
     OpenNavigation(session);
     DrawBoard(session, 0);
-    if (EndOnGeneratorFault(session)) return;
 
     UpdateDrawStatus(session);
     CheckGameEnd(session);

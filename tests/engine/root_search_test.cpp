@@ -1,6 +1,7 @@
 #include "engine/root_search.h"
 
 #include "engine/engine_support.h"
+#include "engine/evaluate.h"
 
 #include <gtest/gtest.h>
 
@@ -171,12 +172,57 @@ TEST(RootSearch, CancelKeepsTheBestSoFar) {
         if (!thinking.State->SearchAborted) continue;
         ASSERT_EQ(thinking.Pos->StopFlag, 0);
         ASSERT_EQ(thinking.State->RepeatCount, 0);
-        ASSERT_FALSE(thinking.Bests.empty()) << "even a stop in the very first search leaves a move";
+        ASSERT_GE(thinking.Finished.size(), 1u) << "a cancel waits for the first iteration";
         ASSERT_EQ(thinking.MoveAt(0), thinking.Bests.back()) << stopAt;
         ASSERT_EQ(score, thinking.BestScores.back()) << stopAt;
         // What was found before the stop is what the whole search has found until then.
         ASSERT_LE(thinking.Bests.size(), whole.Bests.size());
         for (std::size_t i = 1; i < thinking.Bests.size(); ++i) ASSERT_EQ(thinking.Bests[i], whole.Bests[i]) << stopAt;
+    }
+}
+
+TEST(RootSearch, TheEndOfTheProgramWaitsForNothing) {
+    Thinking thinking("", "W: c3 e3 g3 d2 f2; B: f6 h8 j0 e7 g7");
+    thinking.State->Yield = [&] { thinking.Pos->StopFlag = kStopQuit; };
+    thinking.Think(3);
+    EXPECT_TRUE(thinking.State->SearchAborted);
+    EXPECT_TRUE(thinking.Finished.empty());
+    EXPECT_EQ(thinking.State->NodeCount, 1u);
+}
+
+/// White's king on a1 can jump nearly all of Black's men in one walk, more than a move holds, once a man has moved.
+std::unique_ptr<Position> WalkTooLongInLookahead() {
+    std::string placement = "W: Ka1 e1; B:";
+    for (char column : {'b', 'd', 'f', 'h', 'j'}) {
+        for (char rank : {'2', '4', '6', '8', '0'}) placement.append(" ").append({column, rank});
+    }
+    return MakePosition(RulesWith("LongKings=0 | MaxCapMove=0"), placement, kBlack);
+}
+
+TEST(RootSearch, ALimitPassedInLookaheadEndsTheSearchAlone) {
+    Thinking thinking{Engine(WalkTooLongInLookahead())};
+    const RootImage before = ImageOf(*thinking.Pos);
+    thinking.Think(5);
+    EXPECT_FALSE(thinking.Pos->Fault.Passed());
+    EXPECT_FALSE(thinking.State->SearchAborted) << "it is no cancel";
+    EXPECT_EQ(thinking.Pos->StopFlag, 0);
+    EXPECT_EQ(thinking.Pos->JumpLimit, kRootJumps);
+    EXPECT_EQ(ImageOf(*thinking.Pos), before);
+    EXPECT_LT(thinking.Finished.size(), 5u);
+    EXPECT_GT(GenerateLegalMoves(*thinking.Pos), 0);
+}
+
+TEST(ScoreUserMove, AStopGivesTheStaticScore) {
+    Engine stopped("", "W: c3 e3 g3 d2 f2; B: f6 h8 j0 e7 g7");
+    stopped.State->Yield = [&] { stopped.State->SearchAborted = stopped.State->Unwind = true; };
+    Engine limited(WalkTooLongInLookahead());
+    for (Engine* engine : {&stopped, &limited}) {
+        SetManThresholds(*engine->Pos, *engine->State);
+        const RootImage before = ImageOf(*engine->Pos);
+        EXPECT_EQ(ScoreUserMove(*engine->Pos, *engine->State),
+                  -EvaluateRoot(*engine->Pos, *engine->State, engine->Pos->Tree.SideToMove).Value);
+        EXPECT_FALSE(engine->State->SearchAborted || engine->State->Unwind || engine->Pos->Fault.Passed());
+        EXPECT_EQ(ImageOf(*engine->Pos), before);
     }
 }
 

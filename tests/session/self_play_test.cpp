@@ -82,6 +82,12 @@ std::vector<NamedRules> Rules() {
     rules.push_back({"Give Away", "AntiMode=1 | MaxCapMove=0"});
     rules.push_back({"Short Give Away", "AntiMode=1 | LongKings=0 | NumberPieces=3"});
     rules.push_back({"Homecoming", "WinAtPromo=1 | LongKings=0 | MaxCapMove=0"});
+    // Men and kings also capture two squares straight: walks that pass a limit lie near.
+    rules.push_back(
+        {"Straight Jumps",
+         "WhiteManMovement=NW;NE NW;NE;SE;SW;NN;EE;SS;WW | BlackManMovement=NW;NE NW;NE;SE;SW;NN;EE;SS;WW | "
+         "WhiteKingMovement=NW;NE;SE;SW NW;NE;SE;SW;NN;EE;SS;WW | "
+         "BlackKingMovement=NW;NE;SE;SW NW;NE;SE;SW;NN;EE;SS;WW"});
     rules.push_back({"Race", "KingWin=1 | MaxCapMove=0"});
     rules.push_back({"Stalemate", "NoLegalDraw=1 | LongKings=0"});
     rules.push_back({"Few Kings", "ThreeKings=1 | NumberKings=5 | TwoKings=1 | NumberKings2=3 | MaxCapMove=0"});

@@ -99,10 +99,10 @@ std::string MainLine(const Position& position) {
 /// in the list. The moves are the general generator's, as at the root of every search.
 std::string OverText(Workbench& bench) {
     Position& position = bench.Pos;
-    const Long value = Evaluate(position, bench.Search, -kWin, kWin, position.Tree.SideToMove);
-    if (bench.Search.NoMovesDraw) return "draw";
-    if (bench.Search.LostFlag) return "lost";
-    if (value == kWin) return "won";
+    const RootValue root = EvaluateRoot(position, bench.Search, position.Tree.SideToMove);
+    if (root.NoMovesDraw) return "draw";
+    if (root.Lost) return "lost";
+    if (root.Value == kWin) return "won";
     return GenerateLegalMoves(position) > 0 ? "" : "nomoves";
 }
 
@@ -141,7 +141,7 @@ Failure RunSearchCommand(const Lab& lab, const Options& options, Workbench& benc
     if (lab.Interrupted) {
         bench.Search.Yield = [&] {
             interrupted = interrupted || lab.Interrupted();
-            if (interrupted) bench.Pos.StopFlag = kStopCancel;
+            if (interrupted) bench.Pos.StopFlag = kStopQuit;
         };
     }
     // A full move list is no failure: it ends the search in order, and what was found until then stands.
@@ -153,7 +153,7 @@ Failure RunSearchCommand(const Lab& lab, const Options& options, Workbench& benc
     }
     SearchAndTell(options, bench, report);
     if (interrupted) return kInterrupted;
-    return GeneratorLimitPassed(bench.Pos);
+    return std::nullopt;
 }
 
 } // namespace
