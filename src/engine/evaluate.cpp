@@ -18,14 +18,14 @@ bool StandsAtGoal(const Position& position, Long side) {
     if (rules.WinAtPromo != 1 && rules.KingWin != 1) return false;
     Long owner = rules.WinAtPromo == 1 ? -side : side;
     bool found = false;
-    position.Key.Sets[PieceType(side * kKing)].ForEachUntil(
+    position.Sums.Key.Sets[PieceType(side * kKing)].ForEachUntil(
         [&](Long square) { return found = IsPromotionSquare(position, owner, square); });
     return found;
 }
 
 Long PieceTotal(const Position& position, Long side) {
     Long man = PieceType(side * kMan);
-    return position.PieceCount[man] + position.PieceCount[man + 2];
+    return position.Sums.PieceCount[man] + position.Sums.PieceCount[man + 2];
 }
 
 /// Whether the side to move has lost all its moves where that is a draw.
@@ -123,14 +123,14 @@ struct UnevenRace {
 /// All positional terms of the board, seen from White.
 Long PositionalScore(const Position& position, const SearchState& search) {
     const EvaluationTables& tables = search.Tables;
-    const std::array<bool, 2> manyMen = {position.PieceCount[0] > search.WhiteMenThreshold,
-                                         position.PieceCount[1] > search.BlackMenThreshold};
+    const std::array<bool, 2> manyMen = {position.Sums.PieceCount[0] > search.WhiteMenThreshold,
+                                         position.Sums.PieceCount[1] > search.BlackMenThreshold};
     const std::array<Long, 2> target = {TargetOf(position, kWhite), TargetOf(position, kBlack)};
     Long score = 0;
     if (position.Rules.KingWin == 1 && !tables.PromoEven) {
         score = UnevenRace{position, search, manyMen, target}.Scan();
     } else {
-        TermSums sums = UnpackTerms(position.TermSum.General);
+        TermSums sums = UnpackTerms(position.Sums.TermSum.General);
         // With many men the squares before promotion count double.
         score = sums.First + (tables.EmptyAdvancement[0] + sums.Second) * (manyMen[0] ? 2 : 1) +
                 (tables.EmptyAdvancement[1] + sums.Third) * (manyMen[1] ? 2 : 1);

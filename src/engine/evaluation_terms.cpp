@@ -93,21 +93,21 @@ Long SumOfWords(Words words) {
 
 Long TargetOf(const Position& position, Long side) {
     Long man = PieceType(side * kMan);
-    Long type = position.PieceCount[man + 2] > 0 ? man + 2 : man;
-    if (position.PieceCount[type] == 0) return 0;
-    const SquareSet& pieces = position.Key.Sets[type];
+    Long type = position.Sums.PieceCount[man + 2] > 0 ? man + 2 : man;
+    if (position.Sums.PieceCount[type] == 0) return 0;
+    const SquareSet& pieces = position.Sums.Key.Sets[type];
     return side == kWhite ? pieces.LastOfFirstRow() : pieces.FirstOfLastRow();
 }
 
 ClosenessSum SumCloseness(const Position& position, Long side, Long target, Long manDivisor) {
-    const std::int8_t* cells = position.Bytes.data() + kByteMargin + kFirstSquare;
+    const std::int8_t* cells = position.Sums.Bytes.data() + kByteMargin + kFirstSquare;
     const auto man = static_cast<std::int8_t>(side * kMan);
     const auto king = static_cast<std::int8_t>(side * kKing);
     const Long type = PieceType(man);
 
     const SpanBytes& ofMen = kNearnessTable.ByDivisor[manDivisor == 3][target];
     const SpanBytes& ofKings = kNearnessTable.ByDivisor[1][target];
-    const bool anyKings = position.PieceCount[type + 2] > 0;
+    const bool anyKings = position.Sums.PieceCount[type + 2] > 0;
 
     Words weighted{};
     Words lonely{};
@@ -150,7 +150,7 @@ Long BackRankScore(const Position& position, const BackRankLines& lines, Long si
         }
         if (line.Third != 2 * line.Second) continue;
         for (Long colour : {kWhite, kBlack}) {
-            const SquareSet& men = position.Key.Sets[PieceType(colour * kMan)];
+            const SquareSet& men = position.Sums.Key.Sets[PieceType(colour * kMan)];
             SquareSet first = line.From & men;
             if (!first.Any()) continue;
             score += colour * 30 * (first & men.Shifted(-line.Second) & men.Shifted(-line.Third)).Count();
@@ -217,8 +217,8 @@ Long HomeManTerm(const Position& position, Long side, Long square, Long slots) {
 bool RepeatsElseStore(Position& position) {
     Long index = position.Tree.TreeIndex;
     auto keys = position.PositionKeys.begin();
-    if (index > 1 && std::find(keys, keys + (index - 1), position.Key) != keys + (index - 1)) return true;
-    if (index > 0) position.PositionKeys[index - 1] = position.Key;
+    if (index > 1 && std::find(keys, keys + (index - 1), position.Sums.Key) != keys + (index - 1)) return true;
+    if (index > 0) position.PositionKeys[index - 1] = position.Sums.Key;
     return false;
 }
 

@@ -50,7 +50,7 @@ void BuildFamilyTerms(Family family, Position& position, EvaluationTables& table
 template <Family F>
 Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long beta, Long side, bool wholeScore) {
     const GameTree& tree = position.Tree;
-    const auto& count = position.PieceCount;
+    const auto& count = position.Sums.PieceCount;
     Long man = PieceType(side * kMan);
     search.LostFlag = count[man] + count[man + 2] <= position.Rules.NumberPieces;
     if (count[man ^ 1] + count[man ^ 3] <= position.Rules.NumberPieces) return kWin - tree.Ply;
@@ -61,7 +61,7 @@ Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long be
     if (!wholeScore) return 0;
 
     Long score =
-        static_cast<Long>(position.TermSum.OfFamily) + Closeness(position, kWhite) - Closeness(position, kBlack);
+        static_cast<Long>(position.Sums.TermSum.OfFamily) + Closeness(position, kWhite) - Closeness(position, kBlack);
     const auto& lines = search.Tables.FamilyBackRankLines;
     if (count[0] > search.WhiteMenThreshold) score += BackRankScore(position, lines, kWhite, true);
     if (count[1] > search.BlackMenThreshold) score += BackRankScore(position, lines, kBlack, true);
@@ -74,15 +74,7 @@ template Long EvaluateFamily<Family::German>(Position&, SearchState&, Long, Long
 template Long EvaluateFamily<Family::Russian>(Position&, SearchState&, Long, Long, Long, bool);
 
 Long EvaluateFamily(Family family, Position& position, SearchState& search, Long alpha, Long beta, Long side) {
-    assert(family != Family::None);
-    switch (family) {
-    case Family::American: return EvaluateFamily<Family::American>(position, search, alpha, beta, side);
-    case Family::Italian: return EvaluateFamily<Family::Italian>(position, search, alpha, beta, side);
-    case Family::German: return EvaluateFamily<Family::German>(position, search, alpha, beta, side);
-    case Family::Russian: return EvaluateFamily<Family::Russian>(position, search, alpha, beta, side);
-    case Family::None: break;
-    }
-    return 0;
+    return VisitFamily(family, [&]<Family F>() { return EvaluateFamily<F>(position, search, alpha, beta, side); });
 }
 
 void BuildFastSquareValues(const Position& position, EvaluationTables& tables) {

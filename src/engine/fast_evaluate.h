@@ -1,8 +1,8 @@
 #pragma once
 
 #include "engine/search_state.h"
+#include "rules/families.h"
 #include "rules/position.h"
-#include "rules/walk_rules.h"
 
 namespace tavlon12 {
 

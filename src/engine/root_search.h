@@ -58,8 +58,9 @@ Long ElapsedSeconds(Long start, Long now);
 /// the list, keeps a score for each move in `moves`, and leaves the board as it was. The principal variation stands in
 /// row 0 of the best lines when `BestFound` is called; later root moves clear its first cell. Ended early, it leaves
 /// `SearchAborted` set (and `StopFlag` 2 when the time was up); a limit that a generator passes in lookahead ends it
-/// too, and leaves neither. A cancel takes effect when the first iteration is done. The caller prepares what one thinking shares with the
-/// static evaluation before it: `SearchAborted` cleared, `BackRankOn` set, thresholds and noise. `Ply` must be 0.
+/// too, and leaves neither. A cancel takes effect when the first iteration is done. The caller prepares what one
+/// thinking shares with the static evaluation before it: `SearchAborted` cleared, `BackRankOn` set, thresholds and
+/// noise. `Ply` must be 0.
 RootSearchResult SearchRoot(Position& position, SearchState& search, const RootSearchInput& input,
                             const RootSearchHooks& hooks, RootMoveTable& moves);
 

@@ -6,7 +6,9 @@
 #include "rules/fast_generators.h"
 #include "rules/generate_moves.h"
 #include "rules/make_move.h"
+#include "rules/register_moves.h"
 
+#include <algorithm>
 #include <array>
 #include <cassert>
 #include <iterator>
@@ -208,32 +210,28 @@ constexpr std::array<SearchProcedure, sizeof...(members)> ProceduresOf(std::inde
 
 constexpr auto kProcedures = ProceduresOf(std::make_index_sequence<std::size(kMembers)>());
 
+/// A family's member that chooses moves, or the one that only scores.
+SearchMember FamilyMember(Family family, bool choosesMoves) {
+    const auto row = std::ranges::find_if(kMembers, [&](const MemberTraits& traits) {
+        return traits.Moves == family && traits.UnwindsAtEntry == choosesMoves;
+    });
+    return row->Member;
+}
+
 constexpr Long kUserMoveDepth = 3;
 constexpr Long kFamilyUserMoveDepth = 1;
 
 } // namespace
 
 SearchMember SearchMemberOf(const Position& position, const SearchState& search) {
+    if (search.Tables.VariantFamily != Family::None) return FamilyMember(search.Tables.VariantFamily, true);
     const RuleSet& rules = position.Rules;
-    switch (search.Tables.VariantFamily) {
-    case Family::American: return SearchAmerican;
-    case Family::Italian: return SearchItalian;
-    case Family::German: return SearchGerman;
-    case Family::Russian: return SearchRussian;
-    case Family::None: break;
-    }
     if (rules.AntiMode == 1) return SearchAnti;
     return rules.WinAtPromo != 1 && rules.KingWin != 1 ? SearchGeneral : SearchGoal;
 }
 
 SearchMember ScoreMemberOf(const Position& position, const SearchState& search) {
-    switch (search.Tables.VariantFamily) {
-    case Family::American: return ScoreAmerican;
-    case Family::Italian: return ScoreItalian;
-    case Family::German: return ScoreGerman;
-    case Family::Russian: return ScoreRussian;
-    case Family::None: break;
-    }
+    if (search.Tables.VariantFamily != Family::None) return FamilyMember(search.Tables.VariantFamily, false);
     bool allSquares = position.Rules.PiecesOnBlack == 2;
     if (position.Rules.AntiMode == 1) return allSquares ? ScoreAntiAllSquares : ScoreAnti;
     return allSquares ? ScoreGeneralAllSquares : ScoreGeneral;

@@ -2,8 +2,8 @@
 
 #include "engine/search_options.h"
 #include "rules/board.h"
+#include "rules/families.h"
 #include "rules/square_set.h"
-#include "rules/walk_rules.h"
 
 #include <array>
 #include <cstdint>
@@ -54,7 +54,7 @@ struct SearchState {
     bool SearchAborted = false;
     bool Unwind = false;      ///< with `SearchAborted`: every member returns at once, not only those that choose moves
     bool CancelWaits = false; ///< a cancel takes effect when the first iteration is done
-    Long ExtensionLimit = 0;     ///< plies from the root beyond which nothing is extended
+    Long ExtensionLimit = 0;  ///< plies from the root beyond which nothing is extended
     std::uint64_t NodeCount = 0; ///< calls of search members since it was last set to 0
 
     std::mt19937 Random{1};

@@ -1,7 +1,5 @@
 #include "rules/capture_selection.h"
 
-#include "rules/capture_walk.h"
-
 namespace tavlon12 {
 
 namespace {
@@ -12,15 +10,6 @@ bool IsSameStage(const CaptureRow& a, const CaptureRow& b) {
 }
 
 } // namespace
-
-void ClearCaptures(CaptureTable& table) {
-    if (table.RowCount == 0 && table.LastCapCount == 0) return; // nothing has been written since the last time
-    for (Long row = 0; row < table.RowCount; ++row) table.Rows[row].Path = CapturePath();
-    table.RowCount = table.MaxLength = table.BestPiece = table.LastCapCount = 0;
-    table.NextIsLastCap = false;
-    table.MostKings.fill(0);
-    table.LongestOf.fill(0);
-}
 
 void ApplyKingPriority(const RuleSet& rules, CaptureTable& table) {
     if (Magnitude(table.BestPiece) == kKing && rules.KingCapMove == 1) table.MaxLength = table.LongestOf[kKing];

@@ -32,4 +32,7 @@ struct CaptureTable {
     std::array<Long, 3> LongestOf{};             ///< by magnitude of the start piece, greatest length
 };
 
+/// Empties the table for a new call of a generator.
+void ClearCaptures(CaptureTable& table);
+
 } // namespace tavlon12

@@ -27,9 +27,6 @@ namespace tavlon12 {
 // for the first piece and may land on any free square behind it. A man can start to fly in mid-walk, when it is crowned
 // there.
 
-/// Empties the table for a new call of a generator.
-void ClearCaptures(CaptureTable& table);
-
 /// The walks of one call of a generator, under `Rules` (walk_rules.h). A passed limit is left in the position's fault;
 /// the board is whole again either way.
 template <typename Rules> class CaptureWalk {

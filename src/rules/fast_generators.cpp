@@ -4,68 +4,11 @@
 #include "rules/move_walk.h"
 #include "rules/register_moves.h"
 
-#include <algorithm>
-#include <array>
 #include <cassert>
-#include <string_view>
 
 namespace tavlon12 {
 
 namespace {
-
-/// What the four rule sets do not share.
-struct FamilyRow {
-    Family Member;
-    std::string_view ManMovement;
-    Byte MaxCapMove;
-    Byte MaxCapMoveKings;
-    Byte KingCapMove;
-    Byte ManCapKing;
-    Byte LongKings;
-    Byte ManContJump;
-    Byte ManContJumpCrowned;
-    Byte RemovePieces;
-    Byte BlackStarts;
-    Byte PiecesOnBlack;
-    Byte ThreeKings;
-    Byte NumberKings;
-    Long FirstPromoW;
-    Long FirstPromoB;
-};
-
-constexpr std::array<FamilyRow, 4> kFamilies = {{
-    {Family::American, "NW;NE NW;NE", 0, 0, 0, 1, 0, 0, 0, 0, 1, 1, 0, 0, 184, 29},
-    {Family::Italian, "NW;NE NW;NE", 1, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 183, 30},
-    {Family::German, "NW;NE NW;NE;SE;SW", 1, 0, 0, 1, 1, 1, 0, 1, 0, 1, 0, 0, 184, 29},
-    {Family::Russian, "NW;NE NW;NE;SE;SW", 0, 0, 0, 1, 1, 1, 1, 1, 0, 1, 1, 15, 184, 29},
-}};
-
-constexpr std::string_view kKingMovement = "NW;NE;SE;SW NW;NE;SE;SW";
-
-bool HasSharedRules(const RuleSet& r) {
-    bool on = r.MulJumps == 1 && r.CapRequired == 1 && r.MaxCapMoveK == 1;
-    bool bytesOff = (r.AntiMode | r.WinAtPromo | r.KingWin | r.NoLegalDraw | r.RemoveMen | r.NumberMen | r.DoMoves |
-                     r.NumberMoves | r.LastCap | r.ManKing | r.KingMan | r.ChangeSide | r.KingFirst | r.ManCapMoveKing |
-                     r.CapReverse | r.RndColor) == 0;
-    bool longsOff = (r.JumpFriend | r.NumberFriends | r.TwoKings | r.NumberKings2 | r.NumberPieces | r.canContract |
-                     r.ContractNumber | r.ContractW1 | r.ContractW2 | r.ContractB1 | r.ContractB2) == 0;
-    return on && bytesOff && longsOff && r.WhiteKingMovement == kKingMovement && r.BlackKingMovement == kKingMovement;
-}
-
-bool BeginsWithRow(const PromotionList& list, Long first) {
-    const PromotionList row = PromotionRow(first);
-    return std::equal(row.begin(), row.begin() + 6, list.begin());
-}
-
-bool Matches(const RuleSet& r, const FamilyRow& row) {
-    return r.WhiteManMovement == row.ManMovement && r.BlackManMovement == row.ManMovement &&
-           r.MaxCapMove == row.MaxCapMove && r.MaxCapMoveKings == row.MaxCapMoveKings &&
-           r.KingCapMove == row.KingCapMove && r.ManCapKing == row.ManCapKing && r.LongKings == row.LongKings &&
-           r.ManContJump == row.ManContJump && r.ManContJumpCrowned == row.ManContJumpCrowned &&
-           r.RemovePieces == row.RemovePieces && r.BlackStarts == row.BlackStarts &&
-           r.PiecesOnBlack == row.PiecesOnBlack && r.ThreeKings == row.ThreeKings && r.NumberKings == row.NumberKings &&
-           BeginsWithRow(r.PromoW, row.FirstPromoW) && BeginsWithRow(r.PromoB, row.FirstPromoB);
-}
 
 template <Family F> Long CountMoves(Position& position) {
     const FamilyRules<F> rules(position);
@@ -100,18 +43,6 @@ template <Family F> void RegisterSelected(Position& position) {
 
 } // namespace
 
-Family FamilyOfRules(const RuleSet& rules) {
-    if (!HasSharedRules(rules)) return Family::None;
-    for (const FamilyRow& row : kFamilies) {
-        if (Matches(rules, row)) return row.Member;
-    }
-    return Family::None;
-}
-
-Family RecognizeVariantFamily(const RuleSet& rules, const BoardCells& start) {
-    return start == ClassicStart() ? FamilyOfRules(rules) : Family::None;
-}
-
 template <Family F> void GenerateFamilyMoves(Position& position, Long mode) {
     GameTree& tree = position.Tree;
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
@@ -136,26 +67,11 @@ template void GenerateFamilyMoves<Family::German>(Position&, Long);
 template void GenerateFamilyMoves<Family::Russian>(Position&, Long);
 
 void GenerateFamilyMoves(Family family, Position& position, Long mode) {
-    assert(family != Family::None);
-    switch (family) {
-    case Family::American: return GenerateFamilyMoves<Family::American>(position, mode);
-    case Family::Italian: return GenerateFamilyMoves<Family::Italian>(position, mode);
-    case Family::German: return GenerateFamilyMoves<Family::German>(position, mode);
-    case Family::Russian: return GenerateFamilyMoves<Family::Russian>(position, mode);
-    case Family::None: return;
-    }
+    VisitFamily(family, [&]<Family F>() { GenerateFamilyMoves<F>(position, mode); });
 }
 
 Long CountFamilyMoves(Family family, Position& position) {
-    assert(family != Family::None);
-    switch (family) {
-    case Family::American: return CountMoves<Family::American>(position);
-    case Family::Italian: return CountMoves<Family::Italian>(position);
-    case Family::German: return CountMoves<Family::German>(position);
-    case Family::Russian: return CountMoves<Family::Russian>(position);
-    case Family::None: break;
-    }
-    return 0;
+    return VisitFamily(family, [&]<Family F>() { return CountMoves<F>(position); });
 }
 
 } // namespace tavlon12

@@ -1,15 +1,9 @@
 #pragma once
 
+#include "rules/families.h"
 #include "rules/position.h"
-#include "rules/walk_rules.h"
 
 namespace tavlon12 {
-
-/// The family whose rules these are, whatever the start position.
-Family FamilyOfRules(const RuleSet& rules);
-
-/// The same for a game that begins with `start`, the initial board: only the classic start has a family.
-Family RecognizeVariantFamily(const RuleSet& rules, const BoardCells& start);
 
 /// The generators with a family's rules built in, for positions under exactly those rules: the moves of
 /// `GenerateMoves`, save that of equal captures by a man and a king the Italian one gives the king's alone, and that

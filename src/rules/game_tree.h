@@ -33,11 +33,6 @@ struct GameTree {
     Long BlackOffBoard = 0;
 };
 
-struct Position;
-
-/// Makes the present position the root, when exactly one move has been made and is accepted as played.
-void InitGameTree(Position& position);
-
 /// Whether the ply has moves after a generation.
 inline Long MoveCount(const GameTree& tree) {
     return tree.NextMoveSlot - tree.PlyFirstMove[tree.Ply];

@@ -15,12 +15,12 @@ void MovePiece(Position& position, Long from, Long to) {
     Long type = PieceType(piece);
     position.Board[from] = kEmpty;
     position.Board[to] = piece;
-    position.Bytes[from + kByteMargin] = kEmpty;
-    position.Bytes[to + kByteMargin] = static_cast<std::int8_t>(piece);
-    position.Key.Flip(type, from);
-    position.Key.Flip(type, to);
-    position.TermSum += position.TermsOfPieces[type][to];
-    position.TermSum -= position.TermsOfPieces[type][from];
+    position.Sums.Bytes[from + kByteMargin] = kEmpty;
+    position.Sums.Bytes[to + kByteMargin] = static_cast<std::int8_t>(piece);
+    position.Sums.Key.Flip(type, from);
+    position.Sums.Key.Flip(type, to);
+    position.Sums.TermSum += position.TermsOfPieces[type][to];
+    position.Sums.TermSum -= position.TermsOfPieces[type][from];
 }
 
 void ReplacePiece(Position& position, Long square, Long piece) {
@@ -33,8 +33,8 @@ void CrownLastMan(Position& position) {
     GameTree& tree = position.Tree;
     Long man = PieceType(tree.SideToMove * kMan);
     tree.TreeLastMan[tree.TreeIndex] = 0;
-    if (position.PieceCount[man] != 1 || position.PieceCount[man + 2] != 0) return;
-    Long square = position.Key.Sets[man].First();
+    if (position.Sums.PieceCount[man] != 1 || position.Sums.PieceCount[man + 2] != 0) return;
+    Long square = position.Sums.Key.Sets[man].First();
     tree.TreeLastMan[tree.TreeIndex] = square;
     ReplacePiece(position, square, kKing * tree.SideToMove);
     tree.PlyValue[tree.Ply] += 100;

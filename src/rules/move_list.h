@@ -78,9 +78,4 @@ struct BestLineCell {
 /// Row p holds the best line found at ply p, its moves in the columns p, p + 1 and so on. Row 0 is the main line.
 using BestLineTable = std::array<std::array<BestLineCell, kMaxPly + 1>, kMaxPly + 1>;
 
-struct Position;
-
-/// The slot of the best unused move of the current ply, the earliest among equals; -1 when none is left.
-Long NextBestMove(Position& position);
-
 } // namespace tavlon12

@@ -75,7 +75,7 @@ inline bool MayPlace(const Position& position, Long square) {
 /// free square behind it, and all flying pieces. No other piece's walk can make a jump.
 template <typename Rules> SquareSet CaptureStarters(const Position& position, const Rules& rules) {
     Long man = PieceType(position.Tree.SideToMove * kMan);
-    const auto& sets = position.Key.Sets;
+    const auto& sets = position.Sums.Key.Sets;
     const SquareSet& enemyMen = sets[man ^ 1];
     const SquareSet& enemyKings = sets[man ^ 3];
     SquareSet empty = EmptySquares(position);
@@ -91,7 +91,7 @@ template <typename Rules> SquareSet CaptureStarters(const Position& position, co
     } else {
         addShortPieces(man, rules.ManCapKing() ? enemyMen | enemyKings : enemyMen);
     }
-    if (position.PieceCount[man + 2] == 0) return starters;
+    if (position.Sums.PieceCount[man + 2] == 0) return starters;
     if (rules.LongKings()) {
         starters |= sets[man + 2];
     } else {
@@ -107,10 +107,10 @@ template <typename Rules> SquareSet QuietStarters(const Position& position, cons
     SquareSet empty = EmptySquares(position);
     SquareSet starters;
     for (Long type : {man, man + 2}) {
-        if (position.PieceCount[type] == 0) continue;
+        if (position.Sums.PieceCount[type] == 0) continue;
         for (Long step : position.DirTable[type]) {
             if (step == kEndOfSteps) break;
-            starters |= position.Key.Sets[type] & empty.Shifted(-step);
+            starters |= position.Sums.Key.Sets[type] & empty.Shifted(-step);
         }
     }
     return starters;
@@ -123,8 +123,8 @@ template <typename Rules> Long CountQuietMoves(Position& position, const Rules& 
     Long man = PieceType(position.Tree.SideToMove * kMan);
     Long count = 0;
     for (Long type : {man, man + 2}) {
-        const SquareSet& pieces = position.Key.Sets[type];
-        if (position.PieceCount[type] == 0) continue;
+        const SquareSet& pieces = position.Sums.Key.Sets[type];
+        if (position.Sums.PieceCount[type] == 0) continue;
         if (type == man + 2 && rules.LongKings()) {
             pieces.ForEach([&](Long square) {
                 WalkQuietMoves(position, rules, square, [&](Long, Long, bool) {

@@ -40,6 +40,8 @@ struct PieceTerms {
     PackedTerms General = 0;
     std::int64_t OfFamily = 0;
 
+    bool operator==(const PieceTerms&) const = default;
+
     PieceTerms& operator+=(const PieceTerms& other) {
         General += other.General;
         OfFamily += other.OfFamily;

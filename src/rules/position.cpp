@@ -35,32 +35,18 @@ void SetRootMaterial(Position& position) {
 
 } // namespace
 
-bool SumsMatchBoard(const Position& position) {
-    PieceTerms sum;
-    std::array<Long, 4> count{};
+Sums SumsOf(const BoardCells& board, const PieceTermTable& terms) {
+    Sums sums;
     for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
-        Long piece = position.Board[square];
-        bool live = IsLivePiece(piece);
-        if (position.Bytes[square + kByteMargin] != (live ? piece : kEmpty)) return false;
-        if (!live) continue;
-        sum += position.TermsOfPieces[PieceType(piece)][square];
-        ++count[PieceType(piece)];
+        const Long piece = board[square];
+        if (!IsLivePiece(piece)) continue;
+        const Long type = PieceType(piece);
+        sums.Key.Flip(type, square);
+        ++sums.PieceCount[type];
+        sums.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
+        sums.TermSum += terms[type][square];
     }
-    return position.Key == KeyOf(position.Board) && count == position.PieceCount &&
-           sum.General == position.TermSum.General && sum.OfFamily == position.TermSum.OfFamily;
-}
-
-void RecountPieces(Position& position) {
-    position.Key = KeyOf(position.Board);
-    position.Bytes.fill(0);
-    position.TermSum = PieceTerms();
-    for (Long type = 0; type < 4; ++type) {
-        position.PieceCount[type] = position.Key.Sets[type].Count();
-        position.Key.Sets[type].ForEach([&](Long square) {
-            position.Bytes[square + kByteMargin] = static_cast<std::int8_t>(position.Board[square]);
-            position.TermSum += position.TermsOfPieces[type][square];
-        });
-    }
+    return sums;
 }
 
 PromotionMarks MarkPromotions(const RuleSet& rules) {
@@ -175,6 +161,23 @@ void AdoptBoard(Position& position) {
     SetRootBalance(position, whiteToMove ? -balance : balance);
     SetRootMaterial(position);
     position.Rules.BlackStarts = whiteToMove ? 0 : 1;
+}
+
+void InitGameTree(Position& position) {
+    GameTree& tree = position.Tree;
+    if (tree.Ply == 0) return;
+    tree.PlyValue[0] = tree.PlyValue[1];
+    tree.PlyMaterial[0] = tree.PlyMaterial[1];
+    tree.Ply = 0;
+}
+
+Repetition FindRepetition(const Position& position, Long index) {
+    Long count = 0;
+    for (Long i = 0; i <= index; ++i) {
+        if (position.PositionKeys[i] == position.Sums.Key) ++count;
+    }
+    PieceCensus census = CountPieces(position.Board);
+    return {count, census.WhiteSum == kKing && census.BlackSum == kKing && !census.AnyMan};
 }
 
 void ClearGameTree(Position& position) {

@@ -52,9 +52,22 @@ PromotionMarks MarkPromotions(const RuleSet& rules);
 inline constexpr Long kByteMargin = 32;
 using ByteBoard = std::array<std::int8_t, kBoardCells + 2 * kByteMargin>;
 
+/// What follows from the pieces on a board. Putting and lifting a piece keep it up to date.
+struct Sums {
+    PositionKey Key;                  ///< the pieces as sets of squares
+    std::array<Long, 4> PieceCount{}; ///< by piece type
+    ByteBoard Bytes{};                ///< the live pieces again, a byte each
+    PieceTerms TermSum;               ///< over the pieces on the board
+
+    bool operator==(const Sums&) const = default;
+};
+
+/// The sums counted anew. Marked pieces count as empty squares.
+Sums SumsOf(const BoardCells& board, const PieceTermTable& terms);
+
 /// The rules in force and everything that moves change. It is large: keep it on the heap or static.
 struct Position {
-    RuleSet Rules;                                 ///< as they are played
+    RuleSet Rules; ///< as they are played
     DirectionTable DirTable = DirectionsOf(RuleSet());
     PromotionMarks Promotions = MarkPromotions(RuleSet());
 
@@ -67,11 +80,8 @@ struct Position {
     Long BlackMen = 0;
 
     BoardCells Board = EmptyBoard();
-    PositionKey Key;                  ///< of `Board`: the pieces as sets of squares
-    std::array<Long, 4> PieceCount{}; ///< by piece type
-    ByteBoard Bytes{};                ///< the live pieces of `Board` again, a byte each
-    PieceTermTable TermsOfPieces{};   ///< what the evaluations want summed up, set when their tables are built
-    PieceTerms TermSum;               ///< over the pieces on the board
+    tavlon12::Sums Sums;            ///< of `Board`
+    PieceTermTable TermsOfPieces{}; ///< what the evaluations want summed up, set when their tables are built
     BoardCells InitialBoard = EmptyBoard();
     GameTree Tree;
     MoveList Moves{};
@@ -91,31 +101,35 @@ struct Position {
 inline void PutPiece(Position& position, Long square, Long piece) {
     Long type = PieceType(piece);
     position.Board[square] = piece;
-    position.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
-    position.Key.Flip(type, square);
-    ++position.PieceCount[type];
-    position.TermSum += position.TermsOfPieces[type][square];
+    position.Sums.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
+    position.Sums.Key.Flip(type, square);
+    ++position.Sums.PieceCount[type];
+    position.Sums.TermSum += position.TermsOfPieces[type][square];
 }
 
 inline void LiftPiece(Position& position, Long square) {
     Long type = PieceType(position.Board[square]);
     position.Board[square] = kEmpty;
-    position.Bytes[square + kByteMargin] = kEmpty;
-    position.Key.Flip(type, square);
-    --position.PieceCount[type];
-    position.TermSum -= position.TermsOfPieces[type][square];
+    position.Sums.Bytes[square + kByteMargin] = kEmpty;
+    position.Sums.Key.Flip(type, square);
+    --position.Sums.PieceCount[type];
+    position.Sums.TermSum -= position.TermsOfPieces[type][square];
 }
 
-/// Whether key, counts and sums are those of the board: what every generator asserts.
-bool SumsMatchBoard(const Position& position);
+/// Whether the sums are those of the board: what every generator asserts.
+inline bool SumsMatchBoard(const Position& position) {
+    return position.Sums == SumsOf(position.Board, position.TermsOfPieces);
+}
 
-/// Makes key, counts and sums anew after cells of the board or the terms were written directly.
-void RecountPieces(Position& position);
+/// Counts the sums anew after cells of the board or the terms were written directly.
+inline void RecountPieces(Position& position) {
+    position.Sums = SumsOf(position.Board, position.TermsOfPieces);
+}
 
 /// All pieces of a side, and the squares that are free for a step.
 inline SquareSet PiecesOf(const Position& position, Long side) {
     Long man = PieceType(side * kMan);
-    return position.Key.Sets[man] | position.Key.Sets[man + 2];
+    return position.Sums.Key.Sets[man] | position.Sums.Key.Sets[man + 2];
 }
 
 inline SquareSet EmptySquares(const Position& position) {
@@ -168,6 +182,17 @@ void FinishNewPosition(Position& position, Byte definedColour);
 /// Makes the board, set by hand or drawn, the start of a game: `InitialBoard`, counts, balance and `BlackStarts`
 /// follow.
 void AdoptBoard(Position& position);
+
+/// Makes the present position the root, when exactly one move has been made and is accepted as played.
+void InitGameTree(Position& position);
+
+struct Repetition {
+    Long RepeatCount;    ///< how many of the keys 0 to `index` equal the key of the board
+    bool KingsOnlyFound; ///< one king each and nothing else
+};
+
+/// Compares the board with `PositionKeys[0..index]`; an index of -1 compares with none.
+Repetition FindRepetition(const Position& position, Long index);
 
 /// Empties plies and half-moves; the side to move, the balance and the pieces off the board stay.
 void ClearGameTree(Position& position);

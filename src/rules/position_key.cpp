@@ -1,7 +1,5 @@
 #include "rules/position_key.h"
 
-#include "rules/position.h"
-
 namespace tavlon12 {
 
 PositionKey KeyOf(const BoardCells& board) {
@@ -21,15 +19,6 @@ PieceCensus CountPieces(const BoardCells& board) {
         if (Magnitude(cell) == kMan) census.AnyMan = true;
     }
     return census;
-}
-
-Repetition FindRepetition(const Position& position, Long index) {
-    Long count = 0;
-    for (Long i = 0; i <= index; ++i) {
-        if (position.PositionKeys[i] == position.Key) ++count;
-    }
-    PieceCensus census = CountPieces(position.Board);
-    return {count, census.WhiteSum == kKing && census.BlackSum == kKing && !census.AnyMan};
 }
 
 } // namespace tavlon12

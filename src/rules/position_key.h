@@ -48,8 +48,6 @@ inline void PositionKey::Flip(Long pieceType, Long square) {
     Hash ^= key_detail::kNumbers[pieceType][square];
 }
 
-struct Position;
-
 /// The key of a board, made from its cells.
 PositionKey KeyOf(const BoardCells& board);
 
@@ -60,13 +58,5 @@ struct PieceCensus {
     bool AnyMan = false;
 };
 PieceCensus CountPieces(const BoardCells& board);
-
-struct Repetition {
-    Long RepeatCount;    ///< how many of the keys 0 to `index` equal the key of the board
-    bool KingsOnlyFound; ///< one king each and nothing else
-};
-
-/// Compares the board with `PositionKeys[0..index]`; an index of -1 compares with none.
-Repetition FindRepetition(const Position& position, Long index);
 
 } // namespace tavlon12

@@ -72,4 +72,7 @@ inline void RegisterPromotion(Position& position, Long from, Long to, const Capt
     }
 }
 
+/// The slot of the best unused move of the current ply, the earliest among equals; -1 when none is left.
+Long NextBestMove(Position& position);
+
 } // namespace tavlon12

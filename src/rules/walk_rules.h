@@ -1,11 +1,9 @@
 #pragma once
 
+#include "rules/families.h"
 #include "rules/position.h"
 
 namespace tavlon12 {
-
-/// The four rule sets that have generators and evaluations of their own.
-enum class Family : Long { None, American, Italian, German, Russian };
 
 // What a walk over the board asks of the rules: from the position's rule set, or, for a family, as constants that cost
 // nothing.

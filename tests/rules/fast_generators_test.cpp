@@ -78,7 +78,7 @@ TEST_P(FamilyGenerator, GivesTheMovesOfTheGeneralOne) {
                 ASSERT_EQ(fast, expected) << "mode " << mode << "\n" << DescribePosition(*position);
             }
             ++compared;
-            kings += position->PieceCount[2] + position->PieceCount[3] > 0;
+            kings += position->Sums.PieceCount[2] + position->Sums.PieceCount[3] > 0;
         }
     }
     EXPECT_GT(kings, compared / 20);

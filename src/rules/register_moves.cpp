@@ -1,0 +1,19 @@
+#include "rules/register_moves.h"
+
+namespace tavlon12 {
+
+Long NextBestMove(Position& position) {
+    const GameTree& tree = position.Tree;
+    Long bestScore = kUsedScore;
+    Long bestSlot = -1;
+    for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.PlyFirstMove[tree.Ply + 1]; ++slot) {
+        if (position.Moves[slot].SortScore > bestScore) {
+            bestScore = position.Moves[slot].SortScore;
+            bestSlot = slot;
+        }
+    }
+    if (bestSlot >= 0) position.Moves[bestSlot].SortScore = kUsedScore;
+    return bestSlot;
+}
+
+} // namespace tavlon12
