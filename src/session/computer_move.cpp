@@ -129,7 +129,10 @@ void PlayMove(Session& session, const ThinkingDisplay& display, Long bestDepth) 
     const std::optional<std::string> won = AnnounceMove(session);
     EnterHalfMove(session, made, {kByComputer, session.Game.LastScore, std::to_string(bestDepth)});
     PlaySound(session, "click.wav");
-    ShowHalfMove(session, made);
+    const std::string line = LineOfHalfMove(session, made, false);
+    LogHalfMove(session, ComputerMoveLogText(line, session.Game.LastScore, bestDepth, session.Thought.MainLineText,
+                                             display.Iterations));
+    ShowHalfMove(session, line);
     // From here on the position is the root again, as it is between moves: rules that hold at the root alone then hold
     // for the reply too.
     InitGameTree(position);
@@ -165,7 +168,7 @@ void MaybeAskForDraw(Session& session) {
     if (!(chance < 0.1 || standsStill) || session.Game.LastScore >= 30000 || session.Game.MateAnnounced) return;
     session.Game.LastDrawAsk = tree.TreeIndex;
     WaitSeconds(session, kPause);
-    if (session.Quitting || !session.Port.Dialogs.AskYesNo("How about a draw?", "Question")) return;
+    if (session.Quitting || !AskYesNo(session, "How about a draw?", "Question")) return;
     EndGame(session, Draw());
 }
 

@@ -2,6 +2,7 @@
 
 #include "files/rating_file.h"
 #include "session/program_files.h"
+#include "session/screen.h"
 
 namespace tavlon12 {
 
@@ -18,8 +19,7 @@ void SaveSettings(Session& session) {
 
 bool CloseRequested(Session& session) {
     if (session.Quitting) return true;
-    if (session.Settings.AskExit == 1 &&
-        !session.Port.Dialogs.AskYesNo("Are you sure you want to exit?", "Confirmation")) {
+    if (session.Settings.AskExit == 1 && !AskYesNo(session, "Are you sure you want to exit?", "Confirmation")) {
         return false;
     }
     session.Quitting = true;

@@ -85,7 +85,9 @@ void CommitHumanMove(Session& session, const MadeMove& made, MovePath path) {
     const Long score = ScoreQuietly(session);
     EnterHalfMove(session, made, {kByPerson, session.Settings.PlayMode == kPlayerPlayer ? score : 0, "2"});
     PlaySound(session, "click.wav");
-    ShowHalfMove(session, made);
+    const std::string line = LineOfHalfMove(session, made, false);
+    LogHalfMove(session, MoveLogText(line, score));
+    ShowHalfMove(session, line);
     OpenNavigation(session);
     DrawBoard(session, 0);
 

@@ -8,7 +8,7 @@ namespace tavlon12 {
 
 void NewGame(Session& session) {
     if (session.Busy) return;
-    if (session.Game.GameTouched && !session.Port.Dialogs.AskYesNo("Quit current game?", "Confirmation")) return;
+    if (session.Game.GameTouched && !AskYesNo(session, "Quit current game?", "Confirmation")) return;
 
     session.Variant.CustomSetup = false;
     if (!ResetGame(session)) return;

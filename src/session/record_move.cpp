@@ -1,6 +1,7 @@
 #include "session/record_move.h"
 
 #include "session/move_texts.h"
+#include "session/program_files.h"
 
 namespace tavlon12 {
 
@@ -44,13 +45,24 @@ void EnterHalfMove(Session& session, const MadeMove& made, const HalfMoveEntry& 
     if (!answersComputer) row[kStrengthColumn] = entry.Depth;
 }
 
-void ShowHalfMove(Session& session, const MadeMove& made) {
+std::string LineOfHalfMove(const Session& session, const MadeMove& made, bool inBook) {
+    return GameLine(session.Record.LastMoveIndex, made.Texts.MoveTextShown, inBook);
+}
+
+void LogHalfMove(Session& session, std::string_view text) {
+    if (session.Record.LastMoveIndex == 1) {
+        WriteLog(session, GameLogText(session.Variant.VariantName, session.Pos.Rules.BlackStarts == 1));
+    }
+    WriteLog(session, text);
+}
+
+void ShowHalfMove(Session& session, const std::string& line) {
     const Long halfMove = session.Record.LastMoveIndex;
     ListPort& lists = session.Port.Lists;
-    for (Long line = lists.ListCount(ListId::List1) - 1; line >= halfMove - 1; --line) {
-        lists.ListRemove(ListId::List1, line);
+    for (Long last = lists.ListCount(ListId::List1) - 1; last >= halfMove - 1; --last) {
+        lists.ListRemove(ListId::List1, last);
     }
-    lists.ListAdd(ListId::List1, GameLine(halfMove, made.Texts.MoveTextShown, false));
+    lists.ListAdd(ListId::List1, line);
     lists.ListSelect(ListId::List1, halfMove - 1);
     session.Port.Fields.SetText(Control::Text1, "");
 }

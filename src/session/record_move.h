@@ -18,8 +18,13 @@ struct HalfMoveEntry {
 /// behind it is forgotten. The record must have room.
 void EnterHalfMove(Session& session, const MadeMove& made, const HalfMoveEntry& entry);
 
-/// Shows the half-move that has just been entered: its line in `List1`, which is selected, and its empty comment. The
-/// lines of what was forgotten go.
-void ShowHalfMove(Session& session, const MadeMove& made);
+/// The line of the half-move that has just been entered, for `List1` and the log.
+std::string LineOfHalfMove(const Session& session, const MadeMove& made, bool inBook);
+
+/// Writes its lines into the log, behind the head of the game where it is the first.
+void LogHalfMove(Session& session, std::string_view text);
+
+/// Shows its line in `List1`, which is selected, and its empty comment. The lines of what was forgotten go.
+void ShowHalfMove(Session& session, const std::string& line);
 
 } // namespace tavlon12

@@ -38,6 +38,12 @@ bool RulesModified(const RuleSet& rules, const RuleSet& defined) {
     return false;
 }
 
+void CountBoxTime(Session& session, double start) {
+    constexpr double kSecondsPerDay = 86400;
+    const double open = session.Port.Time.Clock() - start;
+    if (session.Busy) session.BoxSeconds += open < 0 ? open + kSecondsPerDay : open;
+}
+
 void EndSession(Session& session) {
     session.Quitting = true;
     session.Port.EndProgram();
@@ -117,8 +123,18 @@ std::string SideToMoveText(const Position& position) {
     return position.Tree.SideToMove == kBlack ? kBlackMoves : kWhiteMoves;
 }
 
+bool AskYesNo(Session& session, const std::string& text, const std::string& title) {
+    const double start = session.Port.Time.Clock();
+    const bool yes = session.Port.Dialogs.AskYesNo(text, title);
+    CountBoxTime(session, start);
+    return yes;
+}
+
 void ShowMessage(Session& session, const std::string& text, const std::string& title, MessageKind kind) {
-    if (!session.Quitting) session.Port.Dialogs.ShowMessage(text, title, kind);
+    if (session.Quitting) return;
+    const double start = session.Port.Time.Clock();
+    session.Port.Dialogs.ShowMessage(text, title, kind);
+    CountBoxTime(session, start);
 }
 
 void WaitSeconds(Session& session, double seconds) {

@@ -31,6 +31,9 @@ void ShowStrengthLine(Session& session);
 /// "White moves" or "Black moves" by the side to move.
 std::string SideToMoveText(const Position& position);
 
+/// A question. The clock of a search that is under way stands still meanwhile, as it does under a message.
+bool AskYesNo(Session& session, const std::string& text, const std::string& title);
+
 /// A message box, unless the program is being closed.
 void ShowMessage(Session& session, const std::string& text, const std::string& title, MessageKind kind);
 

@@ -105,6 +105,7 @@ struct Session {
     bool Busy = false;          ///< the computer is thinking: board input and navigation are ignored
     bool Quitting = false;      ///< the user has closed the program: what runs unwinds, and nothing more is shown
     bool SearchStarted = false; ///< a search has run since the program began
+    double BoxSeconds = 0;      ///< how long boxes have been open while the computer thought
 };
 
 } // namespace tavlon12

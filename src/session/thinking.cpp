@@ -18,7 +18,7 @@ std::string TimeString(Long seconds) {
 }
 
 Long WholeSeconds(const Session& session) {
-    return static_cast<Long>(std::floor(session.Port.Time.Clock()));
+    return static_cast<Long>(std::floor(session.Port.Time.Clock() - session.BoxSeconds));
 }
 
 void DisplayMainVariant(Session& session) {
@@ -89,8 +89,17 @@ RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
     hooks.BestFound = [&session, &display](Long iteration, Long slot, Long score) {
         const MoveTexts texts = DisplayMove(session, session.Pos.Moves[slot]);
         display.BestText = "Depth:" + Str(iteration) + "   Best: " + texts.MoveTextPlain + "   Score:" + Str(score);
-        if (session.Settings.CalculationOn == 1) session.Port.Status.SetSearchLine(display.BestText);
+        if (session.Settings.CalculationOn == 1) {
+            session.Port.Status.SetSearchLine(display.BestText);
+            display.IterationText = "D:" + Str(iteration) + "   B: " + texts.MoveTextPlain + "   S:" + Str(score);
+        }
         DisplayMainVariant(session);
+    };
+    hooks.IterationStarted = [&session, &display](Long) { display.IterationStart = WholeSeconds(session); };
+    hooks.IterationFinished = [&session, &display](Long) {
+        const Long seconds = ElapsedSeconds(display.IterationStart, WholeSeconds(session));
+        display.Iterations += std::string(15, ' ') + display.IterationText + "   M: " + session.Thought.MainLineText +
+                              "  T: " + TimeString(seconds) + "\r\n";
     };
     if (session.Settings.Limits.FixedDepth == 1)
         hooks.MoveFinished = [&session, &display] { session.Port.Status.SetProgress(++display.Progress); };

@@ -11,6 +11,9 @@ namespace tavlon12 {
 struct ThinkingDisplay {
     std::string Verb = "Thinking..."; ///< how the status line begins
     std::string BestText;             ///< depth, best move and score, as last shown in the search line
+    std::string IterationText;        ///< the same, shorter, for the log
+    std::string Iterations;           ///< a line of the log for each finished iteration
+    Long IterationStart = 0;          ///< on the clock of the search
     Long Progress = 0;
     Long ProgressMaximum = 0;
 };
@@ -18,7 +21,7 @@ struct ThinkingDisplay {
 /// 65 seconds are "00:01.05".
 std::string TimeString(Long seconds);
 
-/// Seconds since midnight without their fraction.
+/// The clock of the search: seconds since midnight without their fraction, less the time that boxes were open.
 Long WholeSeconds(const Session& session);
 
 /// Rebuilds `MainLineText` from row 0 of the best lines, with the predicted reply, and shows it.

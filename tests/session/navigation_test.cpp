@@ -198,7 +198,7 @@ TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
     for (const MoveRecord& route : routes) {
         const MadeMove made = InputRecord(game.Game, route);
         EnterHalfMove(game.Game, made, {kByComputer, 0, ""});
-        ShowHalfMove(game.Game, made);
+        ShowHalfMove(game.Game, LineOfHalfMove(game.Game, made, false));
         InitGameTree(*game.Pos);
         const BoardCells after = game.Pos->Board;
 
