@@ -168,15 +168,15 @@ std::string CommentOf(std::string_view line) {
     return comment;
 }
 
-std::vector<GameLine> ReadLines(std::span<const std::string_view> lines) {
-    std::vector<GameLine> read;
+std::vector<GameFileLine> ReadLines(std::span<const std::string_view> lines) {
+    std::vector<GameFileLine> read;
     Long position = 0;
     for (std::string_view line : lines) {
         if (line.empty()) break;
         if (line.starts_with('{')) {
-            read.push_back({GameLine::Kind::Comment, CommentOf(line), position});
+            read.push_back({GameFileLine::Kind::Comment, CommentOf(line), position});
         } else {
-            read.push_back({GameLine::Kind::Move, std::string(line), position++});
+            read.push_back({GameFileLine::Kind::Move, std::string(line), position++});
         }
     }
     return read;
@@ -232,8 +232,8 @@ std::string CommentLine(std::string_view comment) {
     return line + "}\r\n";
 }
 
-std::string LineText(const GameLine& line) {
-    if (line.What == GameLine::Kind::Move) return line.Text + "\r\n";
+std::string LineText(const GameFileLine& line) {
+    if (line.What == GameFileLine::Kind::Move) return line.Text + "\r\n";
     return line.Text.empty() ? "" : CommentLine(line.Text);
 }
 
@@ -267,13 +267,13 @@ Long GameLineCount(std::string_view bytes) {
     return found ? static_cast<Long>(lines.size() - found->End) : 0;
 }
 
-std::string GameFileText(const GameHead& head, std::span<const GameLine> lines, PromotionSlots slots) {
+std::string GameFileText(const GameHead& head, std::span<const GameFileLine> lines, PromotionSlots slots) {
     std::string text = FormatLine() + "\r\n";
     for (std::string_view key : kHeadBeforeRules) text += HeadText(head, key, slots);
     for (std::string_view key : kGameRules) text += HeadText(head, key, slots);
     for (std::string_view key : kHeadBehindRules) text += HeadText(head, key, slots);
     text.append(kEndOfHead).append("\r\n");
-    for (const GameLine& line : lines) text += LineText(line);
+    for (const GameFileLine& line : lines) text += LineText(line);
     return text;
 }
 

@@ -28,17 +28,17 @@ struct GameHead {
 
 /// A line of the moves: a comment, or the key of the half-move that is made next ("c3d4", "15 9", one square for a
 /// placement) as it stands in the file.
-struct GameLine {
+struct GameFileLine {
     enum class Kind { Comment, Move } What = Kind::Move;
     std::string Text;  ///< of a comment with its line breaks as CR LF
     Long Position = 0; ///< half-moves before it: a comment belongs to that position
 
-    bool operator==(const GameLine&) const = default;
+    bool operator==(const GameFileLine&) const = default;
 };
 
 struct GameFile {
     GameHead Head;
-    std::vector<GameLine> Lines; ///< up to the first empty line
+    std::vector<GameFileLine> Lines; ///< up to the first empty line
 
     // Of a file that was read
     std::vector<std::string_view> Keys;   ///< those that its head holds, in its order; movements by their rule keys
@@ -61,7 +61,7 @@ enum class PromotionSlots { Used, All };
 
 /// The bytes of a game file. What would break a line in a name is written as a blank; a comment that is empty has no
 /// line.
-std::string GameFileText(const GameHead& head, std::span<const GameLine> lines,
+std::string GameFileText(const GameHead& head, std::span<const GameFileLine> lines,
                          PromotionSlots slots = PromotionSlots::Used);
 
 /// The rule keys that a game carries with it, in the order of its forms, but for the movements and

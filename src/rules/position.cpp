@@ -29,10 +29,6 @@ void SetRootBalance(Position& position, Long balance) {
     position.Tree.PlyValue[0] = position.Tree.GameValue[0] = balance;
 }
 
-void SetRootMaterial(Position& position) {
-    position.Tree.PlyMaterial[0] = position.Tree.GameMaterial[0] = position.PieceSum * 100;
-}
-
 } // namespace
 
 Sums SumsOf(const BoardCells& board, const PieceTermTable& terms) {
@@ -149,9 +145,7 @@ void FinishNewPosition(Position& position, Byte definedColour) {
         ShiftPromotions(position);
     }
     position.Tree.SideToMove = rules.BlackStarts == 1 ? kBlack : kWhite;
-    SetRootMaterial(position);
-    position.Tree.WhiteOffBoard = position.Tree.BlackOffBoard = rules.ContractNumber;
-    ClearGameTree(position);
+    StartTree(position);
 }
 
 void AdoptBoard(Position& position) {
@@ -159,7 +153,7 @@ void AdoptBoard(Position& position) {
     Long balance = CountStart(position);
     bool whiteToMove = position.Tree.SideToMove == kWhite;
     SetRootBalance(position, whiteToMove ? -balance : balance);
-    SetRootMaterial(position);
+    position.Tree.PlyMaterial[0] = position.Tree.GameMaterial[0] = position.PieceSum * 100;
     position.Rules.BlackStarts = whiteToMove ? 0 : 1;
 }
 
@@ -180,12 +174,14 @@ Repetition FindRepetition(const Position& position, Long index) {
     return {count, census.WhiteSum == kKing && census.BlackSum == kKing && !census.AnyMan};
 }
 
-void ClearGameTree(Position& position) {
+void StartTree(Position& position) {
     GameTree& tree = position.Tree;
     tree.Ply = tree.TreeIndex = tree.PlyFirstMove[0] = 0;
     tree.TreeTo.fill(0);
     tree.TreeLastMan.fill(0);
     tree.TreeKingMan.fill(0);
+    tree.WhiteOffBoard = tree.BlackOffBoard = position.Rules.ContractNumber;
+    tree.PlyMaterial[0] = tree.GameMaterial[0] = position.PieceSum * 100;
 }
 
 } // namespace tavlon12

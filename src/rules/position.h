@@ -194,7 +194,8 @@ struct Repetition {
 /// Compares the board with `PositionKeys[0..index]`; an index of -1 compares with none.
 Repetition FindRepetition(const Position& position, Long index);
 
-/// Empties plies and half-moves; the side to move, the balance and the pieces off the board stay.
-void ClearGameTree(Position& position);
+/// The tree of a game that begins on the board: plies and half-moves empty, all pieces in hand, the material of the
+/// root as it was counted. The side to move and the balance stay.
+void StartTree(Position& position);
 
 } // namespace tavlon12

@@ -99,6 +99,13 @@ void OpenAfterThinking(Session& session) {
     if (session.Thought.RootMoves[0].From != kNotFilled) session.Port.Lists.SetListEnabled(ListId::List3, true);
 }
 
+void OpenAfterLoad(Session& session) {
+    OpenNavigation(session);
+    session.Port.Lists.SetListEnabled(ListId::List1, true);
+    session.Port.Lists.SetListEnabled(ListId::List2, !session.Game.GameOver);
+    session.Port.Lists.SetListEnabled(ListId::List3, true);
+}
+
 void ShutCancel(Session& session) {
     Enable(session, {Command::mnu_Play_Cancel}, false);
 }

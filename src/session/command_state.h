@@ -24,6 +24,9 @@ void ShutForThinking(Session& session);
 /// After it: what the state of the game allows.
 void OpenAfterThinking(Session& session);
 
+/// After a game has been loaded.
+void OpenAfterLoad(Session& session);
+
 /// A Cancel that has been given.
 void ShutCancel(Session& session);
 

@@ -2,6 +2,7 @@
 
 #include "engine/evaluate.h"
 #include "rules/generate_moves.h"
+#include "session/book_lookup.h"
 #include "session/command_state.h"
 #include "session/game_end.h"
 #include "session/input_move.h"
@@ -10,6 +11,7 @@
 #include "session/record_move.h"
 #include "session/screen.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -69,16 +71,36 @@ bool EndsBeforeThinking(Session& session) {
     return true;
 }
 
+/// Where the book has a move for the computer, it becomes the only one in the list.
+void TakeBookMove(Session& session) {
+    const SquarePair chosen = ConsultBook(session, true).Move;
+    if (chosen.From == 0) {
+        session.Game.BookOpen = false;
+        return;
+    }
+    GameTree& tree = session.Pos.Tree;
+    const auto first = session.Pos.Moves.begin() + tree.PlyFirstMove[0];
+    const auto end = first + MoveCount(tree);
+    const auto found = std::find_if(
+        first, end, [&](const MoveRecord& move) { return move.From == chosen.From && move.To == chosen.To; });
+    if (found == end) return;
+    *first = *found;
+    tree.NextMoveSlot = tree.PlyFirstMove[1] = tree.PlyFirstMove[0] + 1;
+    session.Thought.FromBook = true;
+}
+
 /// Brings the chosen move to the front of the list. Gives the iteration that confirmed it; nothing when the program
 /// ends.
 std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long startTime) {
     StatusPort& status = session.Port.Status;
-    RootSearchInput input = RootInputOf(session);
-    input.MoveLimitHit = CheckMoveLimit(session, session.Pos.Tree.TreeIndex - 1);
     status.SetProgress(0);
     WaitSeconds(session, kPause);
     if (session.Quitting) return std::nullopt;
-    StartProgress(session, input, display);
+    StartProgress(session, display);
+    if (session.Settings.OpeningBook == 1) TakeBookMove(session);
+    if (session.Quitting) return std::nullopt;
+    RootSearchInput input = RootInputOf(session);
+    input.MoveLimitHit = CheckMoveLimit(session, session.Pos.Tree.TreeIndex - 1);
     input.StartTime = WholeSeconds(session);
     const RootSearchResult result =
         SearchRoot(session.Pos, session.Search, input, ThinkingHooks(session, display), session.Thought.RootMoves);
@@ -90,7 +112,7 @@ std::optional<Long> SearchMove(Session& session, ThinkingDisplay& display, Long 
     if (session.Settings.CalculationOn == 1)
         status.SetSearchLine(display.BestText +
                              "   Time: " + TimeString(ElapsedSeconds(startTime, WholeSeconds(session))) +
-                             "\nMain: " + session.Thought.MainLineText);
+                             "\nMain: " + display.ShownLine);
     // Time that has run out is no cancel; after a cancel the computer's game against itself ends.
     if (session.Pos.StopFlag == kStopTime) {
         session.Pos.StopFlag = 0;
@@ -129,7 +151,8 @@ void PlayMove(Session& session, const ThinkingDisplay& display, Long bestDepth) 
     const std::optional<std::string> won = AnnounceMove(session);
     EnterHalfMove(session, made, {kByComputer, session.Game.LastScore, std::to_string(bestDepth)});
     PlaySound(session, "click.wav");
-    const std::string line = LineOfHalfMove(session, made, false);
+    const bool inBook = ConsultBook(session, false).InBook || session.Thought.FromBook;
+    const std::string line = LineOfHalfMove(session, made, inBook);
     LogHalfMove(session, ComputerMoveLogText(line, session.Game.LastScore, bestDepth, session.Thought.MainLineText,
                                              display.Iterations));
     ShowHalfMove(session, line);

@@ -2,6 +2,7 @@
 
 #include "files/rating_file.h"
 #include "session/program_files.h"
+#include "session/save_game.h"
 #include "session/screen.h"
 
 namespace tavlon12 {
@@ -28,7 +29,8 @@ bool CloseRequested(Session& session) {
 }
 
 void CloseMainWindow(Session& session) {
-    SaveSettings(session);
+    if (session.Started) SaveGame(session, session.ProgramFolder / kAutosaveFile);
+    if (session.SettingsAdopted) SaveSettings(session);
     session.Log.Close();
 }
 

@@ -2,6 +2,7 @@
 
 #include "engine/search.h"
 #include "rules/generate_moves.h"
+#include "session/book_lookup.h"
 #include "session/command_state.h"
 #include "session/game_end.h"
 #include "session/move_texts.h"
@@ -13,29 +14,11 @@
 #include "session/screen.h"
 #include "session/thinking.h"
 
-#include <chrono>
-#include <utility>
 #include <variant>
 
 namespace tavlon12 {
 
 namespace {
-
-/// The score of the position for the person who has just moved. No event is let in: nothing may come between a move on
-/// the board and its entry in the record. So it may take half a second at the most.
-Long ScoreQuietly(Session& session) {
-    using Clock = std::chrono::steady_clock;
-    constexpr auto kLongest = std::chrono::milliseconds(500);
-    SearchState& search = session.Search;
-    AdoptSearchSettings(session);
-    const auto start = Clock::now();
-    auto yield = std::exchange(search.Yield, [&] {
-        if (Clock::now() - start > kLongest) search.SearchAborted = search.Unwind = true;
-    });
-    const Long score = ScoreUserMove(session.Pos, search);
-    search.Yield = std::move(yield);
-    return score;
-}
 
 /// Says why a typed or chosen move is none.
 void RefuseText(Session& session, Refusal refusal) {
@@ -85,7 +68,7 @@ void CommitHumanMove(Session& session, const MadeMove& made, MovePath path) {
     const Long score = ScoreQuietly(session);
     EnterHalfMove(session, made, {kByPerson, session.Settings.PlayMode == kPlayerPlayer ? score : 0, "2"});
     PlaySound(session, "click.wav");
-    const std::string line = LineOfHalfMove(session, made, false);
+    const std::string line = LineOfHalfMove(session, made, ConsultBook(session, false).InBook);
     LogHalfMove(session, MoveLogText(line, score));
     ShowHalfMove(session, line);
     OpenNavigation(session);

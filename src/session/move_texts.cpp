@@ -2,6 +2,7 @@
 
 #include "rules/generate_moves.h"
 #include "rules/notation.h"
+#include "session/book_lookup.h"
 #include "session/screen.h"
 
 namespace tavlon12 {
@@ -112,9 +113,11 @@ void RefreshLegalMoves(Session& session) {
     GenerateLegalMoves(position);
     session.Port.Lists.ListClear(ListId::List2);
     if (EndOnGeneratorFault(session)) return;
+    const BookAnswer book = ConsultBook(session, true);
     for (Long slot = position.Tree.PlyFirstMove[position.Tree.Ply]; slot < position.Tree.NextMoveSlot; ++slot) {
-        const MoveTexts texts = DisplayMove(session, position.Moves[slot]);
-        session.Port.Lists.ListAdd(ListId::List2, LegalMoveLine(texts, false));
+        const MoveRecord& move = position.Moves[slot];
+        const bool inBook = IsBookCandidate(book.BookCandidates, {move.From, move.To}, position.Rules.PiecesOnBlack);
+        session.Port.Lists.ListAdd(ListId::List2, LegalMoveLine(DisplayMove(session, move), inBook));
     }
 }
 
@@ -132,13 +135,15 @@ void RewriteGameTexts(Session& session, Byte newNotation) {
     Byte to = TextNotation(newNotation, position);
     Byte from = TextNotation(static_cast<Byte>(1 - newNotation), position);
     Long selected = session.Port.Lists.ListSelected(ListId::List1);
+    const std::vector<bool> inBook = BookMarks(session);
     session.Port.Lists.ListClear(ListId::List1);
     for (Long halfMove = 1; halfMove <= session.Record.LastMoveIndex; ++halfMove) {
         std::string& cell = session.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)];
         if (cell.empty()) break;
         bool placement = session.Record.MoveHistory[halfMove].From == kOffBoard;
         cell = RewrittenCell(cell, placement, from, to, position);
-        session.Port.Lists.ListAdd(ListId::List1, GameLine(halfMove, ShownTextOfCell(cell, placement), false));
+        session.Port.Lists.ListAdd(ListId::List1,
+                                   GameLine(halfMove, ShownTextOfCell(cell, placement), inBook[halfMove]));
     }
     if (selected < session.Port.Lists.ListCount(ListId::List1)) session.Port.Lists.ListSelect(ListId::List1, selected);
     session.Settings.Notation = newNotation;

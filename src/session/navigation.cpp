@@ -2,6 +2,7 @@
 
 #include "rules/generate_moves.h"
 #include "rules/make_move.h"
+#include "session/book_lookup.h"
 #include "session/command_state.h"
 #include "session/game_end.h"
 #include "session/input_move.h"
@@ -56,6 +57,7 @@ bool RemakeHalfMove(Session& session) {
 
 /// The closing steps that one half-move forward and many have in common.
 void ShowForwardPosition(Session& session) {
+    ConsultBook(session, false);
     UpdatePlayerLabels(session);
     DrawBoard(session, 0);
     SelectLine(session);
@@ -80,6 +82,7 @@ void GoBackward(Session& session, Long count, bool silent) {
         SwapNamesOfComputerGame(session);
     }
     if (!silent) session.Port.Status.SetSearchLine("no calculation");
+    ConsultBook(session, false);
     UpdatePlayerLabels(session);
     DrawBoard(session, 0);
     session.Thought.PredictedFrom = session.Thought.PredictedTo = 0;

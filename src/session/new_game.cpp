@@ -1,22 +1,113 @@
 #include "session/new_game.h"
 
+#include "engine/evaluate.h"
+#include "files/game_file.h"
+#include "rules/generate_moves.h"
+#include "session/game_end.h"
+#include "session/input_move.h"
+#include "session/load_game.h"
 #include "session/program_files.h"
 #include "session/reset_game.h"
+#include "session/save_game.h"
 #include "session/screen.h"
 
+#include <algorithm>
+#include <optional>
+#include <random>
+#include <vector>
+
 namespace tavlon12 {
+
+namespace {
+
+/// Empties random squares of a side; one piece stays.
+void RemoveRandomPieces(Session& session, Long side) {
+    constexpr std::size_t kMostListed = 32;
+    Position& position = session.Pos;
+    std::vector<Long> squares;
+    for (Long square = kFirstSquare; square <= kLastSquare && squares.size() < kMostListed; ++square) {
+        const Long piece = position.Board[square];
+        if (IsLivePiece(piece) && (piece > 0) == (side > 0)) squares.push_back(square);
+    }
+    if (squares.empty()) return;
+    const auto count = std::min<std::size_t>(position.Rules.NumberMen, squares.size() - 1);
+    std::uniform_int_distribution<std::size_t> draw(0, squares.size() - 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        Long square = squares[draw(session.Search.Random)];
+        while (position.Board[square] == kEmpty) square = squares[draw(session.Search.Random)];
+        position.Board[square] = kEmpty;
+    }
+}
+
+void RemoveRandomMen(Session& session) {
+    RemoveRandomPieces(session, kWhite);
+    RemoveRandomPieces(session, kBlack);
+    RecountPieces(session.Pos);
+    session.Variant.CustomSetup = true;
+}
+
+/// Makes the position on the board the start of a game.
+void AdoptPosition(Session& session) {
+    session.Port.Lists.ListClear(ListId::List3);
+    AdoptBoard(session.Pos);
+    if (!ResetGame(session)) return;
+    session.Game.RateableGame = false;
+    session.Input.PopupJustClosed = true;
+    session.Input.AfterPopup = true;
+    DrawBoard(session, 0);
+}
+
+/// Makes a random legal move; nothing when there is none, or when it ends the game.
+std::optional<std::string> MakeRandomMove(Session& session) {
+    Position& position = session.Pos;
+    const Long count = GenerateLegalMoves(position);
+    if (count == 0) return std::nullopt;
+    const Long slot = std::uniform_int_distribution<Long>(0, count - 1)(session.Search.Random);
+    const std::string key = UpperCase(DisplayMove(session, position.Moves[slot]).MoveTextKey);
+    if (std::holds_alternative<Refusal>(InputMove(session, key))) return std::nullopt;
+    InitGameTree(position);
+    const RootValue root = EvaluateRoot(position, session.Search, WinnerByPosition(position));
+    GenerateMoves(position, 1);
+    if (MoveCount(position.Tree) == 0 || root.Value == kWin) return std::nullopt;
+    return key;
+}
+
+/// Plays the first moves of a game. They are written as a game and loaded, so that they stand in the record.
+void PlayAutomaticMoves(Session& session) {
+    const GameHead head = HeadOfGame(session);
+    std::vector<GameFileLine> lines;
+    for (Long i = 0; i < session.Pos.Rules.NumberMoves; ++i) {
+        const auto key = MakeRandomMove(session);
+        if (!key) break;
+        lines.push_back({GameFileLine::Kind::Move, *key, i});
+    }
+    if (session.Quitting) return;
+    WriteProgramFile(session, session.ProgramFolder / kAutomaticMovesFile,
+                     GameFileText(head, lines, PromotionSlots::All));
+    LoadGame(session, LoadSource::AutomaticMoves);
+}
+
+} // namespace
 
 void NewGame(Session& session) {
     if (session.Busy) return;
     if (session.Game.GameTouched && !AskYesNo(session, "Quit current game?", "Confirmation")) return;
-
     session.Variant.CustomSetup = false;
     if (!ResetGame(session)) return;
     session.ResultShown.clear();
-
     session.Port.Lists.ListClear(ListId::List3);
+    if (session.Settings.ChooseOpening == 1) LoadGame(session, LoadSource::Opening);
     DrawBoard(session, 0);
+    ApplyStartRules(session);
     PlaySound(session, "roll.wav");
+}
+
+void ApplyStartRules(Session& session) {
+    if (session.Pos.Rules.RemoveMen == 1) {
+        RemoveRandomMen(session);
+        AdoptPosition(session);
+    }
+    if (session.Pos.Rules.DoMoves == 1 && !session.Quitting) PlayAutomaticMoves(session);
 }
 
 } // namespace tavlon12

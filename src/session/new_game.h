@@ -7,4 +7,7 @@ namespace tavlon12 {
 /// The command New Game: asks when a game is running, then starts another.
 void NewGame(Session& session);
 
+/// The rules that change a fresh position before play: `RemoveMen` and `DoMoves`.
+void ApplyStartRules(Session& session);
+
 } // namespace tavlon12

@@ -20,6 +20,13 @@ void SetPlayersOfNewGame(Session& session) {
     session.Players.WhitePlayerName = mode == kPlayerPlayer ? user : kComputerName;
 }
 
+void SetPlayersOfLoadedGame(Session& session) {
+    SetPlayersOfNewGame(session);
+    if (session.Settings.PlayMode == kPlayerPlayer) return;
+    session.Players = {session.Settings.UserName, kComputerName};
+    if (NameToMove(session) == kComputerName) SwapPlayerNames(session);
+}
+
 void SwapPlayerNames(Session& session) {
     std::swap(session.Players.BlackPlayerName, session.Players.WhitePlayerName);
 }

@@ -9,6 +9,9 @@ namespace tavlon12 {
 /// The names of a new game, by the mode of play: the user begins and the computer answers.
 void SetPlayersOfNewGame(Session& session);
 
+/// The names of a loaded game: the person is the one to move.
+void SetPlayersOfLoadedGame(Session& session);
+
 /// Exchanges the names of the two players; and the same only when one of them is the computer.
 void SwapPlayerNames(Session& session);
 void SwapNamesOfComputerGame(Session& session);

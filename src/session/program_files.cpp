@@ -2,6 +2,7 @@
 
 #include "session/screen.h"
 
+#include <algorithm>
 #include <ctime>
 
 namespace tavlon12 {
@@ -31,6 +32,20 @@ std::filesystem::path DataFile(const Session& session, std::string_view relative
 std::filesystem::path VariantPath(const Session& session) {
     const std::filesystem::path folder = VariantFolder("", session.Settings.UseClassic);
     return DataFile(session, (folder / (session.Variant.VariantFile + ".ini")).generic_string());
+}
+
+std::vector<std::string> VariantNames(const Session& session) {
+    std::vector<std::string> names;
+    for (const std::filesystem::path& folder : {session.ProgramFolder, session.InstalledFolder}) {
+        if (folder.empty()) continue;
+        const auto found = FileNames(VariantFolder(folder, session.Settings.UseClassic), ".ini");
+        names.insert(names.end(), found.begin(), found.end());
+    }
+    const auto before = [](const std::string& a, const std::string& b) { return LowerCase(a) < LowerCase(b); };
+    const auto same = [](const std::string& a, const std::string& b) { return LowerCase(a) == LowerCase(b); };
+    std::stable_sort(names.begin(), names.end(), before);
+    names.erase(std::unique(names.begin(), names.end(), same), names.end());
+    return names;
 }
 
 void WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavlon12 {
 
@@ -15,6 +16,7 @@ inline constexpr const char* kSettingsFile = "tavlon12.ini";
 inline constexpr const char* kRatingFile = "tavlon12.rtg";
 inline constexpr const char* kLogFile = "tavlon12.log";
 inline constexpr const char* kAutosaveFile = "tavlon12.sav";
+inline constexpr const char* kAutomaticMovesFile = "domoves.tvl";
 
 /// A file to be read, whatever the case of the letters in its relative path ("sounds/click.wav"); where it would lie
 /// in the user's folder when it is in neither.
@@ -22,6 +24,9 @@ std::filesystem::path DataFile(const Session& session, std::string_view relative
 
 /// The definition file of the variant in force.
 std::filesystem::path VariantPath(const Session& session);
+
+/// The variants of the folder in force, the user's own and the installed ones, in the order of their names.
+std::vector<std::string> VariantNames(const Session& session);
 
 /// Replaces a file of the program. A failure is told in a message, and nothing else comes of it.
 void WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes);

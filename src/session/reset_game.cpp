@@ -57,14 +57,11 @@ bool BuildPosition(Session& session) {
 }
 
 void ClearPosition(Position& position) {
-    GameTree& tree = position.Tree;
-    ClearGameTree(position);
+    StartTree(position);
     position.PositionKeys.fill({});
     position.LastCapAnyPly = false;
     position.StopFlag = 0;
     position.Fault = {};
-    tree.WhiteOffBoard = tree.BlackOffBoard = position.Rules.ContractNumber;
-    tree.PlyMaterial[0] = tree.GameMaterial[0] = position.PieceSum * 100;
 }
 
 void ClearGameState(Session& session) {

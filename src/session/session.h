@@ -3,6 +3,7 @@
 #include "engine/root_search.h"
 #include "engine/search_state.h"
 #include "files/game_log.h"
+#include "files/pdn_file.h"
 #include "files/settings.h"
 #include "files/variant_file.h"
 #include "rules/position.h"
@@ -59,6 +60,7 @@ struct GameState {
     bool MateAnnounced = false;
     Long TouchedCell = 0; ///< the piece that was touched first, under the touch-move rule
     bool BookOpen = true; ///< the book may still answer for the computer
+    bool BookFailureTold = false;
     std::string BookStatusText;
     std::string GameFileName;
     std::string CaptureChar = "x"; ///< between the squares of a capture; ":" with `ColonCapture`
@@ -68,6 +70,7 @@ struct GameState {
 struct Thinking {
     RootMoveTable RootMoves; ///< the candidates
     std::string MainLineText;
+    bool FromBook = false;  ///< the move came from the opening book
     Long PredictedFrom = 0; ///< the reply that the main line expects
     Long PredictedTo = 0;
 };
@@ -98,14 +101,18 @@ struct Session {
     Thinking Thought;
     PlayerNames Players;
     BoardInput Input;
+    PdnTags Pdn;                 ///< of the PDN game last read, and as the user has edited them
+    Long PdnGameChoice = 1;      ///< number of the game chosen last, from 1; -1 for none
     std::string ResultShown;     ///< result of a loaded game
     bool EqualKingsOnly = false; ///< equal material and no man, as of the last drawing of the board
 
     // Who is at work
-    bool Busy = false;          ///< the computer is thinking: board input and navigation are ignored
-    bool Quitting = false;      ///< the user has closed the program: what runs unwinds, and nothing more is shown
-    bool SearchStarted = false; ///< a search has run since the program began
-    double BoxSeconds = 0;      ///< how long boxes have been open while the computer thought
+    bool Busy = false;            ///< the computer is thinking: board input and navigation are ignored
+    bool Quitting = false;        ///< the user has closed the program: what runs unwinds, and nothing more is shown
+    bool SettingsAdopted = false; ///< the settings are those of the file; at the end they are written back
+    bool Started = false;         ///< a game has stood on the board; at the end it is kept
+    bool SearchStarted = false;   ///< a search has run since the program began
+    double BoxSeconds = 0;        ///< how long boxes have been open while the computer thought
 };
 
 } // namespace tavlon12

@@ -2,6 +2,8 @@
 
 #include "files/rating_file.h"
 #include "session/command_state.h"
+#include "session/load_game.h"
+#include "session/new_game.h"
 #include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/screen.h"
@@ -47,12 +49,20 @@ void AdoptSettings(Session& session, const StoredSettings& stored) {
     session.Variant.VariantFile = stored.VariantFile;
     session.Pos.Rules = stored.Rules;
     AdoptMovements(session.Pos);
+    session.SettingsAdopted = true;
 }
 
 void ShowSettings(Session& session) {
     ShowModeMark(session);
     ShowNotationMark(session);
     ShowCalculationMark(session);
+}
+
+/// The game of the last run comes last, so that it replaces whatever has been built until then.
+void RestoreGame(Session& session) {
+    std::error_code error;
+    const bool kept = std::filesystem::exists(session.ProgramFolder / kAutosaveFile, error);
+    if (session.Settings.AutoSave == 1 && kept && !session.Quitting) LoadGame(session, LoadSource::Autosave);
 }
 
 } // namespace
@@ -75,8 +85,12 @@ bool StartUp(Session& session) {
     session.Port.Board
         .LayoutWindow(); // leaves the product line in panel 1, over the side to move, until the first move
     DrawBoard(session, 0);
+    if (session.Settings.ChooseOpening == 1) LoadGame(session, LoadSource::Opening);
     ShowStrengthLine(session);
-    return true;
+    ApplyStartRules(session);
+    RestoreGame(session);
+    session.Started = !session.Quitting;
+    return session.Started;
 }
 
 } // namespace tavlon12

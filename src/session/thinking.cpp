@@ -5,11 +5,28 @@
 #include "session/screen.h"
 
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <utility>
 
 namespace tavlon12 {
+
+namespace {
+
+/// The main line of a new best move; that of a book move is the word for it.
+void ShowLine(Session& session, ThinkingDisplay& display) {
+    if (!session.Thought.FromBook) {
+        DisplayMainVariant(session);
+        display.ShownLine = session.Thought.MainLineText;
+    } else if (session.Settings.CalculationOn == 1) {
+        StatusPort& status = session.Port.Status;
+        status.SetSearchLine(status.GetSearchLine() + "\nBook");
+        display.ShownLine = "Book";
+    }
+}
+
+} // namespace
 
 std::string TimeString(Long seconds) {
     std::array<char, 48> text{};
@@ -52,6 +69,20 @@ void AdoptSearchSettings(Session& session) {
     SetManThresholds(session.Pos, session.Search);
 }
 
+Long ScoreQuietly(Session& session) {
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kLongest = std::chrono::milliseconds(500);
+    SearchState& search = session.Search;
+    AdoptSearchSettings(session);
+    const auto start = Clock::now();
+    auto yield = std::exchange(search.Yield, [&] {
+        if (Clock::now() - start > kLongest) search.SearchAborted = search.Unwind = true;
+    });
+    const Long score = ScoreUserMove(session.Pos, search);
+    search.Yield = std::move(yield);
+    return score;
+}
+
 RootSearchInput RootInputOf(const Session& session) {
     constexpr Long kIterationsByTime = 20;
     const SearchLimits& limits = session.Settings.Limits;
@@ -65,10 +96,11 @@ RootSearchInput RootInputOf(const Session& session) {
     return input;
 }
 
-void StartProgress(Session& session, const RootSearchInput& input, ThinkingDisplay& display) {
-    const Long depthLimit = session.Settings.Limits.DepthLimit;
+void StartProgress(Session& session, ThinkingDisplay& display) {
+    const SearchLimits& limits = session.Settings.Limits;
     display.Progress = 0;
-    display.ProgressMaximum = input.StopsByTime ? input.TimeLimit : depthLimit * MoveCount(session.Pos.Tree);
+    display.ProgressMaximum =
+        limits.FixedDepth == 1 ? limits.DepthLimit * MoveCount(session.Pos.Tree) : Long{limits.TimeLimit};
     session.Port.Status.SetProgressRange(0, display.ProgressMaximum);
     session.Port.Status.SetProgress(0);
 }
@@ -93,12 +125,12 @@ RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
             session.Port.Status.SetSearchLine(display.BestText);
             display.IterationText = "D:" + Str(iteration) + "   B: " + texts.MoveTextPlain + "   S:" + Str(score);
         }
-        DisplayMainVariant(session);
+        ShowLine(session, display);
     };
     hooks.IterationStarted = [&session, &display](Long) { display.IterationStart = WholeSeconds(session); };
     hooks.IterationFinished = [&session, &display](Long) {
         const Long seconds = ElapsedSeconds(display.IterationStart, WholeSeconds(session));
-        display.Iterations += std::string(15, ' ') + display.IterationText + "   M: " + session.Thought.MainLineText +
+        display.Iterations += std::string(15, ' ') + display.IterationText + "   M: " + display.ShownLine +
                               "  T: " + TimeString(seconds) + "\r\n";
     };
     if (session.Settings.Limits.FixedDepth == 1)

@@ -12,6 +12,7 @@ struct ThinkingDisplay {
     std::string Verb = "Thinking..."; ///< how the status line begins
     std::string BestText;             ///< depth, best move and score, as last shown in the search line
     std::string IterationText;        ///< the same, shorter, for the log
+    std::string ShownLine;            ///< the main line, or "Book"
     std::string Iterations;           ///< a line of the log for each finished iteration
     Long IterationStart = 0;          ///< on the clock of the search
     Long Progress = 0;
@@ -30,11 +31,15 @@ void DisplayMainVariant(Session& session);
 /// The user's settings of the search, and the thresholds of the position, into the search's state.
 void AdoptSearchSettings(Session& session);
 
+/// The score of the position for the side that has just moved. No event is let in: nothing may come between a move on
+/// the board and its entry in the record. So it takes half a second at the most.
+Long ScoreQuietly(Session& session);
+
 /// The limits of a search of the root moves in the list, from the settings; one iteration is enough for a single move.
 RootSearchInput RootInputOf(const Session& session);
 
-/// Empties the progress bar and sets its range for such a search.
-void StartProgress(Session& session, const RootSearchInput& input, ThinkingDisplay& display);
+/// Empties the progress bar and sets its range for a search of the root moves in the list.
+void StartProgress(Session& session, ThinkingDisplay& display);
 
 /// Shows the search in status line, search line and progress bar. Both references must outlive the hooks.
 RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display);

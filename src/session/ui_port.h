@@ -2,9 +2,12 @@
 
 #include "rules/basics.h"
 
+#include <array>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tavlon12 {
 
@@ -110,6 +113,7 @@ struct FieldPort {
     std::function<void(Control, const std::string& text)> SetText = [](Control, const std::string&) {};
     std::function<std::string(Control)> GetText = [](Control) { return std::string(); };
     std::function<void(Control, bool on)> SetControlEnabled = [](Control, bool) {};
+    std::function<void(bool on)> SetHourglass = [](bool) {}; ///< the mouse pointer of a long task
     /// White on red for the player to move.
     std::function<void(PlayerMark mark)> MarkPlayerToMove = [](PlayerMark) {};
 };
@@ -138,14 +142,40 @@ struct TimePort {
     std::function<void()> Yield = [] {}; ///< lets pending user events run
 };
 
-/// Sounds and documents.
+/// What a file dialog asks for.
+struct FileQuestion {
+    bool ToSave = false;
+    std::string Title;
+    std::string Filter; ///< pairs of a caption and a pattern, "Tavlon File (*.tvl)|*.tvl|..."
+};
+
+/// Sounds, documents and file dialogs.
 struct FilePort {
+    /// Empty when the user cancels. An existing file is given as it is: the caller asks about it.
+    std::function<std::filesystem::path(const FileQuestion&)> ChooseFile = [](const FileQuestion&) {
+        return std::filesystem::path();
+    };
     std::function<void(const std::filesystem::path& file)> PlaySound = [](const std::filesystem::path&) {};
     std::function<void(const std::string& address)> OpenDocument = [](const std::string&) {};
 };
 
-/// Boxes that wait for the user.
+/// The chooser of a game in a PDN file.
+struct PdnChooser {
+    std::string Title;
+    std::vector<std::array<std::string, 10>> Rows; ///< a game each: Event, Date, Black, White, Result, Site, ...
+    std::vector<std::string> OpenAs;               ///< "DEFAULT", then names of variants
+};
+struct PdnChoice {
+    Long Game = 1;    ///< from 1
+    Long Variant = 0; ///< index into `OpenAs`
+};
+
+/// Boxes and dialogs that wait for the user.
 struct DialogPort {
+    /// Nothing when the user cancels.
+    std::function<std::optional<PdnChoice>(const PdnChooser&)> ChoosePdnGame = [](const PdnChooser&) {
+        return std::optional<PdnChoice>();
+    };
     std::function<void(const std::string& text, const std::string& title, MessageKind kind)> ShowMessage =
         [](const std::string&, const std::string&, MessageKind) {};
     std::function<bool(const std::string& text, const std::string& title)> AskYesNo =

@@ -8,7 +8,7 @@ namespace tavlon12 {
 namespace {
 
 using Kind = FileFailure::Kind;
-using enum GameLine::Kind;
+using enum GameFileLine::Kind;
 
 const char* const kDefaultRuleLines = R"(MulJumps=1
 MaxCapMove=1
@@ -80,7 +80,7 @@ TEST(GameFile, IsWrittenInItsOrder) {
     head.UserName = "Ann\nB";
     head.StartDigits = std::string(144, '0');
     head.BookOpen = 0;
-    const GameLine lines[] = {{Comment, "", 0},
+    const GameFileLine lines[] = {{Comment, "", 0},
                               {Comment, "one\r\ntwo\n{three}", 0},
                               {Move, "c3d4", 0},
                               {Move, "15 9", 1},
@@ -105,7 +105,7 @@ TEST(GameFile, GivesBackWhatWasSaved) {
                       .Rules = support::RandomRules(random),
                       .UseClassic = static_cast<Long>(random()),
                       .UserName = support::RandomText("A\xC3\xA9 \"=", random)};
-        std::vector<GameLine> lines;
+        std::vector<GameFileLine> lines;
         Long position = 0;
         for (std::size_t count = random() % 20; count > 0; --count) {
             if (random() % 2 == 0)
@@ -113,7 +113,7 @@ TEST(GameFile, GivesBackWhatWasSaved) {
             lines.push_back({Move, "c3d4", position++});
         }
         if (!lines.empty()) lines.push_back({Comment, "a\r\n\r\nb", position});
-        for (GameLine& line : lines) { // two bytes of 255 are a line break
+        for (GameFileLine& line : lines) { // two bytes of 255 are a line break
             for (std::size_t at; (at = line.Text.find("\xFF\xFF")) != std::string::npos;) line.Text.erase(at, 1);
         }
 
@@ -217,7 +217,7 @@ TEST(GameFile, TellsWhatStoodWhereTheDefinitionIsLoaded) {
 TEST(GameFile, ReadsItsMovesUpToAnEmptyLine) {
     struct Row {
         const char* Body;
-        std::vector<GameLine> Lines;
+        std::vector<GameFileLine> Lines;
         Long Count;
     };
     const Row rows[] = {
