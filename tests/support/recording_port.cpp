@@ -70,6 +70,11 @@ UiPort RecordingPort::Port() {
     port.Fields.SetControlEnabled = [this](Control control, bool on) { ControlEnabled[control] = on; };
     port.Commands.SetCommandEnabled = [this](Command command, bool on) { Enabled[command] = on; };
     port.Fields.MarkPlayerToMove = [this](PlayerMark mark) { Mark = mark; };
+    port.Files.ChooseFile = [this](const FileQuestion&) { return File; };
+    port.Dialogs.ChoosePdnGame = [this](const PdnChooser& chooser) {
+        Choosers.push_back(chooser);
+        return Choice;
+    };
     port.Files.PlaySound = [this](const std::filesystem::path& file) { Sounds.push_back(file); };
     port.Time.Clock = [this] { return Now += TickPerReading; };
     port.Time.Wait = [this](double seconds) {

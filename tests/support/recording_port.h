@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -57,7 +58,10 @@ struct RecordingPort {
     Long ProgressMinimum = 0;
     Long ProgressMaximum = 100;
     std::vector<std::filesystem::path> Sounds;
-    int LastFocus = -1; ///< the list that has been given the focus, as a number
+    int LastFocus = -1;               ///< the list that has been given the focus, as a number
+    std::filesystem::path File;       ///< the answer to file dialogs
+    std::optional<PdnChoice> Choice;  ///< and to the chooser of a game
+    std::vector<PdnChooser> Choosers; ///< as they were shown
     PlayerMark Mark = PlayerMark::None;
     int Ended = 0; ///< how often the end of the program was asked for
 
