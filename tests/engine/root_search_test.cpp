@@ -168,8 +168,7 @@ TEST(RootSearch, CancelKeepsTheBestSoFar) {
         };
         Long score = thinking.Think(3);
         ASSERT_EQ(ImageOf(*thinking.Pos), image) << stopAt;
-        ASSERT_TRUE(thinking.State->SearchAborted || thinking.Pos->StopFlag == kStopCancel) << stopAt;
-        if (!thinking.State->SearchAborted) continue;
+        ASSERT_TRUE(thinking.State->SearchAborted) << stopAt;
         ASSERT_EQ(thinking.Pos->StopFlag, 0);
         ASSERT_EQ(thinking.State->RepeatCount, 0);
         ASSERT_GE(thinking.Finished.size(), 1u) << "a cancel waits for the first iteration";
@@ -210,6 +209,23 @@ TEST(RootSearch, ALimitPassedInLookaheadEndsTheSearchAlone) {
     EXPECT_EQ(ImageOf(*thinking.Pos), before);
     EXPECT_LT(thinking.Finished.size(), 5u);
     EXPECT_GT(GenerateLegalMoves(*thinking.Pos), 0);
+}
+
+TEST(RootSearch, ACancelStaysACancelWhateverEndsTheSearch) {
+    Thinking late("", "W: c3 e3 g3 d2 f2; B: f6 h8 j0 e7 g7");
+    late.Input.StopsByTime = true;
+    late.Input.TimeLimit = 1;
+    Thinking limited{Engine(WalkTooLongInLookahead())};
+    for (Thinking* thinking : {&late, &limited}) {
+        thinking->State->Yield = [thinking] {
+            if (thinking->State->NodeCount == 1) thinking->Pos->StopFlag = kStopCancel;
+            thinking->Now = 1;
+        };
+        thinking->Think(5);
+        EXPECT_TRUE(thinking->Finished.empty());
+        EXPECT_TRUE(thinking->State->SearchAborted);
+        EXPECT_EQ(thinking->Pos->StopFlag, 0) << "nothing is left for the next search";
+    }
 }
 
 TEST(ScoreUserMove, AStopGivesTheStaticScore) {
