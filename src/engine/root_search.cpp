@@ -157,6 +157,7 @@ void RootSearch::SearchMoves() {
 
 Flow RootSearch::SearchMoveAt(Long index) {
     const Long slot = FirstSlot + index;
+    assert(Pos.Tree.Ply == 0 && Pos.Tree.TreeIndex == RootTreeIndex && Alpha <= Beta);
     EarlierScore.reset();
 
     // 1. Announce the move
@@ -249,6 +250,7 @@ void RootSearch::DeepenShortLine(Long index, Long& score) {
 }
 
 void RootSearch::RecordBest(Long index, Long score) {
+    assert(index >= 0 && index < MoveTotal);
     Alpha = score;
     Beta = Alpha + 1;
     Result = {score, Iteration};
@@ -282,7 +284,7 @@ Long ElapsedSeconds(Long start, Long now) {
 
 RootSearchResult SearchRoot(Position& position, SearchState& search, const RootSearchInput& input,
                             const RootSearchHooks& hooks, RootMoveTable& moves) {
-    assert(position.Tree.Ply == 0);
+    assert(position.Tree.Ply == 0 && !position.Fault.Passed() && SumsMatchBoard(position));
     RootSearch root(position, search, input, hooks, moves);
     assert(root.MoveTotal >= 0 && root.FirstSlot + root.MoveTotal < kMoveSlots);
     root.FillScores();
@@ -291,6 +293,7 @@ RootSearchResult SearchRoot(Position& position, SearchState& search, const RootS
         root.Deepen();
         root.Close();
     }
+    assert(position.Tree.Ply == 0 && position.Tree.TreeIndex == root.RootTreeIndex && SumsMatchBoard(position));
     position.Tree.NextMoveSlot = root.FirstSlot + root.MoveTotal; // the list holds the root moves alone again
     return root.Result;
 }

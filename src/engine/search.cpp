@@ -131,6 +131,8 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     const Long ply = tree.Ply;
     assert(ply >= 0 && ply <= kMaxPly);
     assert(tree.PlyFirstMove[ply] >= 0 && tree.PlyFirstMove[ply] < kMoveSlots);
+    assert(alpha <= beta || search.Options.BruteForce != 0);
+    assert(traits.Moves == Family::None || traits.Moves == search.Tables.VariantFamily);
 
     // 1. Let events be processed
     ++search.NodeCount;
@@ -182,7 +184,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
         PerformMove(position, slot);
         const Long score = -Search<member>(position, search, -beta, -alpha, depth - 1);
         TakeBackMove(position, slot);
-        assert(tree.Ply == ply);
+        assert(tree.Ply == ply && slot < tree.PlyFirstMove[ply + 1]);
 
         if (score > best) best = score;
         if (score >= beta) {
