@@ -171,7 +171,9 @@ Long Evaluate(Position& position, SearchState& search, Long alpha, Long beta, Lo
     const GameTree& tree = position.Tree;
     const RuleSet& rules = position.Rules;
     bool anti = rules.AntiMode == 1;
-    assert(tree.Ply <= kMaxPly && (side == kWhite || side == kBlack));
+    assert(tree.Ply >= 0 && tree.Ply <= kMaxPly && (side == kWhite || side == kBlack));
+    assert(alpha <= beta || search.Options.BruteForce != 0);
+    assert(SumsMatchBoard(position));
 
     search.LostFlag = false;
     if (rules.NoLegalDraw == 1) {

@@ -52,6 +52,8 @@ Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long be
     const GameTree& tree = position.Tree;
     const auto& count = position.Sums.PieceCount;
     Long man = PieceType(side * kMan);
+    assert(search.Tables.VariantFamily == F && (side == kWhite || side == kBlack));
+    assert(SumsMatchBoard(position));
     search.LostFlag = count[man] + count[man + 2] <= position.Rules.NumberPieces;
     if (count[man ^ 1] + count[man ^ 3] <= position.Rules.NumberPieces) return kWin - tree.Ply;
 

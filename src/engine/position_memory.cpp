@@ -6,8 +6,8 @@ namespace tavlon12 {
 
 void StoreBestLine(Position& position, Long slot) {
     Long ply = position.Tree.Ply;
-    assert(ply < kMaxPly);
     const MoveRecord& move = position.Moves[slot];
+    assert(ply < kMaxPly && move.From != 0);
     auto& line = position.BestLine[ply];
     const auto& continuation = position.BestLine[ply + 1];
     line[ply] = {move.From, move.To, (move.IsCapture() ? 1 : 0) + (move.Promotes != 0 ? 10 : 0)};
@@ -25,6 +25,7 @@ Long BestLineLength(const Position& position) {
 }
 
 void StoreKiller(Position& position, Long slot) {
+    assert(slot >= position.Tree.PlyFirstMove[position.Tree.Ply] && slot < position.Tree.NextMoveSlot);
     auto& killers = position.Killers[position.Tree.Ply];
     killers[1] = killers[0];
     killers[0] = {position.Moves[slot].From, position.Moves[slot].To};

@@ -74,6 +74,7 @@ struct RootSearch {
 
     void FillScores();
     void Deepen();
+    void Close();
     void SetWindow();
     void SearchMoves();
     Flow SearchMoveAt(Long index);
@@ -87,14 +88,20 @@ struct RootSearch {
     void MoveToFront(Long index);
     void ShowProgress();
 
+    /// After an abort the score means nothing. Where a forced end is in sight a stop from outside still lets it count.
     Flow AfterTakeBack() const {
-        return std::abs(Alpha) < kMateLike && Search.SearchAborted ? Flow::Aborted : Flow::GoesOn;
+        const bool dropped = std::abs(Alpha) < kMateLike || Pos.Fault.Passed();
+        return Search.SearchAborted && dropped ? Flow::Aborted : Flow::GoesOn;
     }
     Long Elapsed() const { return ElapsedSeconds(Input.StartTime, Hooks.Seconds()); }
     bool TimeIsUp() const { return Input.StopsByTime && Elapsed() >= Input.TimeLimit; }
+    /// Whether a cancel has come that no node has taken up.
+    bool CancelIsDue() const {
+        return Search.Cancel == CancelMode::HasCome || (Pos.StopFlag == kStopCancel && !Pos.Fault.Passed());
+    }
     /// A cancel that has come before stays a cancel.
     void StopOnTime() {
-        if (!Search.SearchAborted && Pos.StopFlag != kStopCancel) Pos.StopFlag = kStopTime;
+        if (!Search.SearchAborted && !CancelIsDue()) Pos.StopFlag = kStopTime;
         Search.SearchAborted = true;
     }
 };
@@ -113,20 +120,23 @@ void RootSearch::Deepen() {
         Hooks.IterationStarted(Iteration);
         SetWindow();
         Search.ExtensionLimit = Iteration + Search.Options.Plys;
-        Search.CancelWaits = Iteration == 1;
+        Search.Cancel = Iteration == 1 ? CancelMode::Waits : CancelMode::Ends;
         SearchMoves();
-        Search.CancelWaits = false;
         Search.RepeatCount = 0;
         if (TimeIsUp()) StopOnTime();
         if (Search.SearchAborted) return;
         PrevScore = Result.LastScore;
         Hooks.IterationFinished(Iteration);
-        if (Pos.StopFlag == kStopCancel) {
-            Pos.StopFlag = 0;
-            Search.SearchAborted = true;
-            return;
-        }
+        if (CancelIsDue()) return;
     }
+}
+
+/// Leaves the flags so that they tell how the search has ended, and nothing for the next one.
+void RootSearch::Close() {
+    if (Pos.Fault.Passed()) Search.SearchAborted = false;
+    if (CancelIsDue()) Search.SearchAborted = true;
+    if (Pos.StopFlag == kStopCancel) Pos.StopFlag = 0;
+    Search.Cancel = CancelMode::Ends;
 }
 
 void RootSearch::SetWindow() {
@@ -147,6 +157,7 @@ void RootSearch::SearchMoves() {
 
 Flow RootSearch::SearchMoveAt(Long index) {
     const Long slot = FirstSlot + index;
+    assert(Pos.Tree.Ply == 0 && Pos.Tree.TreeIndex == RootTreeIndex && Alpha <= Beta);
     EarlierScore.reset();
 
     // 1. Announce the move
@@ -239,6 +250,7 @@ void RootSearch::DeepenShortLine(Long index, Long& score) {
 }
 
 void RootSearch::RecordBest(Long index, Long score) {
+    assert(index >= 0 && index < MoveTotal);
     Alpha = score;
     Beta = Alpha + 1;
     Result = {score, Iteration};
@@ -272,15 +284,16 @@ Long ElapsedSeconds(Long start, Long now) {
 
 RootSearchResult SearchRoot(Position& position, SearchState& search, const RootSearchInput& input,
                             const RootSearchHooks& hooks, RootMoveTable& moves) {
-    assert(position.Tree.Ply == 0);
+    assert(position.Tree.Ply == 0 && !position.Fault.Passed() && SumsMatchBoard(position));
     RootSearch root(position, search, input, hooks, moves);
     assert(root.MoveTotal >= 0 && root.FirstSlot + root.MoveTotal < kMoveSlots);
     root.FillScores();
     {
         const Lookahead lookahead(position);
         root.Deepen();
-        if (lookahead.LimitPassed()) search.SearchAborted = false;
+        root.Close();
     }
+    assert(position.Tree.Ply == 0 && position.Tree.TreeIndex == root.RootTreeIndex && SumsMatchBoard(position));
     position.Tree.NextMoveSlot = root.FirstSlot + root.MoveTotal; // the list holds the root moves alone again
     return root.Result;
 }

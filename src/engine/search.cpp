@@ -117,12 +117,12 @@ bool Extends(const Position& position, const SearchState& search, Long value, Lo
            reach < search.ExtensionLimit && value >= alpha - options.Balance && value <= beta + options.Balance;
 }
 
-/// Whether a stop flag that is set ends the search here.
-template <bool stopsOnTime> bool MustStop(const Position& position, const SearchState& search) {
-    if (position.StopFlag == kStopTime) return stopsOnTime;
-    const bool listIsFull = position.Tree.NextMoveSlot == kMoveSlots - 1;
-    const bool byUser = position.StopFlag == kStopCancel && !listIsFull && !position.Fault.Passed();
-    return !(byUser && search.CancelWaits);
+/// Notes a cancel that is to wait. The flag is free again for what a generator has to say.
+void DeferCancel(Position& position, SearchState& search) {
+    const bool byUser = position.StopFlag == kStopCancel && !position.Fault.Passed();
+    if (search.Cancel != CancelMode::Waits || !byUser) return;
+    search.Cancel = CancelMode::HasCome;
+    position.StopFlag = 0;
 }
 
 template <SearchMember member> Long Search(Position& position, SearchState& search, Long alpha, Long beta, Long depth) {
@@ -131,10 +131,13 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     const Long ply = tree.Ply;
     assert(ply >= 0 && ply <= kMaxPly);
     assert(tree.PlyFirstMove[ply] >= 0 && tree.PlyFirstMove[ply] < kMoveSlots);
+    assert(alpha <= beta || search.Options.BruteForce != 0);
+    assert(traits.Moves == Family::None || traits.Moves == search.Tables.VariantFamily);
 
     // 1. Let events be processed
     ++search.NodeCount;
     search.Yield();
+    if (position.StopFlag != 0) DeferCancel(position, search);
     if (search.SearchAborted && (traits.UnwindsAtEntry || search.Unwind || position.Fault.Passed())) return 0;
 
     // 2. No best line yet
@@ -170,7 +173,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     if (MoveCount(tree) == 0 && depth > 0) best = ValueWithoutMoves<traits.WithoutMoves>(ply);
 
     // 8. Stopped from outside, by a full move list or by a limit of the generator
-    if (position.StopFlag != 0 && MustStop<traits.StopsOnTime>(position, search)) {
+    if (traits.StopsOnTime ? position.StopFlag != 0 : position.StopFlag != 0 && position.StopFlag != kStopTime) {
         search.SearchAborted = true;
         position.StopFlag = 0;
         return 0;
@@ -181,7 +184,7 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
         PerformMove(position, slot);
         const Long score = -Search<member>(position, search, -beta, -alpha, depth - 1);
         TakeBackMove(position, slot);
-        assert(tree.Ply == ply);
+        assert(tree.Ply == ply && slot < tree.PlyFirstMove[ply + 1]);
 
         if (score > best) best = score;
         if (score >= beta) {

@@ -37,6 +37,10 @@ struct EvaluationTables {
     Family VariantFamily = Family::None; ///< chosen once per game
 };
 
+/// What a cancel of the user does: it ends the search, or it waits for the end of the first iteration, or it has come
+/// while it was to wait.
+enum class CancelMode { Ends, Waits, HasCome };
+
 /// The search's own state: tables, margins, flags, the random source, the node count and the hook to the event loop.
 struct SearchState {
     EvaluationTables Tables;
@@ -53,7 +57,7 @@ struct SearchState {
     bool NoMovesDraw = false; ///< it found the side to move without moves where that is a draw
     bool SearchAborted = false;
     bool Unwind = false;      ///< with `SearchAborted`: every member returns at once, not only those that choose moves
-    bool CancelWaits = false; ///< a cancel takes effect when the first iteration is done
+    CancelMode Cancel = CancelMode::Ends;
     Long ExtensionLimit = 0;  ///< plies from the root beyond which nothing is extended
     std::uint64_t NodeCount = 0; ///< calls of search members since it was last set to 0
 

@@ -1,5 +1,7 @@
 #include "rules/capture_selection.h"
 
+#include <cassert>
+
 namespace tavlon12 {
 
 namespace {
@@ -16,6 +18,7 @@ void ApplyKingPriority(const RuleSet& rules, CaptureTable& table) {
 }
 
 bool StrikeOut(const RuleSet& rules, CaptureTable& table, Long row) {
+    assert(row >= 0 && row < table.RowCount && table.RowCount <= kCaptureRows);
     CaptureRow& capture = table.Rows[row];
     if (capture.Path.Count == 0) return true;
     if (rules.MulJumps != 1) {

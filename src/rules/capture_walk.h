@@ -5,6 +5,7 @@
 #include "rules/walk_rules.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace tavlon12 {
 
@@ -39,12 +40,15 @@ public:
     [[nodiscard]] bool Run(Long square) {
         start_ = square;
         startPiece_ = piece_ = board_[square];
+        assert(IsLivePiece(piece_) && piece_ * side_ > 0);
         pieceType_ = PieceType(piece_);
         flying_ = Magnitude(piece_) == kKing ? rules_.LongKings() : rules_.ManCapMoveKing();
         crowned_ = false;
         longest_ = 0;
         path_ = lastPath_ = CapturePath();
-        return Explore(square, 0, 0);
+        const bool finished = Explore(square, 0, 0);
+        assert(board_[square] == startPiece_ && piece_ == startPiece_ && path_.Count == 0 && !crowned_);
+        return finished;
     }
 
 private:
@@ -58,6 +62,7 @@ private:
 
     /// Tries every jump from a node, which `depth` jumps have reached, and records the capture that ends there.
     bool Explore(Long at, Long depth, Long previousStep) {
+        assert(board_[at] == piece_ && path_.Count == depth);
         bool fresh = true; // no jump has been made from here
         for (Long step : position_.DirTable[pieceType_ + 4]) {
             if (step == kEndOfSteps) break;
@@ -109,6 +114,7 @@ private:
             table_.NextIsLastCap = true;
         }
 
+        assert(board_[jump.From] == piece_ && MayTake(board_[jump.Candidate]) && board_[jump.Target] == kEmpty);
         path_.Add(jump.Candidate, Magnitude(board_[jump.Candidate]));
         longest_ = std::max<Long>(longest_, path_.Count);
         board_[jump.Candidate] -= kJumpedMark;
@@ -134,6 +140,7 @@ private:
             pieceType_ = PieceType(piece_);
             flying_ = flewBefore;
         }
+        assert(board_[jump.From] == kEmpty && IsMarked(board_[jump.Candidate]));
         board_[jump.Target] = kEmpty;
         board_[jump.Candidate] += kJumpedMark;
         board_[jump.From] = piece_;
@@ -167,6 +174,7 @@ private:
     }
 
     void AddRow(Long at, bool promotes, const CapturePath& stored) {
+        assert(table_.RowCount < kCaptureRows && stored.Count > 0 && stored.Count <= longest_);
         Long length = stored.Count;
         Long kings = stored.KingCount();
         table_.Rows[table_.RowCount] = {start_,      at,       promotes ? 1 : 0,     kings,

@@ -45,6 +45,8 @@ template <Family F> void RegisterSelected(Position& position) {
 
 template <Family F> void GenerateFamilyMoves(Position& position, Long mode) {
     GameTree& tree = position.Tree;
+    assert(tree.Ply >= 0 && tree.Ply <= kMaxPly);
+    assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     // Captures are mandatory in all four sets, so that mode 0 gives no quiet moves.
     SquareSet starters = CaptureStarters(position, FamilyRules<F>(position));

@@ -16,7 +16,7 @@ void Generate(Position& position, Long mode, const SquareSet& starters) {
     CaptureTable& table = position.Captures;
     const RuleSet& rules = position.Rules;
     assert(tree.Ply >= 0 && tree.Ply <= kMaxPly);
-    assert(SumsMatchBoard(position));
+    assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
 
     MoveWalk walk = WalkMoves<GeneralRules>(position, mode, starters, table, [&](Long from, Long to, bool promotes) {

@@ -12,6 +12,7 @@ Long& OffBoardCount(GameTree& tree, Long side) {
 
 void MovePiece(Position& position, Long from, Long to) {
     Long piece = position.Board[from];
+    assert(IsLivePiece(piece) && position.Board[to] == kEmpty);
     Long type = PieceType(piece);
     position.Board[from] = kEmpty;
     position.Board[to] = piece;
@@ -26,6 +27,18 @@ void MovePiece(Position& position, Long from, Long to) {
 void ReplacePiece(Position& position, Long square, Long piece) {
     LiftPiece(position, square);
     PutPiece(position, square, piece);
+}
+
+/// Whether the side to move can make the move on the board as it is.
+[[maybe_unused]] bool FitsTheBoard(const Position& position, const MoveRecord& move) {
+    const Long side = position.Tree.SideToMove;
+    const CapturePath& captures = move.Captures;
+    for (Long i = 0; i < captures.Count; ++i) {
+        if (position.Board[captures.Squares[i]] != -side * captures.MagnitudeAt(i)) return false;
+    }
+    if (!IsSquare(move.To) || (move.Promotes != 0 && move.Promotes != kKing)) return false;
+    if (move.From == kOffBoard) return move.Promotes == 0 && position.Board[move.To] == kEmpty;
+    return IsSquare(move.From) && IsLivePiece(position.Board[move.From]) && position.Board[move.From] * side > 0;
 }
 
 /// The rule that crowns the only man of a side, which acts on the opponent of the mover.
@@ -48,7 +61,9 @@ void PerformMove(Position& position, Long slot) {
     BoardCells& board = position.Board;
     const RuleSet& rules = position.Rules;
     const MoveRecord& move = position.Moves[slot];
-    assert(tree.Ply < kMaxPly && tree.TreeIndex + 1 < kTreeSize);
+    assert(slot >= 0 && slot < kMoveSlots);
+    assert(tree.Ply >= 0 && tree.Ply < kMaxPly && tree.TreeIndex >= 0 && tree.TreeIndex + 1 < kTreeSize);
+    assert(FitsTheBoard(position, move));
 
     Long ply = ++tree.Ply;
     Long index = ++tree.TreeIndex;
@@ -77,6 +92,7 @@ void PerformMove(Position& position, Long slot) {
 
     if (move.From == kOffBoard) {
         PutPiece(position, move.To, tree.SideToMove);
+        assert(OffBoardCount(tree, tree.SideToMove) > 0);
         --OffBoardCount(tree, tree.SideToMove);
     } else if (move.To != move.From) {
         MovePiece(position, move.From, move.To);
@@ -100,7 +116,8 @@ void TakeBackMove(Position& position, Long slot) {
     GameTree& tree = position.Tree;
     const RuleSet& rules = position.Rules;
     const MoveRecord& move = position.Moves[slot];
-    assert(tree.Ply > 0 || tree.TreeIndex > 0);
+    assert(tree.Ply > 0 && tree.TreeIndex > 0);
+    assert(tree.TreeTo[tree.TreeIndex] == move.To); // the last move made is the first taken back
 
     Long index = tree.TreeIndex;
     --tree.TreeIndex;
@@ -122,6 +139,7 @@ void TakeBackMove(Position& position, Long slot) {
     if (rules.ManKing == 1 && tree.TreeLastMan[index] != 0)
         ReplacePiece(position, tree.TreeLastMan[index], -side * kMan);
     if (rules.KingMan == 1 && tree.TreeKingMan[index] == 1) ReplacePiece(position, move.From, side * kKing);
+    assert(FitsTheBoard(position, move));
 }
 
 } // namespace tavlon12

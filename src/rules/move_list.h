@@ -3,6 +3,7 @@
 #include "rules/board.h"
 
 #include <array>
+#include <cassert>
 
 namespace tavlon12 {
 
@@ -22,12 +23,14 @@ struct CapturePath {
 
     /// The path must have room: Count below kMaxJumps.
     void Add(Long square, Long magnitude) {
+        assert(Count < kMaxJumps && IsSquare(square) && (magnitude == kMan || magnitude == kKing));
         Squares[Count] = static_cast<Byte>(square);
         if (magnitude == kKing) Kings |= 1u << Count;
         ++Count;
     }
 
     void RemoveLast() {
+        assert(Count > 0);
         --Count;
         Squares[Count] = 0;
         Kings &= ~(1u << Count);

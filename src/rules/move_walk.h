@@ -3,6 +3,7 @@
 #include "rules/capture_walk.h"
 #include "rules/position.h"
 
+#include <cassert>
 #include <cstdlib>
 
 namespace tavlon12 {
@@ -29,6 +30,7 @@ bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, O
     const BoardCells& board = position.Board;
     Long piece = board[square];
     Long side = position.Tree.SideToMove;
+    assert(IsLivePiece(piece) && piece * side > 0);
     bool man = Magnitude(piece) == kMan;
     bool flying = rules.LongKings() && !man;
     for (Long step : position.DirTable[PieceType(piece)]) {
@@ -119,6 +121,7 @@ template <typename Rules> SquareSet QuietStarters(const Position& position, cons
 /// The number of quiet moves, where neither runs are jumped nor pieces placed: steps of short pieces are shifts of
 /// their set. A number that the move list has no room for sets `StopFlag`, as listing them would.
 template <typename Rules> Long CountQuietMoves(Position& position, const Rules& rules) {
+    assert(SumsMatchBoard(position) && !rules.JumpFriend() && !rules.CanContract());
     SquareSet empty = EmptySquares(position);
     Long man = PieceType(position.Tree.SideToMove * kMan);
     Long count = 0;
@@ -147,6 +150,7 @@ template <typename Rules> Long CountQuietMoves(Position& position, const Rules& 
 /// that a capture may start from, as `CaptureStarters` gives them.
 template <typename Rules, typename OnQuiet>
 MoveWalk WalkMoves(Position& position, Long mode, const SquareSet& captures, CaptureTable& table, OnQuiet onQuiet) {
+    assert(SumsMatchBoard(position));
     const Rules rules(position);
     ClearCaptures(table);
     SquareSet sources = captures;
@@ -170,6 +174,7 @@ MoveWalk WalkMoves(Position& position, Long mode, const SquareSet& captures, Cap
         }
         return outcome != MoveWalk::Finished;
     });
+    assert(SumsMatchBoard(position)); // the board is whole again
     return outcome;
 }
 

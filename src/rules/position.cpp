@@ -1,6 +1,7 @@
 #include "rules/position.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstdlib>
 #include <utility>
 
@@ -159,6 +160,7 @@ void AdoptBoard(Position& position) {
 
 void InitGameTree(Position& position) {
     GameTree& tree = position.Tree;
+    assert(tree.Ply <= 1);
     if (tree.Ply == 0) return;
     tree.PlyValue[0] = tree.PlyValue[1];
     tree.PlyMaterial[0] = tree.PlyMaterial[1];
@@ -166,6 +168,7 @@ void InitGameTree(Position& position) {
 }
 
 Repetition FindRepetition(const Position& position, Long index) {
+    assert(index >= -1 && index < kTreeSize);
     Long count = 0;
     for (Long i = 0; i <= index; ++i) {
         if (position.PositionKeys[i] == position.Sums.Key) ++count;

@@ -10,6 +10,7 @@
 #include "rules/rule_set.h"
 
 #include <array>
+#include <cassert>
 #include <string>
 
 namespace tavlon12 {
@@ -99,6 +100,7 @@ struct Position {
 
 /// Puts a piece onto an empty square, with its key and count; and takes it off again.
 inline void PutPiece(Position& position, Long square, Long piece) {
+    assert(IsLivePiece(piece) && position.Board[square] == kEmpty);
     Long type = PieceType(piece);
     position.Board[square] = piece;
     position.Sums.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
@@ -108,6 +110,7 @@ inline void PutPiece(Position& position, Long square, Long piece) {
 }
 
 inline void LiftPiece(Position& position, Long square) {
+    assert(IsLivePiece(position.Board[square]));
     Long type = PieceType(position.Board[square]);
     position.Board[square] = kEmpty;
     position.Sums.Bytes[square + kByteMargin] = kEmpty;
@@ -116,7 +119,7 @@ inline void LiftPiece(Position& position, Long square) {
     position.Sums.TermSum -= position.TermsOfPieces[type][square];
 }
 
-/// Whether the sums are those of the board: what every generator asserts.
+/// Whether the sums are those of the board, which has no marked piece then: what generators assert at entry and exit.
 inline bool SumsMatchBoard(const Position& position) {
     return position.Sums == SumsOf(position.Board, position.TermsOfPieces);
 }

@@ -4,6 +4,8 @@ namespace tavlon12 {
 
 Long NextBestMove(Position& position) {
     const GameTree& tree = position.Tree;
+    assert(tree.PlyFirstMove[tree.Ply] <= tree.PlyFirstMove[tree.Ply + 1]);
+    assert(tree.PlyFirstMove[tree.Ply + 1] <= kMoveSlots);
     Long bestScore = kUsedScore;
     Long bestSlot = -1;
     for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.PlyFirstMove[tree.Ply + 1]; ++slot) {

@@ -2,6 +2,8 @@
 
 #include "rules/position.h"
 
+#include <cassert>
+
 namespace tavlon12 {
 
 // Appending to the move list with the sort score. In a full list the last slot is overwritten and `StopFlag` set.
@@ -33,6 +35,7 @@ inline Long CaptureScore(const Position& position, Long from, Long to, const Cap
 /// The next free slot of the list.
 inline MoveRecord& AppendSlot(Position& position) {
     GameTree& tree = position.Tree;
+    assert(tree.NextMoveSlot >= tree.PlyFirstMove[tree.Ply] && tree.NextMoveSlot < kMoveSlots);
     MoveRecord& move = position.Moves[tree.NextMoveSlot];
     if (tree.NextMoveSlot < kMoveSlots - 1) {
         ++tree.NextMoveSlot;
@@ -44,6 +47,8 @@ inline MoveRecord& AppendSlot(Position& position) {
 
 /// Appends a quiet move of the current ply.
 inline void RegisterMove(Position& position, Long from, Long to, Long promotes = 0) {
+    assert(from == kOffBoard || IsLivePiece(position.Board[from]));
+    assert(position.Board[to] == kEmpty);
     MoveRecord& move = AppendSlot(position);
     move.From = from;
     move.To = to;
@@ -55,6 +60,7 @@ inline void RegisterMove(Position& position, Long from, Long to, Long promotes =
 /// Appends a capture.
 inline void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures,
                                 Long promotes = 0) {
+    assert(captures.Count > 0 && captures.Count <= kMaxJumps && IsSquare(from) && IsSquare(to));
     MoveRecord& move = AppendSlot(position);
     move.From = from;
     move.To = to;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <bit>
+#include <cassert>
 #include <cstdint>
 
 namespace tavlon12 {
@@ -17,11 +18,13 @@ struct SquareSet {
     bool operator==(const SquareSet&) const = default;
 
     constexpr void Flip(Long square) {
+        assert(IsSquare(square));
         auto bit = static_cast<std::uint32_t>(square - kFirstSquare);
         Words[bit / 64] ^= std::uint64_t{1} << (bit % 64);
     }
 
     constexpr bool Has(Long square) const {
+        assert(square >= kFirstSquare && square <= kLastSquare);
         auto bit = static_cast<std::uint32_t>(square - kFirstSquare);
         return (Words[bit / 64] >> (bit % 64) & 1u) != 0;
     }
@@ -31,11 +34,13 @@ struct SquareSet {
 
     /// The lowest and the highest square; the set must not be empty.
     constexpr Long First() const {
+        assert(Any());
         Long word = Words[0] != 0 ? 0 : Words[1] != 0 ? 1 : 2;
         return kFirstSquare + 64 * word + std::countr_zero(Words[word]);
     }
 
     constexpr Long Last() const {
+        assert(Any());
         Long word = Words[2] != 0 ? 2 : Words[1] != 0 ? 1 : 0;
         return kFirstSquare + 64 * word + 63 - std::countl_zero(Words[word]);
     }
@@ -74,6 +79,7 @@ struct SquareSet {
 
     /// Every square moved by a step of -63 to 63, not 0; what leaves the bits is dropped.
     constexpr SquareSet Shifted(Long step) const {
+        assert(step != 0 && step > -64 && step < 64);
         if (step > 0) {
             auto up = static_cast<unsigned>(step);
             return {{Words[0] << up, Words[1] << up | Words[0] >> (64 - up), Words[2] << up | Words[1] >> (64 - up)}};

@@ -6,6 +6,7 @@
 #include "support/positions.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace tavlon12::support {
@@ -48,6 +49,16 @@ inline RootImage ImageOf(const Position& position) {
     const GameTree& tree = position.Tree;
     return {position.Board,      tree.Ply,           tree.TreeIndex,     tree.SideToMove,     tree.PlyValue[0],
             tree.PlyMaterial[0], tree.WhiteOffBoard, tree.BlackOffBoard, tree.PlyFirstMove[0]};
+}
+
+/// White's king on a1 can jump nearly all of Black's men in one walk, more than a move holds, once a man has
+/// moved.
+inline std::unique_ptr<Position> WalkTooLongInLookahead() {
+    std::string placement = "W: Ka1 e1; B:";
+    for (char column : {'b', 'd', 'f', 'h', 'j'}) {
+        for (char rank : {'2', '4', '6', '8', '0'}) placement.append(" ").append({column, rank});
+    }
+    return MakePosition(RulesWith("LongKings=0 | MaxCapMove=0"), placement, kBlack);
 }
 
 } // namespace tavlon12::support

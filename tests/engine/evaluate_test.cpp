@@ -1,10 +1,12 @@
 #include "engine/evaluate.h"
 
 #include "engine/engine_support.h"
+#include "engine/fast_evaluate.h"
 
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <set>
 
 namespace tavlon12 {
 namespace {
@@ -107,18 +109,20 @@ INSTANTIATE_TEST_SUITE_P(
         TermRow{"no line from a sideways step on", "PiecesOnBlack=2 | PromoW=BB | PromoB=A1 | BlackManMovement=W;NW W",
                 "W: c3; B: j0", kBackRank, 0, 0, 6}));
 
-TEST(Evaluate, SumsKeptBetweenMovesAreThoseOfTheBoard) {
-    Random random(22);
-    for (Long game = 0; game < 400; ++game) {
-        Engine engine(MakePosition(RandomRules(random), ""));
-        PlacePiecesAtRandom(*engine.Pos, random);
-        PlayAtRandom(*engine.Pos, 12, random);
-        auto counted = std::make_unique<Position>(*engine.Pos);
-        RecountPieces(*counted);
-        Long side = engine.Pos->Tree.SideToMove;
-        ASSERT_EQ(Evaluate(*engine.Pos, *engine.State, -kWin, kWin, side),
-                  Evaluate(*counted, *engine.State, -kWin, kWin, side))
-            << DescribePosition(*engine.Pos);
+TEST(Evaluate, NoiseStaysWithinItsRange) {
+    for (bool family : {false, true}) {
+        Engine engine(StartPosition(RuleSet()));
+        if (family) AdoptFamily(*engine.Pos, engine.State->Tables, Family::German);
+        auto value = [&] {
+            return family ? EvaluateFamily(Family::German, *engine.Pos, *engine.State, -kWin, kWin, kWhite)
+                          : Evaluate(*engine.Pos, *engine.State, -kWin, kWin, kWhite);
+        };
+        const Long exact = value();
+        EXPECT_EQ(value(), exact);
+        engine.State->NoiseRange = 5;
+        std::set<Long> seen;
+        for (Long i = 0; i < 2000; ++i) seen.insert(value() - exact);
+        EXPECT_EQ(seen, (std::set<Long>{-4, -3, -2, -1, 0, 1, 2, 3, 4}));
     }
 }
 

@@ -168,8 +168,7 @@ TEST(RootSearch, CancelKeepsTheBestSoFar) {
         };
         Long score = thinking.Think(3);
         ASSERT_EQ(ImageOf(*thinking.Pos), image) << stopAt;
-        ASSERT_TRUE(thinking.State->SearchAborted || thinking.Pos->StopFlag == kStopCancel) << stopAt;
-        if (!thinking.State->SearchAborted) continue;
+        ASSERT_TRUE(thinking.State->SearchAborted) << stopAt;
         ASSERT_EQ(thinking.Pos->StopFlag, 0);
         ASSERT_EQ(thinking.State->RepeatCount, 0);
         ASSERT_GE(thinking.Finished.size(), 1u) << "a cancel waits for the first iteration";
@@ -190,15 +189,6 @@ TEST(RootSearch, TheEndOfTheProgramWaitsForNothing) {
     EXPECT_EQ(thinking.State->NodeCount, 1u);
 }
 
-/// White's king on a1 can jump nearly all of Black's men in one walk, more than a move holds, once a man has moved.
-std::unique_ptr<Position> WalkTooLongInLookahead() {
-    std::string placement = "W: Ka1 e1; B:";
-    for (char column : {'b', 'd', 'f', 'h', 'j'}) {
-        for (char rank : {'2', '4', '6', '8', '0'}) placement.append(" ").append({column, rank});
-    }
-    return MakePosition(RulesWith("LongKings=0 | MaxCapMove=0"), placement, kBlack);
-}
-
 TEST(RootSearch, ALimitPassedInLookaheadEndsTheSearchAlone) {
     Thinking thinking{Engine(WalkTooLongInLookahead())};
     const RootImage before = ImageOf(*thinking.Pos);
@@ -210,6 +200,41 @@ TEST(RootSearch, ALimitPassedInLookaheadEndsTheSearchAlone) {
     EXPECT_EQ(ImageOf(*thinking.Pos), before);
     EXPECT_LT(thinking.Finished.size(), 5u);
     EXPECT_GT(GenerateLegalMoves(*thinking.Pos), 0);
+}
+
+TEST(RootSearch, ACancelStaysACancelWhateverEndsTheSearch) {
+    Thinking late("", "W: c3 e3 g3 d2 f2; B: f6 h8 j0 e7 g7");
+    late.Input.StopsByTime = true;
+    late.Input.TimeLimit = 1;
+    Thinking limited{Engine(WalkTooLongInLookahead())};
+    for (Thinking* thinking : {&late, &limited}) {
+        thinking->State->Yield = [thinking] {
+            if (thinking->State->NodeCount == 1) thinking->Pos->StopFlag = kStopCancel;
+            thinking->Now = 1;
+        };
+        thinking->Think(5);
+        EXPECT_TRUE(thinking->Finished.empty());
+        EXPECT_TRUE(thinking->State->SearchAborted);
+        EXPECT_EQ(thinking->Pos->StopFlag, 0) << "nothing is left for the next search";
+    }
+}
+
+TEST(ScoreUserMove, LooksAsDeepAsTheRulesSay) {
+    struct Row {
+        const char* Changed;
+        SearchMember Member;
+        Long Depth;
+    };
+    for (const Row& row : {Row{"", SearchMember::ScoreGerman, 1}, Row{"MaxCapMove=0", SearchMember::ScoreGeneral, 3},
+                           Row{"PiecesOnBlack=2", SearchMember::ScoreGeneralAllSquares, 2}}) {
+        Engine engine(StartPosition(RulesWith(row.Changed)));
+        const Family family = RecognizeVariantFamily(engine.Pos->Rules, engine.Pos->InitialBoard);
+        AdoptFamily(*engine.Pos, engine.State->Tables, family);
+        const Long score = ScoreUserMove(*engine.Pos, *engine.State);
+        const std::uint64_t nodes = std::exchange(engine.State->NodeCount, 0);
+        EXPECT_EQ(score, -RunSearch(row.Member, *engine.Pos, *engine.State, -kWin, kWin, row.Depth)) << row.Changed;
+        EXPECT_EQ(nodes, engine.State->NodeCount) << row.Changed;
+    }
 }
 
 TEST(ScoreUserMove, AStopGivesTheStaticScore) {

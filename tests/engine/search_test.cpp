@@ -76,16 +76,8 @@ TEST(Search, WithoutCutOffsItIsPlainMinimax) {
 }
 
 TEST(Search, APassedLimitOfTheGeneratorUnwindsAtOnce) {
-    // The king can jump nearly all of these men in one walk, more than a move holds, once Black has made room for it.
-    std::string placement = "W: Kb1 e1; B:";
-    for (char column : {'b', 'd', 'f', 'h', 'j'}) {
-        for (char rank : {'2', '4', '6', '8', '0'}) placement.append(" ").append({column, rank});
-    }
     for (SearchMember member : {SearchMember::SearchGeneral, SearchMember::ScoreGeneral}) {
-        Engine engine("LongKings=0 | MaxCapMove=0", placement);
-        engine.Pos->Board[SquareOf("a1")] = std::exchange(engine.Pos->Board[SquareOf("b1")], kEmpty);
-        RecountPieces(*engine.Pos);
-        engine.Pos->Tree.SideToMove = kBlack;
+        Engine engine(WalkTooLongInLookahead());
         RootImage before = ImageOf(*engine.Pos);
         RunSearch(member, *engine.Pos, *engine.State, -kWin, kWin, 3);
         EXPECT_TRUE(engine.Pos->Fault.Passed());

@@ -62,17 +62,6 @@ TEST(Batch, RefusesAVeryLongLineAndReadsTheNext) {
     EXPECT_EQ(output, "error the line has more than 1000000 bytes\n.\nperft 1 11\n.\n");
 }
 
-TEST(Batch, SurvivesNoise) {
-    std::mt19937 random(1);
-    for (int round = 0; round < 50; ++round) {
-        std::string input;
-        for (int i = 0; i < 2000; ++i) input += static_cast<char>(random() % 256);
-        std::ptrdiff_t lines = std::count(input.begin(), input.end(), '\n') + (input.back() == '\n' ? 0 : 1);
-        std::vector<std::string> output = LinesOf(RunLine("batch", input).Output);
-        EXPECT_EQ(std::count(output.begin(), output.end(), "."), lines);
-    }
-}
-
 /// Lines that would leave something behind, did a line not start as a process does: margins that grow, killers, best
 /// lines, rules, a custom start, a passed limit, a full list, a game record.
 std::vector<std::string> DiverseLines() {

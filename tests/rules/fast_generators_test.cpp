@@ -12,22 +12,6 @@
 namespace tavlon12::support {
 namespace {
 
-struct FamilyRow {
-    Family Member;
-    const char* Changed;
-};
-
-constexpr const char* kAmerican =
-    "MaxCapMove=0 | WhiteManMovement=NW;NE NW;NE | BlackManMovement=NW;NE NW;NE | LongKings=0 | "
-    "ManContJump=0 | RemovePieces=0 | BlackStarts=1";
-constexpr const char* kItalian = "MaxCapMoveKings=1 | KingCapMove=1 | ManCapKing=0 | WhiteManMovement=NW;NE NW;NE | "
-                                 "BlackManMovement=NW;NE NW;NE | LongKings=0 | ManContJump=0 | RemovePieces=0 | "
-                                 "PiecesOnBlack=0 | PromoW=AbCbEbGbIbKb | PromoB=B1D1F1H1J1L1";
-constexpr const char* kRussian = "MaxCapMove=0 | ManContJumpCrowned=1 | ThreeKings=1 | NumberKings=15";
-
-constexpr FamilyRow kFamilies[] = {
-    {Family::American, kAmerican}, {Family::Italian, kItalian}, {Family::German, ""}, {Family::Russian, kRussian}};
-
 std::vector<std::string> Moves(const Position& position) {
     std::vector<std::string> moves;
     const GameTree& tree = position.Tree;
@@ -51,23 +35,23 @@ void DropMenBesideKings(Position& position) {
     tree.NextMoveSlot = static_cast<Long>(std::remove_if(first, last, captures(kMan)) - position.Moves.begin());
 }
 
-class FamilyGenerator : public testing::TestWithParam<FamilyRow> {};
+class FamilyGenerator : public testing::TestWithParam<Family> {};
 
 TEST_P(FamilyGenerator, GivesTheMovesOfTheGeneralOne) {
-    const FamilyRow& row = GetParam();
-    Random random(static_cast<std::uint64_t>(row.Member));
+    const Family family = GetParam();
+    Random random(static_cast<std::uint64_t>(family));
     Long compared = 0;
     Long kings = 0;
     while (compared < Scaled(100000)) {
-        auto position = StartPosition(RulesWith(row.Changed));
+        auto position = StartPosition(RulesOfFamily(family));
         while (PlayAtRandom(*position, 1, random) == 1 && position->Tree.TreeIndex < 400) {
             for (Long mode : {0, 1}) {
                 GenerateMoves(*position, mode);
-                if (row.Member == Family::Italian) DropMenBesideKings(*position);
+                if (family == Family::Italian) DropMenBesideKings(*position);
                 std::vector<std::string> expected = Moves(*position);
-                GenerateFamilyMoves(row.Member, *position, mode);
+                GenerateFamilyMoves(family, *position, mode);
                 std::vector<std::string> fast = Moves(*position);
-                if (row.Member == Family::American) { // square by square instead of captures last
+                if (family == Family::American) { // square by square instead of captures last
                     auto begin = position->Moves.begin();
                     ASSERT_TRUE(
                         std::is_sorted(begin, begin + position->Tree.NextMoveSlot,
@@ -87,11 +71,9 @@ TEST_P(FamilyGenerator, GivesTheMovesOfTheGeneralOne) {
 INSTANTIATE_TEST_SUITE_P(All, FamilyGenerator, testing::ValuesIn(kFamilies));
 
 TEST(RecognizeVariantFamily, KnowsTheFourSetsAndNoOther) {
-    for (const FamilyRow& row : kFamilies) {
-        const RuleSet rules = RulesWith(row.Changed);
-        EXPECT_EQ(FamilyOfRules(rules), row.Member);
-        EXPECT_EQ(RecognizeVariantFamily(rules, ClassicStart()), row.Member);
-        EXPECT_EQ(RecognizeVariantFamily(rules, EmptyBoard()), Family::None);
+    for (Family family : kFamilies) {
+        EXPECT_EQ(RecognizeVariantFamily(RulesOfFamily(family), ClassicStart()), family);
+        EXPECT_EQ(RecognizeVariantFamily(RulesOfFamily(family), EmptyBoard()), Family::None);
     }
     for (const char* changed :
          {"MulJumps=0", "CapRequired=0", "MaxCapMoveK=0", "AntiMode=1", "NumberMen=1", "NumberFriends=-1",

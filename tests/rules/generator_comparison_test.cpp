@@ -1,10 +1,7 @@
-#include "rules/generate_moves.h"
-#include "rules/make_move.h"
 #include "support/comparison.h"
 #include "support/positions.h"
 #include "support/reference_generator.h"
 
-#include <cctype>
 #include <gtest/gtest.h>
 
 namespace tavlon12 {
@@ -52,20 +49,6 @@ void CompareRandomGame(const RuleSet& rules, Long halfMoves, Random& random, Tal
     }
 }
 
-/// Leaves under moves that are legal, every slot of the list counted.
-Long Perft(Position& position, Long depth) {
-    Long count = GenerateLegalMoves(position);
-    if (depth == 1) return count;
-    Long leaves = 0;
-    Long first = position.Tree.PlyFirstMove[position.Tree.Ply];
-    for (Long slot = first; slot < first + count; ++slot) {
-        PerformMove(position, slot);
-        leaves += Perft(position, depth - 1);
-        TakeBackMove(position, slot);
-    }
-    return leaves;
-}
-
 TEST(GeneratorComparison, RandomRulesOnRandomPositions) {
     Tally tally;
     for (Long seed = 1; seed <= Scaled(900) && !HasFailure(); ++seed) {
@@ -94,21 +77,7 @@ TEST_P(NamedRulesTest, PositionsAndGames) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Games, NamedRulesTest, ::testing::ValuesIn(NamedRuleSets().begin(), NamedRuleSets().end()),
-                         [](const auto& row) {
-                             std::string name;
-                             for (char c : row.param.Name) {
-                                 if (std::isalnum(static_cast<unsigned char>(c)) != 0) name += c;
-                             }
-                             return name;
-                         });
-
-// The counts for Canadian draughts as published.
-TEST(Perft, DefaultStart) {
-    auto position = StartPosition(RuleSet());
-    const Long published[] = {11, 121, 1222, 10053, 79049, 584100, 4369366};
-    for (Long depth = 1; depth <= (Scaled(10) == 10 ? 7 : 6); ++depth)
-        EXPECT_EQ(Perft(*position, depth), published[depth - 1]) << "depth " << depth;
-}
+                         [](const auto& row) { return TestName(row.param.Name); });
 
 } // namespace
 

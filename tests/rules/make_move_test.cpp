@@ -16,12 +16,13 @@ using namespace support;
 struct Snapshot {
     BoardCells Board;
     BoardCells InitialBoard;
+    tavlon12::Sums Sums;
     GameTree Tree;
     RuleSet Rules;
 };
 
 Snapshot SnapshotOf(const Position& position) {
-    return {position.Board, position.InitialBoard, position.Tree, position.Rules};
+    return {position.Board, position.InitialBoard, position.Sums, position.Tree, position.Rules};
 }
 
 /// Entries above the current ply and half-move are stale and play no part.
@@ -35,6 +36,7 @@ void ExpectSame(const Position& position, const Snapshot& before) {
     EXPECT_EQ(PlacementOf(position.Board), PlacementOf(before.Board));
     EXPECT_EQ(position.Board, before.Board);
     EXPECT_EQ(position.InitialBoard, before.InitialBoard);
+    EXPECT_TRUE(position.Sums == before.Sums);
     EXPECT_EQ(position.Rules, before.Rules);
     EXPECT_EQ(now.Ply, was.Ply);
     EXPECT_EQ(now.TreeIndex, was.TreeIndex);
@@ -76,6 +78,7 @@ void MakeAndCheck(Position& position, Long slot) {
     PerformMove(position, slot);
     const GameTree& tree = position.Tree;
     EXPECT_EQ(PlacementOf(position.Board), PlacementOf(expected.Board)) << "after " << text;
+    EXPECT_TRUE(SumsMatchBoard(position)) << "after " << text;
     EXPECT_EQ(tree.SideToMove, expected.SideToMove);
     EXPECT_EQ(tree.WhiteOffBoard, expected.OffBoard[0]);
     EXPECT_EQ(tree.BlackOffBoard, expected.OffBoard[1]);
@@ -87,6 +90,14 @@ void MakeAndCheck(Position& position, Long slot) {
         EXPECT_EQ(tree.PlyValue[tree.Ply], BalanceOf(position.Board, tree.SideToMove)) << "after " << text;
         EXPECT_EQ(tree.PlyMaterial[tree.Ply], MaterialOf(position.Board)) << "after " << text;
     }
+}
+
+/// Gives every piece on every square a worth of its own.
+void DrawTerms(Position& position, Random& random) {
+    for (auto& squares : position.TermsOfPieces) {
+        for (PieceTerms& terms : squares) terms = {Draw(random, 1000), Draw(random, 1000)};
+    }
+    RecountPieces(position);
 }
 
 /// Counts the board for the root, as a set-up of the classic start leaves a sum that is not the board's.
@@ -130,6 +141,7 @@ TEST(MakeMove, RandomGamesUnderRandomRules) {
         PlayAtRandom(*position, Draw(random, 40), random);
         if (position->Fault.Passed()) continue;
         CountRoot(*position);
+        DrawTerms(*position, random);
         DownAndUp(*position, 40, random);
     }
 }

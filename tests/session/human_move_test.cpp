@@ -218,13 +218,8 @@ TEST_P(EveryListLine, PlaysItsMoveInEachNotation) {
     }
 }
 
-std::string NameOfCase(const testing::TestParamInfo<support::NamedRules>& test) {
-    std::string name(test.param.Name);
-    std::erase_if(name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); });
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(RuleSets, EveryListLine, testing::ValuesIn(support::NamedRuleSets()), NameOfCase);
+INSTANTIATE_TEST_SUITE_P(RuleSets, EveryListLine, testing::ValuesIn(support::NamedRuleSets()),
+                         [](const auto& test) { return support::TestName(test.param.Name); });
 
 } // namespace
 } // namespace tavlon12

@@ -94,11 +94,8 @@ std::vector<NamedRules> Rules() {
     return rules;
 }
 
-INSTANTIATE_TEST_SUITE_P(RuleSets, SelfPlaySlow, testing::ValuesIn(Rules()), [](const auto& test) {
-    std::string name(test.param.Name);
-    std::erase_if(name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); });
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(RuleSets, SelfPlaySlow, testing::ValuesIn(Rules()),
+                         [](const auto& test) { return support::TestName(test.param.Name); });
 
 } // namespace
 } // namespace tavlon12

@@ -6,6 +6,7 @@
 #include "support/reference_generator.h"
 
 #include <algorithm>
+#include <cctype>
 #include <ostream>
 #include <stdexcept>
 #include <vector>
@@ -160,6 +161,12 @@ std::string DescribePosition(const Position& position) {
            (tree.SideToMove == kWhite ? "\nWhite" : "\nBlack") + " to move, off the board " +
            std::to_string(tree.WhiteOffBoard) + " and " + std::to_string(tree.BlackOffBoard) + ", ply " +
            std::to_string(tree.Ply) + ", last move to " + NameOf(tree.TreeTo[tree.TreeIndex]);
+}
+
+std::string TestName(std::string_view name) {
+    std::string kept(name);
+    std::erase_if(kept, [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; });
+    return kept;
 }
 
 void PrintTo(const NamedRules& rules, std::ostream* stream) {

@@ -54,6 +54,9 @@ struct NamedRules {
     std::string_view Changed; ///< for `RulesWith`
 };
 
+/// The letters and digits of a name: all that the name of a test may have.
+std::string TestName(std::string_view name);
+
 /// How a parameterised test shows a row.
 void PrintTo(const NamedRules& rules, std::ostream* stream);
 
