@@ -87,7 +87,7 @@ TEST(SaveAndLoadSlow, AGameComesBackWhateverItsRulesAndNotation) {
     const Format formats[] = {{"game.tvl", true, 0}, {"game.pdn", false, 0}, {"game.pdn", false, 1}};
     Random random(7);
     Long ended = 0;
-    for (Long round = 0; round < Scaled(1000) && !testing::Test::HasFailure(); ++round) {
+    for (Long round = 0; round < Scaled(400) && !testing::Test::HasFailure(); ++round) {
         RuleSet rules = RandomRules(random);
         const Long shift = rules.PiecesOnBlack == 0 ? 1 : 0; // numbers stand for the playing colour alone
         rules.PromoW = PromotionRow(184 - shift);

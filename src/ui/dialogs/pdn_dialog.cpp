@@ -1,0 +1,130 @@
+#include "ui/dialogs/pdn_dialog.h"
+
+#include "ui/shown_text.h"
+
+#include <QAbstractTableModel>
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSortFilterProxyModel>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace tavlon12 {
+
+namespace {
+
+constexpr const char* kColumns[] = {"Event", "Date",  "Black", "White",    "Result",
+                                    "Site",  "Setup", "Eco",   "BlackElo", "WhiteElo"};
+constexpr int kColumnWidths[] = {150, 80, 120, 120, 70, 110, 50, 50, 65, 65};
+
+/// The rows of the chooser as the toolkit asks for them.
+class GamesModel : public QAbstractTableModel {
+public:
+    explicit GamesModel(const PdnChooser& chooser) : Chooser(chooser) {}
+
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(Chooser.Rows.size());
+    }
+    int columnCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(std::size(kColumns));
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+        return Shown(Chooser.Rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())]);
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+        return QString::fromLatin1(kColumns[section]);
+    }
+
+private:
+    const PdnChooser& Chooser;
+};
+
+/// Sorts and narrows the rows. In the order of the file until a column is clicked.
+void Prepare(QSortFilterProxyModel& proxy, QAbstractItemModel& games) {
+    proxy.setSourceModel(&games);
+    proxy.setFilterKeyColumn(-1);
+    proxy.setFilterCaseSensitivity(Qt::CaseInsensitive);
+    proxy.setSortCaseSensitivity(Qt::CaseInsensitive);
+    proxy.setSortLocaleAware(true);
+}
+
+QTreeView* MakeList(QSortFilterProxyModel& proxy) {
+    auto* list = new QTreeView;
+    list->setObjectName(QStringLiteral("ListView1"));
+    list->setAccessibleName(QStringLiteral("Games"));
+    list->setModel(&proxy);
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    list->setAllColumnsShowFocus(true);
+    list->header()->setSortIndicator(-1, Qt::AscendingOrder);
+    list->setSortingEnabled(true);
+    for (int column = 0; column < static_cast<int>(std::size(kColumnWidths)); ++column) {
+        list->setColumnWidth(column, kColumnWidths[column]);
+    }
+    return list;
+}
+
+QComboBox* MakeVariants(const PdnChooser& chooser) {
+    auto* combo = new QComboBox;
+    combo->setObjectName(QStringLiteral("Combo1"));
+    combo->setToolTip(QStringLiteral("The rules by which the game is opened. DEFAULT: those that the game brings."));
+    for (const std::string& name : chooser.OpenAs) combo->addItem(Shown(name));
+    return combo;
+}
+
+} // namespace
+
+std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& chooser) {
+    QDialog dialog(parent);
+    dialog.setObjectName(QStringLiteral("dlgPDN"));
+    dialog.setWindowTitle(Shown(chooser.Title));
+    dialog.resize(860, 480);
+
+    GamesModel games(chooser);
+    QSortFilterProxyModel proxy;
+    Prepare(proxy, games);
+    QTreeView* list = MakeList(proxy);
+    QComboBox* variants = MakeVariants(chooser);
+    auto* find = new QLineEdit;
+    find->setObjectName(QStringLiteral("Find"));
+    find->setPlaceholderText(QStringLiteral("Type a name to find its games"));
+    find->setClearButtonEnabled(true);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+
+    auto* openAs = new QLabel(QStringLiteral("Open &as:"));
+    openAs->setBuddy(variants);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(openAs);
+    bottom->addWidget(variants);
+    bottom->addStretch();
+    bottom->addWidget(buttons);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(find);
+    layout->addWidget(list);
+    layout->addLayout(bottom);
+
+    const auto follow = [&] { buttons->button(QDialogButtonBox::Ok)->setEnabled(list->currentIndex().isValid()); };
+    const auto selectFirst = [&] { list->setCurrentIndex(proxy.index(0, 0)); };
+    QObject::connect(find, &QLineEdit::textChanged, &dialog, [&](const QString& text) {
+        proxy.setFilterFixedString(text);
+        if (!list->currentIndex().isValid()) selectFirst();
+        follow();
+    });
+    QObject::connect(list->selectionModel(), &QItemSelectionModel::currentChanged, &dialog, follow);
+    QObject::connect(list, &QTreeView::doubleClicked, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    selectFirst();
+    follow();
+    if (dialog.exec() != QDialog::Accepted || !list->currentIndex().isValid()) return std::nullopt;
+    return PdnChoice{proxy.mapToSource(list->currentIndex()).row() + 1, variants->currentIndex()};
+}
+
+} // namespace tavlon12
