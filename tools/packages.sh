@@ -8,7 +8,7 @@ build_dir=$root/build/release
 # Names of Debian and Ubuntu. Of alternatives, "a|b", the first that the release has is taken: before Qt 6.4.1 the
 # headers of Qt Svg came as libqt6svg6-dev. Of Qt Svg only the library is used, not its plugins, which have packages of
 # their own since Debian 13.
-build_packages=(g++ cmake ninja-build)
+build_packages=(g++ cmake ninja-build make) # GCC optimises across files in parallel by make
 window_packages=(qt6-base-dev "qt6-svg-dev|libqt6svg6-dev")
 test_packages=(libgtest-dev)
 display_packages=(xvfb xdotool imagemagick)

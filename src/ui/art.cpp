@@ -13,6 +13,18 @@ namespace tavlon12 {
 
 namespace {
 
+/// As the style greys pictures, and as pale as the texts of disabled controls.
+QPixmap Greyed(const QPixmap& picture) {
+    QStyleOption option;
+    option.palette = QApplication::palette();
+    QPixmap grey = QApplication::style()->generatedIconPixmap(QIcon::Disabled, picture, &option);
+    QPainter painter(&grey);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.fillRect(grey.rect(), QColor(0, 0, 0, 180));
+    painter.end();
+    return grey;
+}
+
 class ArtEngine : public QIconEngine {
 public:
     explicit ArtEngine(std::shared_ptr<QSvgRenderer> drawing) : Drawing(std::move(drawing)) {}
@@ -26,10 +38,7 @@ public:
         painter.setRenderHint(QPainter::Antialiasing);
         Drawing->render(&painter);
         painter.end();
-        if (mode != QIcon::Disabled) return picture;
-        QStyleOption option;
-        option.palette = QApplication::palette();
-        return QApplication::style()->generatedIconPixmap(mode, picture, &option);
+        return mode == QIcon::Disabled ? Greyed(picture) : picture;
     }
 
     void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override {
