@@ -1,15 +1,13 @@
 #!/usr/bin/env python3
-"""Draws the vector art of Tavlon12 into data/art: the two built-in piece sets, the toolbar images, the application
-icon and the emblem of the window, with the resource list art.qrc.
+"""Draws the two built-in sets of pieces and squares into data/art. The toolbar's images, the icon and the emblem there
+are edited by hand.
 
-The output depends on nothing but this file, so a second run writes the same bytes. The drawings keep to what Qt's SVG
-renderer does exactly: paths, gradients, transforms and opacity of single shapes. They use no filters, masks, clips,
-style sheets or text.
+The output depends on nothing but this file, so a second run writes the same bytes; a test compares them. The drawings
+keep to what Qt's SVG renderer does exactly: paths, gradients, transforms and opacity of single shapes.
 
 Usage: tools/make_art.py [target folder]
 """
 
-import math
 import random
 import sys
 from dataclasses import dataclass
@@ -27,13 +25,11 @@ def num(value):
 
 
 def tag(name, content=None, **attributes):
-    """One element. Underscores in attribute names stand for hyphens; numbers are written short; None is left out."""
+    """One element. Underscores in attribute names are written as hyphens; numbers are written short."""
     parts = [name]
     for key, value in attributes.items():
-        if value is None:
-            continue
         text = num(value) if isinstance(value, (int, float)) else value
-        parts.append(f"{key.rstrip('_').replace('_', '-')}={quoteattr(text)}")
+        parts.append(f"{key.replace('_', '-')}={quoteattr(text)}")
     head = " ".join(parts)
     return f"<{head}/>" if content is None else f"<{head}>{content}</{name}>"
 
@@ -46,16 +42,14 @@ def path(d, **attributes):
     return tag("path", d=d, **attributes)
 
 
-def group(content, transform):
-    return tag("g", "\n" + "\n".join(content) + "\n", transform=transform)
+def polygon(*points, **attributes):
+    return path("M" + " L".join(f"{num(x)},{num(y)}" for x, y in points) + " Z", **attributes)
 
 
 class Drawing:
-    """Collects the shapes and gradients of one file."""
+    """Collects the shapes and gradients of one square, 100 units wide and high."""
 
-    def __init__(self, width, height):
-        self.width = width
-        self.height = height
+    def __init__(self):
         self.gradients = []
         self.shapes = []
 
@@ -64,10 +58,7 @@ class Drawing:
 
     def _gradient(self, kind, stops, **attributes):
         name = f"g{len(self.gradients) + 1}"
-        inner = "".join(
-            tag("stop", offset=stop[0], stop_color=stop[1], stop_opacity=stop[2] if len(stop) > 2 else None)
-            for stop in stops
-        )
+        inner = "".join(tag("stop", **dict(zip(("offset", "stop_color", "stop_opacity"), stop))) for stop in stops)
         self.gradients.append(tag(kind, inner, id=name, gradientUnits="userSpaceOnUse", **attributes))
         return f"url(#{name})"
 
@@ -76,13 +67,12 @@ class Drawing:
         return self._gradient("linearGradient", stops, x1=start[0], y1=start[1], x2=end[0], y2=end[1])
 
     def radial(self, centre, radius, *stops):
-        return self._gradient(
-            "radialGradient", stops, cx=centre[0], cy=centre[1], r=radius, fx=centre[0], fy=centre[1]
-        )
+        cx, cy = centre
+        return self._gradient("radialGradient", stops, cx=cx, cy=cy, r=radius, fx=cx, fy=cy)
 
     def text(self):
         head = '<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny" '
-        head += f'width="{self.width}" height="{self.height}" viewBox="0 0 {self.width} {self.height}">'
+        head += 'width="100" height="100" viewBox="0 0 100 100">'
         defs = [tag("defs", "\n" + "\n".join(self.gradients) + "\n")] if self.gradients else []
         return "\n".join([head, *defs, *self.shapes, "</svg>"]) + "\n"
 
@@ -158,46 +148,44 @@ RICH = Turning(
 )  # fmt: skip
 
 
-def crown_shapes(drawing, material, width, outline, fine):
+def crown_shapes(drawing, material, turning):
     """A crown centred on the origin."""
-    unit = width / 50
-    at = lambda x, y: f"{num(x * unit)},{num(y * unit)}"  # noqa: E731
+    unit = turning.crown * turning.radius / 50
     gold = drawing.linear((0, -20 * unit), (0, 20 * unit), (0, material.crown_lit), (1, material.crown))
-    look = dict(fill=gold, stroke=material.crown_outline, stroke_width=outline, stroke_linejoin="round")
-    points = [(-19, 9), (-23, -11), (-10.5, -1), (0, -18), (10.5, -1), (23, -11), (19, 9)]
-    shapes = [path("M" + " L".join(at(x, y) for x, y in points) + " Z", **look)]
-    shapes += [circle(3.6 * unit, x * unit, y * unit, **look) for x, y in ((-23, -12), (0, -19), (23, -12))]
-    band = f"M{at(-19.5, 10)} L{at(19.5, 10)} L{at(19.5, 19)} L{at(-19.5, 19)} Z"
-    shapes.append(path(band, **look))
-    if fine:
-        shapes += [
-            circle(2.1 * unit, x * unit, 14.5 * unit, fill=colour)
-            for x, colour in ((-10, "#fff6d8"), (0, "#b3261e"), (10, "#fff6d8"))
-        ]
+    look = dict(fill=gold, stroke=material.crown_outline, stroke_width=turning.outline, stroke_linejoin="round")
+    at = lambda *points: [(x * unit, y * unit) for x, y in points]  # noqa: E731
+    shapes = [polygon(*at((-19, 9), (-23, -11), (-10.5, -1), (0, -18), (10.5, -1), (23, -11), (19, 9)), **look)]
+    shapes += [circle(3.6 * unit, x, y, **look) for x, y in at((-23, -12), (0, -19), (23, -12))]
+    shapes.append(polygon(*at((-19.5, 10), (19.5, 10), (19.5, 19), (-19.5, 19)), **look))
+    if turning.fine:
+        jewels = zip(at((-10, 14.5), (0, 14.5), (10, 14.5)), ("#fff6d8", "#b3261e", "#fff6d8"))
+        shapes += [circle(2.1 * unit, x, y, fill=colour) for (x, y), colour in jewels]
     return shapes
 
 
-def disc_side(drawing, material, cx, cy, rx, ry, height, outline):
-    """The wall of a disc whose face is the ellipse round (cx, cy)."""
+def disc_side(drawing, material, turning, cy):
+    """The wall of a disc whose face is the circle round (50, cy)."""
+    r, left, right = turning.radius, 50 - turning.radius, 50 + turning.radius
     wall = drawing.linear(
-        (cx - rx, 0), (cx + rx, 0),
+        (left, 0), (right, 0),
         (0, material.side), (0.28, material.side_lit), (0.6, material.shade), (1, material.side),
     )  # fmt: skip
-    arc = f"A{num(rx)},{num(ry)} 0 0 0 "
-    d = f"M{num(cx - rx)},{num(cy)} V{num(cy + height)} {arc}{num(cx + rx)},{num(cy + height)} "
-    d += f"V{num(cy)} {arc}{num(cx - rx)},{num(cy)} Z"
-    return path(d, fill=wall, stroke=material.outline, stroke_width=outline, stroke_linejoin="round")
+    arc = f"A{num(r)},{num(r)} 0 0 0 "
+    d = f"M{num(left)},{num(cy)} V{num(cy + turning.height)} {arc}{num(right)},{num(cy + turning.height)} "
+    d += f"V{num(cy)} {arc}{num(left)},{num(cy)} Z"
+    return path(d, fill=wall, stroke=material.outline, stroke_width=turning.outline, stroke_linejoin="round")
 
 
-def disc_edge(drawing, material, cx, cy, rx, ry, turning):
+def disc_edge(drawing, material, turning, cy):
     """The light on the upper edge of the lower disc, which parts the two discs of a king."""
+    r, left, right = turning.radius, 50 - turning.radius, 50 + turning.radius
     width = 0.6 * turning.rim
     top = cy + (turning.outline + width) / 2
     shine = drawing.linear(
-        (cx - rx, 0), (cx + rx, 0),
+        (left, 0), (right, 0),
         (0, material.rim, 0), (0.3, material.rim, 0.9), (0.7, material.rim, 0.7), (1, material.rim, 0),
     )  # fmt: skip
-    d = f"M{num(cx - rx)},{num(top)} A{num(rx)},{num(ry)} 0 0 0 {num(cx + rx)},{num(top)}"
+    d = f"M{num(left)},{num(top)} A{num(r)},{num(r)} 0 0 0 {num(right)},{num(top)}"
     return path(d, fill="none", stroke=shine, stroke_width=width)
 
 
@@ -227,35 +215,27 @@ def face_shapes(drawing, material, turning, king):
         glow = drawing.radial((-0.36 * r, -0.46 * r), 0.6 * r, (0, "#ffffff", material.sheen), (1, "#ffffff", 0))
         shapes.append(circle(0.6 * r, -0.36 * r, -0.46 * r, fill=glow))
     if king:
-        shapes += crown_shapes(drawing, material, turning.crown * r, turning.outline, turning.fine)
+        shapes += crown_shapes(drawing, material, turning)
     return shapes
-
-
-def add_piece(drawing, material, turning, king, cx, cy, tilt=1.0):
-    """Adds a piece whose lowest face lies round (cx, cy); tilt is the height of a circle's picture to its width."""
-    r, h = turning.radius, turning.height
-    levels = 2 if king else 1
-    for level in range(levels):
-        drawing.add(disc_side(drawing, material, cx, cy - (level + 1) * h, r, r * tilt, h, turning.outline))
-    if king:
-        drawing.add(disc_edge(drawing, material, cx, cy - h, r, r * tilt, turning))
-    scale = "" if tilt == 1 else f" scale(1 {num(tilt)})"
-    face = face_shapes(drawing, material, turning, king)
-    drawing.add(group(face, f"translate({num(cx)} {num(cy - levels * h)}){scale}"))
 
 
 def piece(material, turning, king):
     """A board image of a piece on a transparent ground."""
-    drawing = Drawing(100, 100)
+    drawing = Drawing()
+    h = turning.height
     levels = 2 if king else 1
-    ground = 50 + levels * turning.height / 2
+    ground = 50 + levels * h / 2
     # The shadow has faded out before the edge of the square, or neighbours would show where it is cut off.
     reach = min(48.5, 99.5 - ground - 1)
     dark = drawing.radial(
         (51, ground + 1), reach, (0, "#000000", 0.6), (0.8, "#000000", 0.5), (0.9, "#000000", 0.2), (1, "#000000", 0)
     )
     drawing.add(circle(reach, 51, ground + 1, fill=dark))
-    add_piece(drawing, material, turning, king, 50, ground)
+    drawing.add(*(disc_side(drawing, material, turning, ground - level * h) for level in range(1, levels + 1)))
+    if king:
+        drawing.add(disc_edge(drawing, material, turning, ground - h))
+    face = "\n".join(["", *face_shapes(drawing, material, turning, king), ""])
+    drawing.add(tag("g", face, transform=f"translate(50 {num(ground - levels * h)})"))
     return drawing
 
 
@@ -264,7 +244,7 @@ def piece(material, turning, king):
 
 def wood_square(base, streak, light, strength, seed):
     """A plank cut across the square, with broad soft streaks of grain that run on past both edges."""
-    drawing = Drawing(100, 100)
+    drawing = Drawing()
     drawing.add(tag("rect", x=-20, y=-20, width=140, height=140, fill=base))
     chance = random.Random(seed)
     x = -14.0
@@ -284,7 +264,7 @@ def wood_square(base, streak, light, strength, seed):
 
 def stone_square(base, vein, light, seed):
     """Polished stone: two or three faint clouds and veins."""
-    drawing = Drawing(100, 100)
+    drawing = Drawing()
     drawing.add(tag("rect", x=-20, y=-20, width=140, height=140, fill=base))
     chance = random.Random(seed)
     for index in range(4):
@@ -301,248 +281,22 @@ def stone_square(base, vein, light, seed):
     return drawing
 
 
-# --- Toolbar ---------------------------------------------------------------------------------------------------------
-
-INK = "#34414e"
-AMBER = "#e5a233"
-CREAM = "#fffaf0"
-WEIGHT = 1.7
-
-
-def outlined(d, fill="none", **attributes):
-    attributes = {"stroke": INK, "stroke_width": WEIGHT, **attributes}
-    return path(d, fill=fill, stroke_linecap="round", stroke_linejoin="round", **attributes)
-
-
-def dot(x, y, radius, fill, **attributes):
-    return circle(radius, x, y, fill=fill, stroke=INK, stroke_width=WEIGHT, **attributes)
-
-
-def box(x, y, width, height, radius, fill):
-    return tag("rect", x=x, y=y, width=width, height=height, rx=radius, ry=radius, fill=fill, stroke=INK,
-               stroke_width=WEIGHT, stroke_linejoin="round")  # fmt: skip
-
-
-def small_board(x, y, edge, rows):
-    """A board of so many rows, light in its upper left corner."""
-    cell = edge / rows
-    squares = [
-        tag("rect", x=x + column * cell, y=y + row * cell, width=cell, height=cell, fill=INK)
-        for row in range(rows)
-        for column in range(rows)
-        if (row + column) % 2 == 1
-    ]
-    return [tag("rect", x=x, y=y, width=edge, height=edge, fill=CREAM), *squares, box(x, y, edge, edge, 1.2, "none")]
-
-
-def plus_badge(x, y):
-    # The pale ring keeps the badge apart from whatever lies under it.
-    return [
-        circle(5.6, x, y, fill=CREAM),
-        circle(4.7, x, y, fill=AMBER),
-        outlined(f"M{num(x - 2.4)},{num(y)} H{num(x + 2.4)} M{num(x)},{num(y - 2.4)} V{num(y + 2.4)}"),
-    ]
-
-
-def person(x, fill):
-    return [
-        outlined(f"M{num(x - 4)},18.8 V17.2 C{num(x - 4)},11.5 {num(x + 4)},11.5 {num(x + 4)},17.2 V18.8 Z", fill),
-        dot(x, 7.2, 2.9, fill),
-    ]
-
-
-def computer(x, fill):
-    return [
-        outlined(f"M{num(x)},14.5 V18.8 M{num(x - 2.7)},18.8 H{num(x + 2.7)}"),
-        box(x - 4.7, 6, 9.4, 8.2, 1.2, fill),
-    ]
-
-
-def triangle(tip, base):
-    return outlined(f"M{num(base)},5.5 L{num(tip)},12 L{num(base)},18.5 Z", AMBER)
-
-
-def arc_arrow(cx, cy, radius, start, end):
-    """An arc from one angle to the other, in degrees clockwise from the right, with an arrow head at its end."""
-    at = lambda degrees, r: (  # noqa: E731
-        cx + r * math.cos(math.radians(degrees)),
-        cy + r * math.sin(math.radians(degrees)),
-    )
-    (x1, y1), (x2, y2) = at(start, radius), at(end, radius)
-    inner, outer = at(end - 24, radius - 3.2), at(end - 24, radius + 3.2)
-    arc = f"M{num(x1)},{num(y1)} A{num(radius)},{num(radius)} 0 0 1 {num(x2)},{num(y2)} "
-    head = f"M{num(inner[0])},{num(inner[1])} L{num(x2)},{num(y2)} L{num(outer[0])},{num(outer[1])}"
-    return outlined(arc + head)
-
-
-TOOLBAR = {
-    "new_game": [*small_board(2.6, 2.6, 15.6, 3), *plus_badge(17.8, 17.8)],
-    "new_variant": [
-        outlined("M5,2.4 H13 L17.6,7 V20 C17.6,20.9 17,21.5 16.1,21.5 H5 C4.1,21.5 3.5,20.9 3.5,20 V3.9 "
-                 "C3.5,3 4.1,2.4 5,2.4 Z", CREAM),
-        outlined("M13,2.6 V7 H17.4", AMBER),
-        outlined("M7,11 H12.5 M7,14.5 H10.5 M7,18 H9.5"),
-        *plus_badge(17.8, 17.8),
-    ],
-    "open": [
-        outlined("M2.6,18.5 V6 C2.6,5.2 3.2,4.6 4,4.6 H8.6 L11,7.4 H17.6 C18.4,7.4 19,8 19,8.8 V10.6", CREAM),
-        outlined("M2.7,18.9 L5.8,11.4 C6,10.9 6.5,10.6 7,10.6 H21.4 L18.3,18.3 C18.1,19 17.6,19.4 16.9,19.4 H3.2 Z",
-                 AMBER),
-    ],
-    "save": [
-        outlined("M3.2,4.6 C3.2,3.8 3.8,3.2 4.6,3.2 H16.8 L20.8,7.2 V19.4 C20.8,20.2 20.2,20.8 19.4,20.8 H4.6 "
-                 "C3.8,20.8 3.2,20.2 3.2,19.4 Z", AMBER),
-        outlined("M7.4,3.4 V8.6 H15.4 V3.4", CREAM),
-        outlined("M6.8,20.6 V13.2 H17.2 V20.6", CREAM),
-    ],
-    "compute": [
-        outlined("M8.5,2.6 V5 M12,2.6 V5 M15.5,2.6 V5 M8.5,19 V21.4 M12,19 V21.4 M15.5,19 V21.4 "
-                 "M2.6,8.5 H5 M2.6,12 H5 M2.6,15.5 H5 M19,8.5 H21.4 M19,12 H21.4 M19,15.5 H21.4"),
-        box(5.2, 5.2, 13.6, 13.6, 1.6, CREAM),
-        outlined("M10,8.8 L15.2,12 L10,15.2 Z", AMBER, stroke_width=1.3),
-    ],
-    "cancel": [
-        outlined("M8.2,2.8 H15.8 L21.2,8.2 V15.8 L15.8,21.2 H8.2 L2.8,15.8 V8.2 Z", INK),
-        outlined("M8.6,8.6 L15.4,15.4 M15.4,8.6 L8.6,15.4", stroke=CREAM, stroke_width=2.4),
-    ],
-    "first": [outlined("M3.4,5.5 V18.5"), triangle(6.2, 12.6), triangle(13.8, 20.6)],
-    "back": [triangle(6, 17)],
-    "forward": [triangle(18, 7)],
-    "last": [triangle(10.2, 3.4), triangle(17.8, 11.4), outlined("M20.6,5.5 V18.5")],
-    "draw": [
-        outlined("M3.6,6.2 L6.8,3.8 V12", stroke_width=2),
-        outlined("M17.6,4.2 L6.4,19.8", stroke=AMBER, stroke_width=2),
-        outlined("M13.8,14.6 C14.2,11.6 19.6,11.4 19.8,14.6 C19.9,16.8 14.6,18.6 13.8,20.6 H20.2", stroke_width=2),
-    ],
-    "resign": [
-        outlined("M5.4,4.2 C9,2.2 12.2,6 15.6,4.8 C17.2,4.3 18.8,3.9 20.4,4.4 L18.2,8.9 L20.4,13.6 "
-                 "C16.8,12.6 15,14.6 11.8,14.2 C9,13.8 8,12.4 5.4,13.6 Z", CREAM),
-        outlined("M5.4,3 V21.4"),
-    ],
-    "hint": [
-        outlined("M9.2,16.4 C9.2,13.8 5.8,12.8 5.8,8.8 C5.8,5.2 8.6,2.6 12,2.6 C15.4,2.6 18.2,5.2 18.2,8.8 "
-                 "C18.2,12.8 14.8,13.8 14.8,16.4 Z", AMBER),
-        outlined("M9.4,19 H14.6 M10.8,21.5 H13.2"),
-        outlined("M9,8.8 C9,7.2 10.2,5.8 12,5.7", stroke=CREAM),
-    ],
-    "computer_player": [*computer(6.1, CREAM), *person(18, AMBER)],
-    "player_player": [*person(6.4, CREAM), *person(17.6, AMBER)],
-    "computer_computer": [*computer(6.1, CREAM), *computer(17.9, AMBER)],
-    "options": [
-        outlined("M3,6 H21 M3,12 H21 M3,18 H21"),
-        dot(15.6, 6, 2.5, AMBER),
-        dot(7.4, 12, 2.5, AMBER),
-        dot(13, 18, 2.5, AMBER),
-    ],
-    "analyze": [
-        outlined("M15.4,15.4 L21,21", stroke_width=2.8),
-        dot(10, 10, 7.2, CREAM),
-        outlined("M7,13.2 V10.8 M10,13.2 V6.6 M13,13.2 V9", stroke=AMBER, stroke_width=2),
-    ],
-    "turn_board": [
-        *small_board(8, 8, 8, 2),
-        arc_arrow(12, 12, 9.4, 195, 325),
-        arc_arrow(12, 12, 9.4, 15, 145),
-    ],
-}  # fmt: skip
-
-
-def toolbar_image(shapes):
-    drawing = Drawing(24, 24)
-    drawing.add(*shapes)
-    return drawing
-
-
-# --- Icon and emblem -------------------------------------------------------------------------------------------------
-
-WALNUT = "#8f5c37"
-MAPLE = "#efd6a8"
-FRAME = "#4b2c18"
-
-
-def icon():
-    """The application icon: an ebony king on the corner of a board."""
-    drawing = Drawing(256, 256)
-    frame = drawing.linear((0, 8), (0, 248), (0, "#75472a"), (1, FRAME))
-    drawing.add(tag("rect", x=4, y=4, width=248, height=248, rx=46, ry=46, fill=frame))
-    wood = drawing.linear((0, 16), (0, 240), (0, "#a66c43"), (1, WALNUT))
-    maple = drawing.linear((0, 16), (0, 240), (0, "#fae8c4"), (1, MAPLE))
-    drawing.add(tag("rect", x=16, y=16, width=224, height=224, rx=35, ry=35, fill=maple))
-    drawing.add(path("M128,16 H205 A35,35 0 0 1 240,51 V128 H128 Z", fill=wood))
-    drawing.add(path("M128,240 H51 A35,35 0 0 1 16,205 V128 H128 Z", fill=wood))
-    shadow = drawing.radial((132, 142), 98, (0, "#000000", 0.6), (0.84, "#000000", 0.5), (1, "#000000", 0))
-    drawing.add(circle(98, 132, 142, fill=shadow))
-    turning = Turning(
-        radius=84, height=14, outline=3.5, rim=6, grooves=(), king_grooves=(0.8,), groove=2.4, crown=1.26, fine=True
-    )
-    add_piece(drawing, EBONY, turning, True, 128, 142)
-    return drawing
-
-
-def emblem():
-    """The picture of the window: an ivory and an ebony king on a piece of the board, seen aslant."""
-    drawing = Drawing(200, 180)
-    centre_x, centre_y, half_x, half_y, thick = 100, 100, 96, 60, 17
-    tilt = half_y / half_x
-    corner = lambda u, v: (  # noqa: E731
-        centre_x + (u - v) * half_x / 2,
-        centre_y + (u + v - 2) * half_y / 2,
-    )
-
-    def patch(points, **look):
-        return path("M" + " L".join(f"{num(x)},{num(y)}" for x, y in points) + " Z", **look)
-
-    left, right, front, back = corner(0, 2), corner(2, 0), corner(2, 2), corner(0, 0)
-    down = lambda point: (point[0], point[1] + thick)  # noqa: E731
-    edge = dict(stroke="#3a2112", stroke_width=2, stroke_linejoin="round")
-    drawing.add(patch([left, front, down(front), down(left)], fill="#6b4126", **edge))
-    drawing.add(patch([front, right, down(right), down(front)], fill="#4f2f1a", **edge))
-    drawing.add(patch([back, right, front, left], fill="#7d4d2d", **edge))
-    margin, cells = 0.14, 4
-    step = (2 - 2 * margin) / cells
-    for row in range(cells):
-        for column in range(cells):
-            u, v = margin + column * step, margin + row * step
-            drawing.add(
-                patch([corner(u, v), corner(u + step, v), corner(u + step, v + step), corner(u, v + step)],
-                      fill=MAPLE if (row + column) % 2 == 0 else WALNUT)
-            )  # fmt: skip
-
-    turning = Turning(
-        radius=35, height=16, outline=1.6, rim=2.4, grooves=(), king_grooves=(0.79,), groove=1.3, crown=1.16, fine=True
-    )
-    for material, x, y in ((EBONY, 124, 86), (IVORY, 76, 116)):
-        shade = drawing.radial((0, 0), 40, (0, "#000000", 0.6), (0.8, "#000000", 0.45), (1, "#000000", 0))
-        drawing.add(group([circle(40, fill=shade)], f"translate({num(x + 2)} {num(y + 2)}) scale(1 {num(tilt)})"))
-        add_piece(drawing, material, turning, True, x, y, tilt)
-    return drawing
-
-
 # --- Files -----------------------------------------------------------------------------------------------------------
 
 
 def all_drawings():
     """Every picture by its path below the target folder."""
     drawings = {
-        "small/dark_square.svg": stone_square("#5f7d6c", "#3f5a4b", "#8aa493", 5),
-        "small/light_square.svg": stone_square("#e2dcc8", "#cbc2a8", "#f6f3e8", 11),
-        "medium/dark_square.svg": wood_square(WALNUT, "#5c341a", "#b27a4c", 0.07, 3),
-        "medium/light_square.svg": wood_square("#ead1a4", "#bf935a", "#f8e8c8", 0.045, 8),
+        "small/dark_square": stone_square("#5f7d6c", "#3f5a4b", "#8aa493", 5),
+        "small/light_square": stone_square("#e2dcc8", "#cbc2a8", "#f6f3e8", 11),
+        "medium/dark_square": wood_square("#8f5c37", "#5c341a", "#b27a4c", 0.07, 3),
+        "medium/light_square": wood_square("#ead1a4", "#bf935a", "#f8e8c8", 0.045, 8),
     }
     for name, turning, black, white in (("small", BOLD, ONYX, MARBLE), ("medium", RICH, EBONY, IVORY)):
         for side, material in (("black", black), ("white", white)):
-            drawings[f"{name}/{side}_man.svg"] = piece(material, turning, False)
-            drawings[f"{name}/{side}_king.svg"] = piece(material, turning, True)
-    for name, shapes in TOOLBAR.items():
-        drawings[f"toolbar/{name}.svg"] = toolbar_image(shapes)
-    drawings["icon.svg"] = icon()
-    drawings["emblem.svg"] = emblem()
+            drawings[f"{name}/{side}_man"] = piece(material, turning, False)
+            drawings[f"{name}/{side}_king"] = piece(material, turning, True)
     return drawings
-
-
-def resource_list(names):
-    files = "".join(f'    <file alias="{name}">{name}</file>\n' for name in sorted(names))
-    return f'<!DOCTYPE RCC>\n<RCC version="1.0">\n  <qresource prefix="/art">\n{files}  </qresource>\n</RCC>\n'
 
 
 def main():
@@ -551,10 +305,9 @@ def main():
     target = Path(sys.argv[1]) if len(sys.argv) == 2 else Path(__file__).resolve().parent.parent / "data" / "art"
     drawings = all_drawings()
     for name, drawing in drawings.items():
-        file = target / name
+        file = target / f"{name}.svg"
         file.parent.mkdir(parents=True, exist_ok=True)
         file.write_text(drawing.text(), encoding="utf-8")
-    (target / "art.qrc").write_text(resource_list(drawings), encoding="utf-8")
     print(f"{len(drawings)} drawings in {target}")
 
 

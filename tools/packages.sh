@@ -5,8 +5,11 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_dir=$root/build/release
 
-build_packages=(g++ cmake ninja-build)
-window_packages=(qt6-base-dev qt6-svg-dev)
+# Names of Debian and Ubuntu. Of alternatives, "a|b", the first that the release has is taken: before Qt 6.4.1 the
+# headers of Qt Svg came as libqt6svg6-dev. Of Qt Svg only the library is used, not its plugins, which have packages of
+# their own since Debian 13.
+build_packages=(g++ cmake ninja-build make) # GCC optimises across files in parallel by make
+window_packages=(qt6-base-dev "qt6-svg-dev|libqt6svg6-dev")
 test_packages=(libgtest-dev)
 display_packages=(xvfb xdotool imagemagick)
 
@@ -19,10 +22,23 @@ fail() {
 # Sets `missing` to those of the named packages that are not installed.
 find_missing() {
     local installed package
-    installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null)
+    # shellcheck disable=SC2068
+    installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' ${@//|/ } 2>/dev/null)
     missing=()
     for package in "$@"; do
-        grep -qxF "$package installed" <<<"$installed" || missing+=("$package")
+        grep -qxF "${package//|/ installed$'\n'} installed" <<<"$installed" || missing+=("$package")
+    done
+}
+
+# Puts one name in the place of alternatives in `missing`: the first that apt has under that very name, else the last.
+choose_alternatives() {
+    local i name
+    for i in "${!missing[@]}"; do
+        [[ ${missing[i]} == *"|"* ]] || continue
+        for name in ${missing[i]//|/ }; do
+            apt-cache show "$name" 2>/dev/null | grep -qxF "Package: $name" && break
+        done
+        missing[i]=$name
     done
 }
 
@@ -71,7 +87,7 @@ install_packages() {
     if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
         for command in c++ cmake ninja; do
             if ! command -v "$command" >/dev/null; then
-                packages_fault="there is no apt on this system, and '$command' is not installed (wanted, by their Debian names: $*)"
+                packages_fault="there is no apt on this system, and '$command' is not installed (wanted, by their Debian names: ${*%%|*})"
                 return 1
             fi
         done
@@ -80,10 +96,10 @@ install_packages() {
     fi
     find_missing "$@"
     ((${#missing[@]} == 0)) && return 0
-    say "Missing packages: ${missing[*]}"
+    say "Missing packages: ${missing[*]%%|*}"
     if ((EUID != 0)); then
         if ! command -v sudo >/dev/null; then
-            packages_fault="installing packages takes root or sudo; as root run: apt-get install --no-install-recommends ${missing[*]}"
+            packages_fault="installing packages takes root or sudo; as root run: apt-get install --no-install-recommends ${missing[*]%%|*}"
             return 1
         fi
         as_root=(sudo)
@@ -91,6 +107,7 @@ install_packages() {
     say "Reading the package lists ..."
     # apt-get update ends well without a network too: whether the packages can be had shows in the next step.
     output=$("${as_root[@]}" env LC_ALL=C apt-get -o DPkg::Lock::Timeout=120 update 2>&1)
+    choose_alternatives
     # A dry question needs no lock and no root; apt answers it with the sums and then "no".
     summary=$(LC_ALL=C apt-get -o Debug::NoLocking=1 install --no-install-recommends --assume-no "${missing[@]}" 2>&1)
     if ! grep -q 'newly installed' <<<"$summary"; then

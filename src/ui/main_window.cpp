@@ -3,6 +3,7 @@
 #include "session/exit.h"
 #include "session/human_move.h"
 #include "session/navigation.h"
+#include "ui/art.h"
 #include "ui/board_mouse.h"
 #include "ui/shown_text.h"
 #include "ui/window_port.h"
@@ -148,7 +149,7 @@ void VectorPicture::paintEvent(QPaintEvent*) {
 }
 
 MainWindow::MainWindow(Session& session) : Game(session) {
-    setWindowIcon(QIcon(QStringLiteral(":/art/icon.svg")));
+    setWindowIcon(ArtIcon(QStringLiteral("icon")));
     setFont(FontOfSize(kFontPixels));
     QWidget* client = new QWidget(this);
     client->setObjectName(QStringLiteral("Client"));
@@ -186,9 +187,7 @@ void MainWindow::MakeActions() {
         action->setIconVisibleInMenu(false);
         action->setMenuRole(QAction::NoRole);
         if (*row.Shortcut != '\0') action->setShortcut(QKeySequence(QLatin1String(row.Shortcut)));
-        if (*row.Icon != '\0') {
-            action->setIcon(QIcon(QStringLiteral(":/art/toolbar/%1.svg").arg(QLatin1String(row.Icon))));
-        }
+        if (*row.Icon != '\0') action->setIcon(ArtIcon(QStringLiteral("toolbar/") + QLatin1String(row.Icon)));
         action->setCheckable(row.Checkable);
         action->setEnabled(row.Procedure != nullptr && row.Id != Command::mnu_Play_Cancel);
         Command id = row.Id;

@@ -45,6 +45,17 @@ bool Agrees(int expected, int found) {
     return expected == kOpen || expected == found;
 }
 
+/// Whether an icon is drawn anew for every pixel ratio, and looks different when it is disabled.
+bool IsCrispIcon(const QIcon& icon) {
+    const QSize size(20, 20);
+    for (int edge : {20, 25, 30, 40, 60}) {
+        const QImage shown = icon.pixmap(size, edge / 20.0).toImage();
+        if (shown != icon.pixmap(QSize(edge, edge), 1.0).toImage()) return false;
+        if (shown == icon.pixmap(size, edge / 20.0, QIcon::Disabled).toImage()) return false;
+    }
+    return true;
+}
+
 QString MenuText(const QMenu& menu) {
     QStringList lines;
     for (const QAction* action : menu.actions()) {
@@ -168,6 +179,7 @@ private slots:
 
     void ToolbarButtons() {
         GameWindow game;
+        QVERIFY(IsCrispIcon(game.Window->windowIcon()));
         QStringList found;
         for (QAction* action : game.Window->Toolbar1->actions()) {
             if (action->isSeparator()) {
@@ -176,7 +188,7 @@ private slots:
             }
             QWidget* button = game.Window->Toolbar1->widgetForAction(action);
             found << button->objectName() + "/" + action->toolTip() + "/" + action->objectName();
-            QVERIFY2(button->isVisible() && !action->icon().isNull(), qPrintable(button->objectName()));
+            QVERIFY2(button->isVisible() && IsCrispIcon(action->icon()), qPrintable(button->objectName()));
             QVERIFY(game.Window->Toolbar1->rect().contains(button->geometry()));
         }
         const QStringList expected{"New Game/New Game/New1",
