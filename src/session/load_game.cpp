@@ -117,7 +117,7 @@ bool MakeMoves(Session& session, const GameFile& game, LoadSource source) {
     return true;
 }
 
-void LoadGameFile(Session& session, LoadSource source, const std::filesystem::path& file) {
+bool LoadGameFile(Session& session, LoadSource source, const std::filesystem::path& file) {
     const auto read = [&] {
         return ReadFileWith(file, [&](std::string_view bytes) { return ReadGameFile(bytes, HeadOfGame(session)); });
     };
@@ -125,35 +125,34 @@ void LoadGameFile(Session& session, LoadSource source, const std::filesystem::pa
         TellFailure(session, file, first.Failure());
         session.Port.Fields.SetText(Control::Text1, session.Record.MoveComments[session.Pos.Tree.TreeIndex]);
         RefreshLegalMoves(session);
-        return;
+        return false;
     }
-    if (!ResetGame(session)) return;
+    if (!ResetGame(session)) return false;
     const auto game = read(); // what it does not name is as the new game has it
-    if (!game) return;
+    if (!game) return false;
     const Long lines = static_cast<Long>(game->Lines.size());
     if (lines > 0) session.Port.Status.SetProgressRange(0, lines);
     UseDefinition(session, *game, source);
     AdoptHead(session, game->Head);
     BeginReplay(session, source, !HasKey(*game, "PromoW"), lines > 0);
-    if (session.Quitting || !MakeMoves(session, *game, source)) return;
+    if (session.Quitting || !MakeMoves(session, *game, source)) return false;
     FinishReplay(session, source, file);
     if (source == LoadSource::User) session.Port.Status.SetProgress(lines);
+    return true;
 }
 
 } // namespace
 
-void LoadGame(Session& session, LoadSource source) {
+bool LoadGame(Session& session, LoadSource source) {
     const auto file = PathOf(session, source);
-    if (!file) return;
+    if (!file) return false;
     EmptyFields(session);
-    if (IsPdnName(*file)) {
-        LoadPdn(session, source, *file);
-    } else {
-        LoadGameFile(session, source, *file);
+    const bool through = IsPdnName(*file) ? LoadPdn(session, source, *file) : LoadGameFile(session, source, *file);
+    if (source == LoadSource::AutomaticMoves) {
+        std::error_code error;
+        std::filesystem::remove(*file, error);
     }
-    if (source != LoadSource::AutomaticMoves) return;
-    std::error_code error;
-    std::filesystem::remove(*file, error);
+    return through;
 }
 
 void OpenCommand(Session& session) {

@@ -181,40 +181,41 @@ void ShowTags(Session& session, const PdnTags& tags, bool commented) {
     session.Port.Status.SetStatusText(1, session.ResultShown + (commented ? "" : ";  no comments"));
 }
 
-void OpenGame(Session& session, const PdnRequest& request) {
+bool OpenGame(Session& session, const PdnRequest& request) {
     const PdnTags& tags = request.Game.Tags;
-    if (!UseStart(session, request)) return;
+    if (!UseStart(session, request)) return false;
     session.Pdn = tags;
     session.ResultShown = tags.Result;
     const bool ownSquares = !tags.OwnTag.empty();
     BeginReplay(session, request.Source, !ownSquares, true);
-    if (session.Quitting) return;
+    if (session.Quitting) return false;
     const Moves moves = MakeMoves(session, request);
-    if (moves == Moves::Failed || moves == Moves::ProgramEnds) return;
+    if (moves == Moves::Failed || moves == Moves::ProgramEnds) return false;
     if (session.Game.ResultText.empty()) session.Game.ResultText = tags.Result;
     FinishReplay(session, request.Source, request.File);
     if (request.Source == LoadSource::User) ShowTags(session, tags, moves == Moves::MadeWithComments);
+    return true;
 }
 
 } // namespace
 
-void LoadPdn(Session& session, LoadSource source, const std::filesystem::path& file) {
+bool LoadPdn(Session& session, LoadSource source, const std::filesystem::path& file) {
     const auto bytes = ReadWholeFile(file);
     if (!bytes) {
         ShowMessage(session, bytes.Failure().Message(), "Error", MessageKind::Exclamation);
-        return;
+        return false;
     }
     const std::string text = PdnText(*bytes);
     if (!IsPdnText(text)) {
         ShowMessage(session, file.filename().string() + " is not a PDN file", "Tavlon12", MessageKind::Exclamation);
-        return;
+        return false;
     }
     PdnReader reader(text);
     const std::vector<PdnGame> games = ListGames(session, reader);
-    if (session.Quitting) return;
+    if (session.Quitting) return false;
     if (games.empty()) {
         ShowMessage(session, "No games found!", "Tavlon12", MessageKind::Plain);
-        return;
+        return false;
     }
     std::vector<std::string> openAs = VariantNames(session);
     openAs.insert(openAs.begin(), kDefaultRules);
@@ -223,12 +224,12 @@ void LoadPdn(Session& session, LoadSource source, const std::filesystem::path& f
     if (!choice || choice->Game < 1 || choice->Game > static_cast<Long>(games.size())) {
         DrawBoard(session, 0);
         RefreshLegalMoves(session);
-        return;
+        return false;
     }
     PdnRequest request{source, file, games[static_cast<std::size_t>(choice->Game - 1)], "", choice->Variant > 0};
     request.MoveText = PdnMoveText(reader, request.Game);
-    if (request.AsVariant && !UseVariant(session, openAs[static_cast<std::size_t>(choice->Variant)])) return;
-    OpenGame(session, request);
+    if (request.AsVariant && !UseVariant(session, openAs[static_cast<std::size_t>(choice->Variant)])) return false;
+    return OpenGame(session, request);
 }
 
 } // namespace tavlon12

@@ -5,6 +5,7 @@
 #include "lab/batch.h"
 #include "lab/bench.h"
 #include "lab/family.h"
+#include "lab/games.h"
 #include "lab/perft.h"
 #include "rules/generate_moves.h"
 #include "session/game_end.h"
@@ -172,6 +173,7 @@ Failure RunPrepared(Lab& lab, const Options& options, Report& report) {
 }
 
 Failure RunCommand(Lab& lab, std::span<const std::string> words, Report& report) {
+    if (!words.empty() && IsGamesCommand(words[0])) return RunGamesCommand(lab, words, report);
     Options options;
     if (Failure failure = ParseOptions(words, options)) return failure;
     return RunPrepared(lab, options, report);
@@ -179,6 +181,7 @@ Failure RunCommand(Lab& lab, std::span<const std::string> words, Report& report)
 
 int RunTool(Lab& lab, std::span<const std::string> words, std::istream& in, std::ostream& out, std::ostream& err) {
     constexpr int kBadUsage = 2;
+    int status = 0;
     Failure failure;
     if (!words.empty() && words[0] == "batch") {
         if (words.size() > 1) {
@@ -190,9 +193,10 @@ int RunTool(Lab& lab, std::span<const std::string> words, std::istream& in, std:
         Report report;
         failure = RunCommand(lab, words, report);
         if (!failure) out << report.Output;
+        status = report.Status;
     }
     if (!failure && !out.flush()) failure = "standard output cannot be written";
-    if (!failure) return 0;
+    if (!failure) return status;
     err << "tavlon12-lab: " << OneLine(*failure) << '\n';
     return kBadUsage;
 }

@@ -186,7 +186,7 @@ const OptionRow* FindOption(std::string_view name) {
 Failure ReadCommand(std::string_view word, Options& options) {
     auto found = std::ranges::find(kCommands, word, &std::pair<std::string_view, Command>::first);
     if (found == kCommands.end()) {
-        return "unknown command " + Quoted(word) + ", must be moves, perft, eval, search, bench or batch";
+        return "unknown command " + Quoted(word) + ", must be moves, perft, eval, search, bench, games, load or batch";
     }
     options.Name = found->second;
     return std::nullopt;
@@ -195,7 +195,7 @@ Failure ReadCommand(std::string_view word, Options& options) {
 } // namespace
 
 Failure ParseOptions(std::span<const std::string> words, Options& options) {
-    if (words.empty()) return "no command, must be moves, perft, eval, search, bench or batch";
+    if (words.empty()) return "no command, must be moves, perft, eval, search, bench, games, load or batch";
     if (Failure failure = ReadCommand(words[0], options)) return failure;
 
     std::vector<const OptionRow*> given;
