@@ -10,63 +10,21 @@ namespace {
 using Kind = FileFailure::Kind;
 using enum GameFileLine::Kind;
 
-const char* const kDefaultRuleLines = R"(MulJumps=1
-MaxCapMove=1
-BlackStarts=0
-PromoW=bbdbfbhbjblb
-PromoB=a1c1e1g1i1k1
-PiecesOnBlack=1
-AntiMode=0
-WinAtPromo=0
-MaxCapMoveKings=0
-ManCapKing=1
-KingCapMove=0
-ManContJump=1
-LongKings=1
-RemovePieces=1
-KingFirst=0
-ManCapMoveKing=0
-KingWin=0
-MaxCapMoveK=1
-CapRequired=1
-NoLegalDraw=0
-RemoveMen=0
-NumberMen=0
-DoMoves=0
-NumberMoves=0
-LastCap=0
-ManKing=0
-KingMan=0
-ChangeSide=0
-ThreeKings=0
-NumberKings=0
-CapReverse=0
-RndColor=0
-JumpFriend=0
-NumberFriends=0
-TwoKings=0
-NumberKings2=0
-NumberPieces=0
-canContract=0
-ContractNumber=0
-ContractW1=0
-ContractW2=0
-ContractB1=0
-ContractB2=0
-UseClassic=1
-Offset=
-NW;NE NW;NE;SE;SW
-NW;NE NW;NE;SE;SW
-NW;NE;SE;SW NW;NE;SE;SW
-NW;NE;SE;SW NW;NE;SE;SW
-ManContJumpCrowned=0
-PlayerName=Ann B
-START
-)";
+/// The head of the default rules from `MulJumps` on, "|" for each line end.
+const char* const kDefaultRuleLines =
+    "MulJumps=1|MaxCapMove=1|BlackStarts=0|PromoW=bbdbfbhbjblb|PromoB=a1c1e1g1i1k1|PiecesOnBlack=1|AntiMode=0|"
+    "WinAtPromo=0|MaxCapMoveKings=0|ManCapKing=1|KingCapMove=0|ManContJump=1|LongKings=1|RemovePieces=1|"
+    "KingFirst=0|ManCapMoveKing=0|KingWin=0|MaxCapMoveK=1|CapRequired=1|NoLegalDraw=0|RemoveMen=0|NumberMen=0|"
+    "DoMoves=0|NumberMoves=0|LastCap=0|ManKing=0|KingMan=0|ChangeSide=0|ThreeKings=0|NumberKings=0|CapReverse=0|"
+    "RndColor=0|JumpFriend=0|NumberFriends=0|TwoKings=0|NumberKings2=0|NumberPieces=0|canContract=0|"
+    "ContractNumber=0|ContractW1=0|ContractW2=0|ContractB1=0|ContractB2=0|UseClassic=1|Offset=|NW;NE NW;NE;SE;SW|"
+    "NW;NE NW;NE;SE;SW|NW;NE;SE;SW NW;NE;SE;SW|NW;NE;SE;SW NW;NE;SE;SW|ManContJumpCrowned=0|PlayerName=Ann B|"
+    "START|";
 
-std::string WithCarriageReturns(std::string text) {
-    for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) text.insert(at, "\r");
-    return text;
+std::string WithLineEnds(const std::string& text) {
+    std::string lines;
+    for (char c : text) lines += c == '|' ? "\r\n" : std::string(1, c);
+    return lines;
 }
 
 /// A file with these lines in its head, divided by ";" and read over the defaults.
@@ -81,14 +39,13 @@ TEST(GameFile, IsWrittenInItsOrder) {
     head.StartDigits = std::string(144, '0');
     head.BookOpen = 0;
     const GameFileLine lines[] = {{Comment, "", 0},
-                              {Comment, "one\r\ntwo\n{three}", 0},
-                              {Move, "c3d4", 0},
-                              {Move, "15 9", 1},
-                              {Comment, "end", 2}};
-    EXPECT_EQ(GameFileText(head, lines),
-              WithCarriageReturns("TAVLON12 Version=0.89\nVariant=Canadian Checkers\nSetup=" + head.StartDigits +
-                                  "\nBook=0\nNotation=0\n" + kDefaultRuleLines +
-                                  "{one\xFF\xFFtwo\xFF\xFF{three}}\nc3d4\n15 9\n{end}\n"));
+                                  {Comment, "one\r\ntwo\n{three}", 0},
+                                  {Move, "c3d4", 0},
+                                  {Move, "15 9", 1},
+                                  {Comment, "end", 2}};
+    EXPECT_EQ(GameFileText(head, lines), WithLineEnds("TAVLON12 Version=0.89|Variant=Canadian Checkers|Setup=" +
+                                                      head.StartDigits + "|Book=0|Notation=0|" + kDefaultRuleLines +
+                                                      "{one\xFF\xFFtwo\xFF\xFF{three}}|c3d4|15 9|{end}|"));
     head.Rules.PromoW[1] = kUnusedSlot;
     const std::string all = GameFileText(head, {}, PromotionSlots::All);
     EXPECT_NE(all.find("PromoW=BB--FBHBJBLB----------------------------\r\n"), std::string::npos);

@@ -1,7 +1,6 @@
 #include "files/opening_book.h"
 
-#include "files/game_file.h"
-#include "rules/fast_generators.h"
+#include "rules/families.h"
 #include "rules/notation.h"
 #include "rules/rule_keys.h"
 

@@ -1,8 +1,7 @@
 #include "files/pdn_file.h"
 
-#include "files/game_file.h"
 #include "files/pdn_moves.h"
-#include "rules/fast_generators.h"
+#include "rules/families.h"
 #include "rules/notation.h"
 #include "support/random_rules.h"
 
@@ -17,7 +16,6 @@ using Kind = FileFailure::Kind;
 
 TEST(PdnText, TakesOtherLineEndsOver) {
     const std::string fill(998, 'x');
-    const std::string behind = "y\n\0z\n" + std::string(996, 'z');
     struct Row {
         std::string Bytes, Text;
     };
@@ -42,11 +40,8 @@ TEST(PdnText, IsToldByItsFirstTag) {
     for (const char* text : {"[Event \"x\"]", "\r\n\r\n[fen ", "[Ram x", "[Tavlon12 \"\"]"}) {
         EXPECT_TRUE(IsPdnText(text)) << text;
     }
-    const std::string late(78, ' ');
-    for (const std::string& text :
-         {std::string("1. 9-14 *"), std::string(), std::string(" [Event \"x\"]"), std::string("[event \"x\"]"),
-          std::string("[Event"), std::string("[]"), std::string("\n[Event \"x\"]"), std::string("[TVersion \"1.00\"]"),
-          std::string("[Other \"x\"]")}) {
+    for (const char* text : {"1. 9-14 *", "", " [Event \"x\"]", "[event \"x\"]", "[Event", "[]", "\n[Event \"x\"]",
+                             "[TVersion \"1.00\"]", "[Other \"x\"]"}) {
         EXPECT_FALSE(IsPdnText(text)) << text;
     }
     std::string pairs;
@@ -209,14 +204,15 @@ TEST(PdnFile, WritesAGame) {
               "[Event \"Club\"]\r\n[Date \"11/18/2026\"]\r\n[Result \"1-0\"]\r\n\r\n"
               "1. 8-15 25-18 2. {sharp)  or not} 15x29 67 1-0\r\n\r\n");
     tags = {};
-    tags.Result = "";
+    tags.Result = "white {wins.";
     tags.Site = "a\nb";
     tags.Black = "B";
     tags.White = "W";
     tags.OwnTag = "*V*";
     EXPECT_EQ(PdnGameText(tags, std::span(moves).first(1), kAlgebraic),
-              "[Date \"\"]\r\n[Black \"B\"]\r\n[White \"W\"]\r\n[Site \"a b\"]\r\n[Result \"*\"]\r\n"
-              "[TVersion \"1.00\"]\r\n[Tavlon12 \"*V*\"]\r\n\r\n1. da-f0 *\r\n\r\n");
+              "[Date \"\"]\r\n[Black \"B\"]\r\n[White \"W\"]\r\n[Site \"a b\"]\r\n[Result \"white {wins.\"]\r\n"
+              "[TVersion \"1.00\"]\r\n[Tavlon12 \"*V*\"]\r\n\r\n1. da-f0 whitewins.\r\n\r\n");
+    EXPECT_TRUE(PdnGameText({}, {}, kNumeric).ends_with("[Result \"*\"]\r\n\r\n*\r\n\r\n"));
     EXPECT_EQ(WithGameAdded("x", "g"), "x\r\ng");
     EXPECT_EQ(WithGameAdded("x\n", "g"), "x\ng");
     EXPECT_EQ(WithGameAdded("", "g"), "g");
@@ -315,37 +311,6 @@ TEST(PdnMoves, AreGivenInTheNotationInForce) {
         {{.Notation = kNumeric, .Placements = true}, "1. 73 *", "error 73"},
     };
     for (const Row& row : rows) EXPECT_EQ(Items(row.Text, row.Settings), row.Items) << row.Text;
-}
-
-TEST(PdnMoves, AreReadAsTheyWereWritten) {
-    std::mt19937 random(45);
-    PdnTags tags;
-    tags.Result = "white {wins.";
-    const auto square = [&random] {
-        for (;;) {
-            const Long index = kFirstSquare + static_cast<Long>(random() % 166);
-            if (IsSquare(index) && IsPlayingSquare(index, 1)) return index;
-        }
-    };
-    for (int round = 0; round < 200; ++round) {
-        std::vector<PdnHalfMove> moves(random() % 60);
-        std::string expected;
-        const Byte notation = static_cast<Byte>(random() % 2), read = static_cast<Byte>(random() % 2);
-        for (PdnHalfMove& move : moves) {
-            move = {{random() % 5 == 0 ? kOffBoard : square(), square()}, random() % 2 == 0, ""};
-            if (random() % 4 == 0) move.CommentBefore = "c" + support::RandomText("a \xC3\xA9.{1", random);
-            if (!move.CommentBefore.empty()) expected += "{" + move.CommentBefore + "}|";
-            const auto text = [&](Long index) { return UpperCase(SquareNotation(index, Padding::Blank, read)); };
-            expected += text(move.Squares.From) + text(move.Squares.To) + "|";
-        }
-        const std::string bytes = PdnGameText(tags, moves, notation);
-        ASSERT_TRUE(IsPdnText(bytes));
-        PdnReader reader(bytes);
-        auto game = NextPdnGame(reader);
-        ASSERT_TRUE(game);
-        const std::string text = PdnMoveText(reader, *game);
-        ASSERT_EQ(Items(text, {.Notation = read, .Placements = true}), expected + "end") << bytes;
-    }
 }
 
 } // namespace
