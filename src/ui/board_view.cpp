@@ -18,6 +18,13 @@ const QColor kLabelColour(84, 68, 52);
 const QColor kNumberColour(255, 244, 214);
 constexpr int kFrameWidth = 2;
 
+/// Nothing for a button that the game does not know.
+std::optional<MouseButton> GameButton(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) return MouseButton::Left;
+    if (button == Qt::RightButton) return MouseButton::Right;
+    return std::nullopt;
+}
+
 } // namespace
 
 BoardView::BoardView(Session& session, QWidget* parent) : QWidget(parent), Game(session), Geometry(&GeometryOfSkin(0)) {
@@ -81,7 +88,7 @@ void BoardView::CarryPiece(Long value) {
     setCursor(QCursor(cursor.Picture, cursor.HotSpot.x(), cursor.HotSpot.y()));
 }
 
-void BoardView::DropCursor() {
+void BoardView::DropPiece() {
     unsetCursor();
 }
 
@@ -179,7 +186,8 @@ void BoardView::PaintCoordinates(QPainter& painter) const {
 
 void BoardView::mousePressEvent(QMouseEvent* event) {
     FlushRelease();
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    const std::optional<MouseButton> button = GameButton(event->button());
+    if (!button) return;
     // With no other button down nothing can be left of an earlier press, even if its release went to a message box.
     if (event->buttons() == event->button()) {
         PressedView = -1;
@@ -188,7 +196,7 @@ void BoardView::mousePressEvent(QMouseEvent* event) {
     // The pointer may have come here without a move (a touch, a window that opened under it): a press follows a move.
     if (event->position() != LastPoint) MoveTo(event->position());
     if (PressedView == -1) PressedView = ViewAt(event->position());
-    if (PressedView != -1) SquareDown(PressedView, event->button());
+    if (PressedView != -1) SquareDown(PressedView, *button);
 }
 
 // The second press of two quick ones is a press like any other.
@@ -218,18 +226,18 @@ void BoardView::MoveTo(const QPointF& point) {
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     FlushRelease();
     if (PressedView == -1) return;
-    bool counts = event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
-    if (counts && event->position() != LastPoint) MoveTo(event->position()); // the last move may not have been told
+    const std::optional<MouseButton> button = GameButton(event->button());
+    if (button && event->position() != LastPoint) MoveTo(event->position()); // the last move may not have been told
     if (event->buttons() == Qt::NoButton) PressedView = -1;
-    if (!counts) return;
-    PendingRelease = event->button();
+    if (!button) return;
+    PendingRelease = button;
     QMetaObject::invokeMethod(
         this, [this] { FlushRelease(); }, Qt::QueuedConnection);
 }
 
 void BoardView::FlushRelease() {
     if (!PendingRelease) return;
-    Qt::MouseButton button = *PendingRelease;
+    const MouseButton button = *PendingRelease;
     PendingRelease.reset();
     SquareUp(button);
 }

@@ -1,10 +1,10 @@
 #include "ui/main_window.h"
 
+#include "session/board_input.h"
 #include "session/exit.h"
 #include "session/human_move.h"
 #include "session/navigation.h"
 #include "ui/art.h"
-#include "ui/board_mouse.h"
 #include "ui/shown_text.h"
 #include "ui/window_port.h"
 
@@ -264,13 +264,11 @@ void MainWindow::MakeToolbar() {
 
 void MainWindow::MakeBoard() {
     Board = new BoardView(Game, centralWidget());
-    Board->SquareDown = [this](Long view, Qt::MouseButton button) {
-        Run([=, this] { SquareMouseDown(Game, *Board, view, button); });
+    Board->SquareDown = [this](Long view, MouseButton button) {
+        Run([=, this] { SquareMouseDown(Game, view, button); });
     };
-    Board->SquareMove = [this](Long view, int x, int y) {
-        Run([=, this] { SquareMouseMove(Game, *Board, view, x, y); });
-    };
-    Board->SquareUp = [this](Qt::MouseButton button) { Run([=, this] { SquareMouseUp(Game, *Board, button); }); };
+    Board->SquareMove = [this](Long view, Long x, Long y) { Run([=, this] { SquareMouseMove(Game, view, x, y); }); };
+    Board->SquareUp = [this](MouseButton button) { Run([=, this] { SquareMouseUp(Game, button); }); };
     Board->OutsideMove = [this] { FormMouseMove(Game); };
 }
 
@@ -425,7 +423,7 @@ void MainWindow::LayoutWindow() {
 
 void MainWindow::RunInput(void (*procedure)(Session&)) {
     Run([this, procedure] {
-        EndBoardInput(Game, *Board);
+        EndBoardInput(Game);
         procedure(Game);
     });
 }
@@ -435,7 +433,7 @@ void MainWindow::RunCommand(Command command) {
     if (row.Procedure == nullptr) return;
     Run(
         [&] {
-            EndBoardInput(Game, *Board);
+            EndBoardInput(Game);
             row.Procedure(*this);
         },
         row.WhileThinking);

@@ -166,6 +166,11 @@ void ConnectPort(MainWindow& window) {
     port.Board.PaintBoard = [w](int overlay) { w->Board->PaintBoard(overlay); };
     port.Board.ShowSquare = [w](Long view) { w->Board->ShowSquare(view); };
     port.Board.DrawHighlightBox = [w](Long view) { w->Board->DrawHighlightBox(view); };
+    port.Board.LiftPiece = [w](Long view) { w->Board->LiftPiece(view); };
+    port.Board.CarryPiece = [w](Long value) { w->Board->CarryPiece(value); };
+    port.Board.DropPiece = [w] { w->Board->DropPiece(); };
+    port.Board.ShowsEmptySquare = [w](Long view) { return w->Board->ShowsEmptySquare(view); };
+    port.Board.SquareEdge = [w] { return Long{w->Board->SquareEdge()}; };
     port.Fields.MarkPlayerToMove = [w](PlayerMark mark) {
         MarkLabel(*w->Labels[1], mark == PlayerMark::Label1);
         MarkLabel(*w->Labels[2], mark == PlayerMark::Label2);
