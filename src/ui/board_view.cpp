@@ -25,6 +25,47 @@ std::optional<MouseButton> GameButton(Qt::MouseButton button) {
     return std::nullopt;
 }
 
+QRect DeviceRect(const QTransform& toDevice, const QRect& rect) {
+    const QRectF mapped = toDevice.mapRect(QRectF(rect));
+    const QPoint topLeft(static_cast<int>(std::lround(mapped.left())), static_cast<int>(std::lround(mapped.top())));
+    const QPoint end(static_cast<int>(std::lround(mapped.right())), static_cast<int>(std::lround(mapped.bottom())));
+    return {topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y())};
+}
+
+/// Fills the sides of a rectangle, from its edge inwards.
+void FillSides(QPainter& painter, const QRect& outer, int width, const QColor& colour) {
+    for (const QRect& side : QRegion(outer).subtracted(outer.adjusted(width, width, -width, -width)))
+        painter.fillRect(side, colour);
+}
+
+/// Round the grid, outside of it.
+void PaintFrame(QPainter& painter, const QRect& grid, int width) {
+    FillSides(painter, grid.adjusted(-width, -width, width, width), width, kFrameColour);
+}
+
+/// The highlight box: one pixel from the edge, two pixels wide.
+void PaintBox(QPainter& painter, const QRect& square, const QColor& colour, int ratio) {
+    FillSides(painter, square.adjusted(ratio, ratio, -ratio, -ratio), 2 * ratio, colour);
+}
+
+void PaintNumber(QPainter& painter, const QRect& square, Long number, int ratio) {
+    const QRect corner = square.adjusted(3 * ratio, 2 * ratio, 0, 0);
+    const QString text = QString::number(number);
+    // A dark rim keeps the number readable on a white piece.
+    painter.setPen(kFrameColour);
+    for (QPoint rim : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1), QPoint(1, 1)}) {
+        painter.drawText(corner.translated(rim * ratio), Qt::AlignLeft | Qt::AlignTop, text);
+    }
+    painter.setPen(kNumberColour);
+    painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop, text);
+}
+
+QFont NumberFont(QFont font, int pixels) {
+    font.setPixelSize(std::max(1, pixels));
+    font.setBold(true);
+    return font;
+}
+
 } // namespace
 
 BoardView::BoardView(Session& session, QWidget* parent) : QWidget(parent), Game(session), Geometry(&GeometryOfSkin(0)) {
@@ -113,55 +154,27 @@ void BoardView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintCoordinates(painter);
 
-    QTransform toDevice = painter.deviceTransform();
-    auto deviceRect = [&](const QRect& rect) {
-        QRectF mapped = toDevice.mapRect(QRectF(rect));
-        QPoint topLeft(static_cast<int>(std::lround(mapped.left())), static_cast<int>(std::lround(mapped.top())));
-        QPoint end(static_cast<int>(std::lround(mapped.right())), static_cast<int>(std::lround(mapped.bottom())));
-        return QRect(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()));
-    };
+    const QTransform toDevice = painter.deviceTransform();
+    const int ratio = std::max(1, static_cast<int>(std::lround(toDevice.m11())));
     painter.setWorldTransform(toDevice.inverted());
-
-    QRect grid = deviceRect(SquareRect(0).united(SquareRect(kSquareCount - 1)));
-    int ratio = std::max(1, static_cast<int>(std::lround(toDevice.m11())));
-    int frame = kFrameWidth * ratio;
-    painter.fillRect(QRect(grid.left() - frame, grid.top() - frame, grid.width() + 2 * frame, frame), kFrameColour);
-    painter.fillRect(QRect(grid.left() - frame, grid.bottom() + 1, grid.width() + 2 * frame, frame), kFrameColour);
-    painter.fillRect(QRect(grid.left() - frame, grid.top(), frame, grid.height()), kFrameColour);
-    painter.fillRect(QRect(grid.right() + 1, grid.top(), frame, grid.height()), kFrameColour);
-
-    QFont numberFont = font();
-    numberFont.setPixelSize(std::max(1, deviceRect(SquareRect(0)).height() / 4));
-    numberFont.setBold(true);
-    painter.setFont(numberFont);
-
+    PaintFrame(painter, DeviceRect(toDevice, SquareRect(0).united(SquareRect(kSquareCount - 1))), kFrameWidth * ratio);
+    painter.setFont(NumberFont(font(), DeviceRect(toDevice, SquareRect(0)).height() / 4));
     for (Long view = 0; view < static_cast<Long>(kSquareCount); ++view) {
-        QRect place = SquareRect(view);
+        const QRect place = SquareRect(view);
         if (!event->region().intersects(place.adjusted(-1, -1, 1, 1))) continue;
-        QRect target = deviceRect(place);
-        const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
-        painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
-        if (square.Boxed) {
-            Long cell = CellOfView(view, Game.Settings.BoardTurned);
-            bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
-            // One pixel from the edge, two pixels wide.
-            QRect outer = target.adjusted(ratio, ratio, -ratio, -ratio);
-            QRegion box = QRegion(outer).subtracted(outer.adjusted(2 * ratio, 2 * ratio, -2 * ratio, -2 * ratio));
-            for (const QRect& side : box)
-                painter.fillRect(side, dark ? Pictures.DarkHighlight : Pictures.LightHighlight);
-        }
-        if (square.Number != 0) {
-            QRect corner = target.adjusted(3 * ratio, 2 * ratio, 0, 0);
-            QString text = QString::number(square.Number);
-            // A dark rim keeps the number readable on a white piece.
-            painter.setPen(kFrameColour);
-            for (QPoint rim : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1), QPoint(1, 1)}) {
-                painter.drawText(corner.translated(rim * ratio), Qt::AlignLeft | Qt::AlignTop, text);
-            }
-            painter.setPen(kNumberColour);
-            painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop, text);
-        }
+        PaintSquare(painter, view, DeviceRect(toDevice, place), ratio);
     }
+}
+
+void BoardView::PaintSquare(QPainter& painter, Long view, const QRect& target, int ratio) {
+    const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
+    painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
+    if (square.Boxed) {
+        const Long cell = CellOfView(view, Game.Settings.BoardTurned);
+        const bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
+        PaintBox(painter, target, dark ? Pictures.DarkHighlight : Pictures.LightHighlight, ratio);
+    }
+    if (square.Number != 0) PaintNumber(painter, target, square.Number, ratio);
 }
 
 void BoardView::PaintCoordinates(QPainter& painter) const {

@@ -64,6 +64,7 @@ private:
     void MoveTo(const QPointF& point);
     void FlushRelease();
     void PaintCoordinates(QPainter& painter) const;
+    void PaintSquare(QPainter& painter, Long view, const QRect& target, int ratio);
 
     Session& Game;
     const WindowGeometry* Geometry;

@@ -57,11 +57,11 @@ private slots:
             game.Drag("c5", "d6");
             QCOMPARE(game.Cell("c5"), kEmpty);
             QCOMPARE(game.Cell("d6"), kMan);
-            QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
-            QCOMPARE(game.Window->List1->currentRow(), 0);
+            QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. c5-d6");
+            QCOMPARE(game.Window->Panel.List1->currentRow(), 0);
             QCOMPARE(game.Status(), "Player-Player mode");
             game.Drag("b8", "a7");
-            QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6|      b8-a7");
+            QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. c5-d6|      b8-a7");
             QVERIFY(game.Boxes.Seen.empty());
         }
     }
@@ -70,7 +70,7 @@ private slots:
     void ARefusedMovePutsThePieceBack() {
         GameWindow game;
         BoardCells before = game.Pos->Board;
-        std::string legal = game.Lines(*game.Window->List2);
+        std::string legal = game.Lines(*game.Window->Panel.List2);
         for (QPoint end : {QPoint(600, 400), QPoint(-50, -50), game.PointOf("c6"), game.PointOf("e5")}) {
             game.PressOn("c5");
             QVERIFY(game.Window->Board->ShowsEmptySquare(game.ViewOf("c5")));
@@ -82,15 +82,15 @@ private slots:
         }
         QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move: that square is not empty")});
         QCOMPARE(game.Pos->Board, before);
-        QCOMPARE(game.Lines(*game.Window->List2), legal);
-        QCOMPARE(game.Window->List1->count(), 0);
+        QCOMPARE(game.Lines(*game.Window->Panel.List2), legal);
+        QCOMPARE(game.Window->Panel.List1->count(), 0);
     }
 
     void AManIsCrowned() {
         GameWindow game;
         game.Place("", "W: ca; B: j8");
         game.Drag("ca", "db");
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. ca-dbK");
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. ca-dbK");
         QCOMPARE(game.Cell("db"), kKing);
         QCOMPARE(game.Window->Board->ShownImage(game.ViewOf("db")), SquareImage::DarkWhiteKing);
     }
