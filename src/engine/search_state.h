@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace tavlon12 {
@@ -63,6 +64,20 @@ struct SearchState {
 
     std::mt19937 Random{1};
     std::function<void()> Yield = [] {}; ///< called at each node
+};
+
+/// Gives the search another `Yield` for as long as the guard lives; then the one before is back.
+class YieldGuard {
+public:
+    YieldGuard(SearchState& search, std::function<void()> yield)
+        : Guarded(search), Before(std::exchange(search.Yield, std::move(yield))) {}
+    ~YieldGuard() { Guarded.Yield = std::move(Before); }
+    YieldGuard(const YieldGuard&) = delete;
+    YieldGuard& operator=(const YieldGuard&) = delete;
+
+private:
+    SearchState& Guarded;
+    std::function<void()> Before;
 };
 
 } // namespace tavlon12

@@ -75,12 +75,10 @@ Long ScoreQuietly(Session& session) {
     SearchState& search = session.Search;
     AdoptSearchSettings(session);
     const auto start = Clock::now();
-    auto yield = std::exchange(search.Yield, [&] {
+    const YieldGuard clockAlone(search, [&] {
         if (Clock::now() - start > kLongest) search.SearchAborted = search.Unwind = true;
     });
-    const Long score = ScoreUserMove(session.Pos, search);
-    search.Yield = std::move(yield);
-    return score;
+    return ScoreUserMove(session.Pos, search);
 }
 
 RootSearchInput RootInputOf(const Session& session) {

@@ -132,6 +132,11 @@ struct BoardPort {
     std::function<void(int overlay)> PaintBoard = [](int) {};
     std::function<void(Long view)> ShowSquare = [](Long) {}; ///< one square with its piece, without a highlight box
     std::function<void(Long view)> DrawHighlightBox = [](Long) {};
+    std::function<void(Long view)> LiftPiece = [](Long) {};   ///< the square looks empty
+    std::function<void(Long value)> CarryPiece = [](Long) {}; ///< the mouse pointer becomes a piece, -2 to 2
+    std::function<void()> DropPiece = [] {};                  ///< and returns to normal
+    std::function<bool(Long view)> ShowsEmptySquare = [](Long) { return true; };
+    std::function<Long()> SquareEdge = [] { return 1; }; ///< pixels
 };
 
 /// Time and the event loop.

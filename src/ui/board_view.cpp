@@ -18,6 +18,54 @@ const QColor kLabelColour(84, 68, 52);
 const QColor kNumberColour(255, 244, 214);
 constexpr int kFrameWidth = 2;
 
+/// Nothing for a button that the game does not know.
+std::optional<MouseButton> GameButton(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) return MouseButton::Left;
+    if (button == Qt::RightButton) return MouseButton::Right;
+    return std::nullopt;
+}
+
+QRect DeviceRect(const QTransform& toDevice, const QRect& rect) {
+    const QRectF mapped = toDevice.mapRect(QRectF(rect));
+    const QPoint topLeft(static_cast<int>(std::lround(mapped.left())), static_cast<int>(std::lround(mapped.top())));
+    const QPoint end(static_cast<int>(std::lround(mapped.right())), static_cast<int>(std::lround(mapped.bottom())));
+    return {topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y())};
+}
+
+/// Fills the sides of a rectangle, from its edge inwards.
+void FillSides(QPainter& painter, const QRect& outer, int width, const QColor& colour) {
+    for (const QRect& side : QRegion(outer).subtracted(outer.adjusted(width, width, -width, -width)))
+        painter.fillRect(side, colour);
+}
+
+/// Round the grid, outside of it.
+void PaintFrame(QPainter& painter, const QRect& grid, int width) {
+    FillSides(painter, grid.adjusted(-width, -width, width, width), width, kFrameColour);
+}
+
+/// The highlight box: one pixel from the edge, two pixels wide.
+void PaintBox(QPainter& painter, const QRect& square, const QColor& colour, int ratio) {
+    FillSides(painter, square.adjusted(ratio, ratio, -ratio, -ratio), 2 * ratio, colour);
+}
+
+void PaintNumber(QPainter& painter, const QRect& square, Long number, int ratio) {
+    const QRect corner = square.adjusted(3 * ratio, 2 * ratio, 0, 0);
+    const QString text = QString::number(number);
+    // A dark rim keeps the number readable on a white piece.
+    painter.setPen(kFrameColour);
+    for (QPoint rim : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1), QPoint(1, 1)}) {
+        painter.drawText(corner.translated(rim * ratio), Qt::AlignLeft | Qt::AlignTop, text);
+    }
+    painter.setPen(kNumberColour);
+    painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop, text);
+}
+
+QFont NumberFont(QFont font, int pixels) {
+    font.setPixelSize(std::max(1, pixels));
+    font.setBold(true);
+    return font;
+}
+
 } // namespace
 
 BoardView::BoardView(Session& session, QWidget* parent) : QWidget(parent), Game(session), Geometry(&GeometryOfSkin(0)) {
@@ -81,7 +129,7 @@ void BoardView::CarryPiece(Long value) {
     setCursor(QCursor(cursor.Picture, cursor.HotSpot.x(), cursor.HotSpot.y()));
 }
 
-void BoardView::DropCursor() {
+void BoardView::DropPiece() {
     unsetCursor();
 }
 
@@ -106,55 +154,27 @@ void BoardView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintCoordinates(painter);
 
-    QTransform toDevice = painter.deviceTransform();
-    auto deviceRect = [&](const QRect& rect) {
-        QRectF mapped = toDevice.mapRect(QRectF(rect));
-        QPoint topLeft(static_cast<int>(std::lround(mapped.left())), static_cast<int>(std::lround(mapped.top())));
-        QPoint end(static_cast<int>(std::lround(mapped.right())), static_cast<int>(std::lround(mapped.bottom())));
-        return QRect(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()));
-    };
+    const QTransform toDevice = painter.deviceTransform();
+    const int ratio = std::max(1, static_cast<int>(std::lround(toDevice.m11())));
     painter.setWorldTransform(toDevice.inverted());
-
-    QRect grid = deviceRect(SquareRect(0).united(SquareRect(kSquareCount - 1)));
-    int ratio = std::max(1, static_cast<int>(std::lround(toDevice.m11())));
-    int frame = kFrameWidth * ratio;
-    painter.fillRect(QRect(grid.left() - frame, grid.top() - frame, grid.width() + 2 * frame, frame), kFrameColour);
-    painter.fillRect(QRect(grid.left() - frame, grid.bottom() + 1, grid.width() + 2 * frame, frame), kFrameColour);
-    painter.fillRect(QRect(grid.left() - frame, grid.top(), frame, grid.height()), kFrameColour);
-    painter.fillRect(QRect(grid.right() + 1, grid.top(), frame, grid.height()), kFrameColour);
-
-    QFont numberFont = font();
-    numberFont.setPixelSize(std::max(1, deviceRect(SquareRect(0)).height() / 4));
-    numberFont.setBold(true);
-    painter.setFont(numberFont);
-
+    PaintFrame(painter, DeviceRect(toDevice, SquareRect(0).united(SquareRect(kSquareCount - 1))), kFrameWidth * ratio);
+    painter.setFont(NumberFont(font(), DeviceRect(toDevice, SquareRect(0)).height() / 4));
     for (Long view = 0; view < static_cast<Long>(kSquareCount); ++view) {
-        QRect place = SquareRect(view);
+        const QRect place = SquareRect(view);
         if (!event->region().intersects(place.adjusted(-1, -1, 1, 1))) continue;
-        QRect target = deviceRect(place);
-        const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
-        painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
-        if (square.Boxed) {
-            Long cell = CellOfView(view, Game.Settings.BoardTurned);
-            bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
-            // One pixel from the edge, two pixels wide.
-            QRect outer = target.adjusted(ratio, ratio, -ratio, -ratio);
-            QRegion box = QRegion(outer).subtracted(outer.adjusted(2 * ratio, 2 * ratio, -2 * ratio, -2 * ratio));
-            for (const QRect& side : box)
-                painter.fillRect(side, dark ? Pictures.DarkHighlight : Pictures.LightHighlight);
-        }
-        if (square.Number != 0) {
-            QRect corner = target.adjusted(3 * ratio, 2 * ratio, 0, 0);
-            QString text = QString::number(square.Number);
-            // A dark rim keeps the number readable on a white piece.
-            painter.setPen(kFrameColour);
-            for (QPoint rim : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1), QPoint(1, 1)}) {
-                painter.drawText(corner.translated(rim * ratio), Qt::AlignLeft | Qt::AlignTop, text);
-            }
-            painter.setPen(kNumberColour);
-            painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop, text);
-        }
+        PaintSquare(painter, view, DeviceRect(toDevice, place), ratio);
     }
+}
+
+void BoardView::PaintSquare(QPainter& painter, Long view, const QRect& target, int ratio) {
+    const ShownSquare& square = Squares[static_cast<std::size_t>(view)];
+    painter.drawPixmap(target.topLeft(), SquarePixmap(Pictures, square.Image, target.width(), target.height()));
+    if (square.Boxed) {
+        const Long cell = CellOfView(view, Game.Settings.BoardTurned);
+        const bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
+        PaintBox(painter, target, dark ? Pictures.DarkHighlight : Pictures.LightHighlight, ratio);
+    }
+    if (square.Number != 0) PaintNumber(painter, target, square.Number, ratio);
 }
 
 void BoardView::PaintCoordinates(QPainter& painter) const {
@@ -179,7 +199,8 @@ void BoardView::PaintCoordinates(QPainter& painter) const {
 
 void BoardView::mousePressEvent(QMouseEvent* event) {
     FlushRelease();
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+    const std::optional<MouseButton> button = GameButton(event->button());
+    if (!button) return;
     // With no other button down nothing can be left of an earlier press, even if its release went to a message box.
     if (event->buttons() == event->button()) {
         PressedView = -1;
@@ -188,7 +209,7 @@ void BoardView::mousePressEvent(QMouseEvent* event) {
     // The pointer may have come here without a move (a touch, a window that opened under it): a press follows a move.
     if (event->position() != LastPoint) MoveTo(event->position());
     if (PressedView == -1) PressedView = ViewAt(event->position());
-    if (PressedView != -1) SquareDown(PressedView, event->button());
+    if (PressedView != -1) SquareDown(PressedView, *button);
 }
 
 // The second press of two quick ones is a press like any other.
@@ -218,18 +239,18 @@ void BoardView::MoveTo(const QPointF& point) {
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     FlushRelease();
     if (PressedView == -1) return;
-    bool counts = event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
-    if (counts && event->position() != LastPoint) MoveTo(event->position()); // the last move may not have been told
+    const std::optional<MouseButton> button = GameButton(event->button());
+    if (button && event->position() != LastPoint) MoveTo(event->position()); // the last move may not have been told
     if (event->buttons() == Qt::NoButton) PressedView = -1;
-    if (!counts) return;
-    PendingRelease = event->button();
+    if (!button) return;
+    PendingRelease = button;
     QMetaObject::invokeMethod(
         this, [this] { FlushRelease(); }, Qt::QueuedConnection);
 }
 
 void BoardView::FlushRelease() {
     if (!PendingRelease) return;
-    Qt::MouseButton button = *PendingRelease;
+    const MouseButton button = *PendingRelease;
     PendingRelease.reset();
     SquareUp(button);
 }

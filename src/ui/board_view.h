@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/board_input.h"
 #include "session/session.h"
 #include "ui/board_geometry.h"
 #include "ui/skin.h"
@@ -25,7 +26,7 @@ public:
     void DrawHighlightBox(Long view);
     void LiftPiece(Long view);   ///< shows the empty square
     void CarryPiece(Long value); ///< the cursor becomes the piece
-    void DropCursor();           ///< and returns to normal
+    void DropPiece();            ///< and returns to normal
 
     bool ShowsEmptySquare(Long view) const { return IsEmptySquareImage(Squares[static_cast<std::size_t>(view)].Image); }
     bool ShowsBox(Long view) const { return Squares[static_cast<std::size_t>(view)].Boxed; }
@@ -40,9 +41,9 @@ public:
     Skin Pictures;
 
     // Mouse events that concern the game. `x` and `y` count from the corner of the square.
-    std::function<void(Long view, Qt::MouseButton button)> SquareDown = [](Long, Qt::MouseButton) {};
-    std::function<void(Long view, int x, int y)> SquareMove = [](Long, int, int) {};
-    std::function<void(Qt::MouseButton button)> SquareUp = [](Qt::MouseButton) {};
+    std::function<void(Long view, MouseButton button)> SquareDown = [](Long, MouseButton) {};
+    std::function<void(Long view, Long x, Long y)> SquareMove = [](Long, Long, Long) {};
+    std::function<void(MouseButton button)> SquareUp = [](MouseButton) {};
     std::function<void()> OutsideMove = [] {};
 
 protected:
@@ -63,13 +64,14 @@ private:
     void MoveTo(const QPointF& point);
     void FlushRelease();
     void PaintCoordinates(QPainter& painter) const;
+    void PaintSquare(QPainter& painter, Long view, const QRect& target, int ratio);
 
     Session& Game;
     const WindowGeometry* Geometry;
     std::array<ShownSquare, kSquareCount> Squares{};
     Long PressedView = -1; ///< keeps the mouse while a button is down
     QPointF LastPoint;
-    std::optional<Qt::MouseButton> PendingRelease;
+    std::optional<MouseButton> PendingRelease;
 };
 
 } // namespace tavlon12

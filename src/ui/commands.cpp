@@ -5,7 +5,6 @@
 #include "session/new_game.h"
 #include "session/play_modes.h"
 #include "session/view_commands.h"
-#include "ui/main_window.h"
 
 #include <array>
 
@@ -13,42 +12,34 @@ namespace tavlon12 {
 
 namespace {
 
-template <void (*procedure)(Session&)> void Do(MainWindow& window) {
-    procedure(window.Game);
-}
-
-void Exit(MainWindow& window) {
-    window.close();
-}
-
 // clang-format off
 constexpr std::array<CommandRow, kCommandCount> kCommands{{
-    {Command::New1, "New1", 1, "New Game", "New Game", "New Game", "Ctrl+N", "new_game", false, false, Do<NewGame>},
+    {Command::New1, "New1", 1, "New Game", "New Game", "New Game", "Ctrl+N", "new_game", false, false, NewGame},
     {Command::NewVariant, "NewVariant", 2, "New Variant", "New Variant...", "New Variant", "Ctrl+V", "new_variant", false, false, nullptr},
     {Command::Open1, "Open1", 4, "Open", "Open...", "Open", "Ctrl+O", "open", false, false, nullptr},
     {Command::Save, "Save", 5, "Save", "Save...", "Save", "Ctrl+S", "save", false, false, nullptr},
     {Command::Details, "Details", 0, "", "Details...", "", "Ctrl+D", "", false, false, nullptr},
-    {Command::Exit, "Exit", 0, "", "Exit", "", "Ctrl+X", "", false, true, Exit},
-    {Command::Compute, "Compute", 7, "Compute", "Compute", "Compute", "Ctrl+C", "compute", false, false, Do<ComputeCommand>},
-    {Command::mnu_Play_Cancel, "mnu_Play_Cancel", 8, "Cancel", "Cancel", "Cancel Computing", "Ctrl+E", "cancel", false, true, Do<CancelCommand>},
-    {Command::First, "First", 10, "First", "First", "Back to First Move", "", "first", false, false, Do<GoFirst>},
-    {Command::Moveback, "Moveback", 11, "Back", "Back", "Move Back", "Ctrl+B", "back", false, false, Do<GoBack>},
-    {Command::MoveForward, "MoveForward", 12, "Forward", "Forward", "Move Forward", "Ctrl+F", "forward", false, false, Do<GoForward>},
-    {Command::Last, "Last", 13, "Last", "Last", "Forward to Last Move", "", "last", false, false, Do<GoLast>},
-    {Command::Offerdraw, "Offerdraw", 15, "Draw", "Offer draw", "Offer Draw", "", "draw", false, false, Do<OfferDraw>},
-    {Command::Resign, "Resign", 16, "Resign", "Resign", "Resign", "", "resign", false, false, Do<Resign>},
+    {Command::Exit, "Exit", 0, "", "Exit", "", "Ctrl+X", "", false, true, nullptr},
+    {Command::Compute, "Compute", 7, "Compute", "Compute", "Compute", "Ctrl+C", "compute", false, false, ComputeCommand},
+    {Command::mnu_Play_Cancel, "mnu_Play_Cancel", 8, "Cancel", "Cancel", "Cancel Computing", "Ctrl+E", "cancel", false, true, CancelCommand},
+    {Command::First, "First", 10, "First", "First", "Back to First Move", "", "first", false, false, GoFirst},
+    {Command::Moveback, "Moveback", 11, "Back", "Back", "Move Back", "Ctrl+B", "back", false, false, GoBack},
+    {Command::MoveForward, "MoveForward", 12, "Forward", "Forward", "Move Forward", "Ctrl+F", "forward", false, false, GoForward},
+    {Command::Last, "Last", 13, "Last", "Last", "Forward to Last Move", "", "last", false, false, GoLast},
+    {Command::Offerdraw, "Offerdraw", 15, "Draw", "Offer draw", "Offer Draw", "", "draw", false, false, OfferDraw},
+    {Command::Resign, "Resign", 16, "Resign", "Resign", "Resign", "", "resign", false, false, Resign},
     {Command::Hint, "Hint", 17, "Hint", "Hint", "Hint", "", "hint", false, false, nullptr},
     {Command::Cplayer, "Cplayer", 19, "ComputerPlayer", "Player-Computer", "Computer-Player", "", "computer_player", true, false, nullptr},
     {Command::Pplayer, "Pplayer", 20, "PlayerPlayer", "Player-Player", "Player-Player", "", "player_player", true, false, nullptr},
     {Command::mnu_Play_Ccomputer, "mnu_Play_Ccomputer", 21, "ComputerComputer", "Computer-Computer", "Computer-Computer", "", "computer_computer", true, false, nullptr},
     {Command::Options, "Options", 23, "Options", "Options...", "Options", "", "options", false, false, nullptr},
     {Command::Analyze, "Analyze", 25, "Analyze", "Analyze", "Analyze", "Ctrl+A", "analyze", false, false, nullptr},
-    {Command::Turn, "Turn", 27, "TurnBoard", "Turn Board", "Turn Board", "Ctrl+T", "turn_board", false, false, Do<TurnBoard>},
-    {Command::Nonotation, "Nonotation", 0, "", "None", "", "", "", true, false, Do<ShowNoNotation>},
-    {Command::mnu_Board_Notation_Chess, "mnu_Board_Notation_Chess", 0, "", "Algebraic", "", "", "", true, false, Do<ShowAlgebraicNotation>},
-    {Command::mnu_Board_Notation_Checkers, "mnu_Board_Notation_Checkers", 0, "", "Numeric", "", "", "", true, false, Do<ShowNumericNotation>},
+    {Command::Turn, "Turn", 27, "TurnBoard", "Turn Board", "Turn Board", "Ctrl+T", "turn_board", false, false, TurnBoard},
+    {Command::Nonotation, "Nonotation", 0, "", "None", "", "", "", true, false, ShowNoNotation},
+    {Command::mnu_Board_Notation_Chess, "mnu_Board_Notation_Chess", 0, "", "Algebraic", "", "", "", true, false, ShowAlgebraicNotation},
+    {Command::mnu_Board_Notation_Checkers, "mnu_Board_Notation_Checkers", 0, "", "Numeric", "", "", "", true, false, ShowNumericNotation},
     {Command::CreateHtml, "CreateHtml", 0, "", "Create Diagram...", "", "", "", false, false, nullptr},
-    {Command::calculation, "calculation", 0, "", "Calculation", "", "", "", true, true, Do<ToggleCalculation>},
+    {Command::calculation, "calculation", 0, "", "Calculation", "", "", "", true, true, ToggleCalculation},
     {Command::rating, "rating", 0, "", "Rating...", "", "", "", false, true, nullptr},
     {Command::plyvaluetable, "plyvaluetable", 0, "", "Show Ply Value Table", "", "", "", false, false, nullptr},
     {Command::QuickRules, "QuickRules", 0, "", "Quick Rules", "", "", "", false, true, nullptr},
@@ -145,6 +136,16 @@ const CommandRow& RowOf(Command command) {
 
 std::span<const CommandRow> AllCommands() {
     return kCommands;
+}
+
+bool DoesSomething(const CommandRow& row) {
+    return row.Procedure != nullptr || row.Id == Command::Exit;
+}
+
+const CommandRow* RowAtButton(int place) {
+    for (const CommandRow& row : kCommands)
+        if (row.Button == place) return &row;
+    return nullptr;
 }
 
 std::span<const MenuLine> MenuTree() {

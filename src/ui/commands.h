@@ -1,12 +1,10 @@
 #pragma once
 
-#include "session/ui_port.h"
+#include "session/session.h"
 
 #include <span>
 
 namespace tavlon12 {
-
-class MainWindow;
 
 /// A command of the window: its menu entry and, where `Button` is not 0, its toolbar button.
 struct CommandRow {
@@ -19,15 +17,21 @@ struct CommandRow {
     const char* Shortcut; ///< "" for none
     const char* Icon;     ///< of the toolbar's pictures, without extension
     bool Checkable;
-    bool WhileThinking;             ///< may run while another command still does
-    void (*Procedure)(MainWindow&); ///< null: the command stands greyed
+    bool WhileThinking;          ///< may run while another command still does
+    void (*Procedure)(Session&); ///< null for the command Exit, which is the window's, and where nothing is done yet
 };
 
 /// In the order of `Command`.
 const CommandRow& RowOf(Command command);
 std::span<const CommandRow> AllCommands();
 
+/// Whether the command may be open at all.
+bool DoesSomething(const CommandRow& row);
+
 inline constexpr int kToolbarPlaces = 27;
+
+/// The command at a place of the toolbar, from 1; null for a separator.
+const CommandRow* RowAtButton(int place);
 
 /// A line of the menu tree, read from above: a menu holds what follows until the next one, a submenu until its end.
 struct MenuLine {

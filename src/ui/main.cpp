@@ -1,4 +1,5 @@
 #include "session/start_up.h"
+#include "ui/look.h"
 #include "ui/main_window.h"
 
 #include <QApplication>

@@ -1,28 +1,25 @@
 #include "ui/window_port.h"
 
+#include "ui/dialogs/file_dialog.h"
+#include "ui/dialogs/pdn_dialog.h"
 #include "ui/shown_text.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QTime>
-#include <QTimer>
 #include <QUrl>
 
 #ifdef TAVLON12_HAVE_MULTIMEDIA
 #include <QSoundEffect>
 #endif
 
-#include <cmath>
-
 namespace tavlon12 {
 
 namespace {
 
-constexpr unsigned kNodesPerLook = 32; ///< calls of `Yield` between two looks at the clock
-constexpr std::chrono::milliseconds kEventPause{5};
-
-QMessageBox::StandardButton Ask(MainWindow& window, QMessageBox::Icon icon, const std::string& text,
+QMessageBox::StandardButton Ask(QMainWindow& window, QMessageBox::Icon icon, const std::string& text,
                                 const std::string& title, QMessageBox::StandardButtons buttons) {
     QMessageBox box(icon, Shown(title), Shown(text), buttons, &window);
     box.setObjectName(QStringLiteral("MessageBox"));
@@ -64,27 +61,7 @@ void MarkLabel(QLabel& label, bool toMove) {
     label.setPalette(colours);
 }
 
-// Called at each node of the search: nearly always it only counts.
-void Yield(EventPump& pump) {
-    if (++pump.Calls % kNodesPerLook != 0 || pump.Inside) return;
-    if (std::chrono::steady_clock::now() - pump.Last < kEventPause) return;
-    pump.Inside = true;
-    QCoreApplication::processEvents();
-    pump.Inside = false;
-    pump.Last = std::chrono::steady_clock::now();
-}
-
-void Wait(const Session& session, double seconds) {
-    QTimer timer;
-    timer.setTimerType(Qt::PreciseTimer);
-    timer.setSingleShot(true);
-    timer.start(static_cast<int>(std::lround(seconds * 1000)));
-    while (timer.isActive() && !session.Quitting && session.Pos.StopFlag != kStopCancel) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-}
-
-void PlayWave(MainWindow& window, const std::filesystem::path& file) {
+void PlayWave(QMainWindow& window, const std::filesystem::path& file) {
 #ifdef TAVLON12_HAVE_MULTIMEDIA
     QString path = QString::fromStdString(file.string());
     auto* effect = window.findChild<QSoundEffect*>(path);
@@ -100,82 +77,146 @@ void PlayWave(MainWindow& window, const std::filesystem::path& file) {
 #endif
 }
 
-} // namespace
+/// A field that is greyed for a while keeps its focus for afterwards.
+void SetUsable(QLineEdit& field, bool on, bool& hadFocus) {
+    if (!on) hadFocus = field.hasFocus() || (!field.isEnabled() && hadFocus);
+    field.setEnabled(on);
+    if (on && hadFocus) field.setFocus();
+}
 
-void ConnectPort(MainWindow& window) {
-    UiPort& port = window.Game.Port;
-    MainWindow* w = &window;
+QWidget& WidgetOf(const CommandBar& bar, const SidePanel& panel, Control control) {
+    const auto from = [control](Control first) {
+        return static_cast<std::size_t>(control) - static_cast<std::size_t>(first);
+    };
+    if (control >= Control::mnuGame) return *bar.Menus[from(Control::mnuGame)];
+    if (control >= Control::Label1) return *panel.Labels[1 + from(Control::Label1)];
+    if (control == Control::Text1) return *panel.Text1;
+    if (control == Control::Text2) return *panel.Text2;
+    if (control == Control::Command1) return *panel.Command1;
+    return *bar.Toolbar1;
+}
 
-    auto panel = [w](int number) { return w->StatusPanels[static_cast<std::size_t>(number - 1)]; };
-    port.Status.SetStatusText = [panel](int number, const std::string& text) { panel(number)->setText(Shown(text)); };
-    port.Status.GetStatusText = [panel](int number) { return BytesOf(panel(number)->text()); };
-    port.Dialogs.ShowMessage = [w](const std::string& text, const std::string& title, MessageKind kind) {
-        Ask(*w, IconOf(kind), text, title, QMessageBox::Ok);
-    };
-    port.Dialogs.AskYesNo = [w](const std::string& text, const std::string& title) {
-        return Ask(*w, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
-    };
-    port.Status.SetWindowTitle = [w](const std::string& title) { w->setWindowTitle(Shown(title)); };
-    port.Status.SetProgress = [w](Long value) { w->Progress->setValue(value); };
-    port.Status.SetProgressRange = [w](Long minimum, Long maximum) { w->Progress->setRange(minimum, maximum); };
-    port.Status.SetSearchLine = [w](const std::string& text) { w->Labels[9]->setText(Shown(text)); };
-    port.Status.GetSearchLine = [w] { return BytesOf(w->Labels[9]->text()); };
-    port.Status.SetStrengthLine = [w](const std::string& text) { w->Labels[7]->setText(Shown(text)); };
+void ConnectStatus(StatusPort& port, QMainWindow& window, const SidePanel& panel) {
+    const auto status = [&panel](int number) { return panel.StatusPanels[static_cast<std::size_t>(number - 1)]; };
+    port.SetStatusText = [status](int number, const std::string& text) { status(number)->setText(Shown(text)); };
+    port.GetStatusText = [status](int number) { return BytesOf(status(number)->text()); };
+    port.SetProgress = [&panel](Long value) { panel.Progress->setValue(value); };
+    port.SetProgressRange = [&panel](Long minimum, Long maximum) { panel.Progress->setRange(minimum, maximum); };
+    port.SetSearchLine = [&panel](const std::string& text) { panel.Labels[9]->setText(Shown(text)); };
+    port.GetSearchLine = [&panel] { return BytesOf(panel.Labels[9]->text()); };
+    port.SetStrengthLine = [&panel](const std::string& text) { panel.Labels[7]->setText(Shown(text)); };
+    port.SetWindowTitle = [&window](const std::string& title) { window.setWindowTitle(Shown(title)); };
+}
 
-    port.Lists.ListClear = [w](ListId list) { w->ListOf(list).clear(); };
-    port.Lists.ListAdd = [w](ListId list, const std::string& line) { w->ListOf(list).addItem(Shown(line)); };
-    port.Lists.ListRemove = [w](ListId list, Long line) { delete w->ListOf(list).takeItem(line); };
-    port.Lists.ListCount = [w](ListId list) { return Long{w->ListOf(list).count()}; };
-    port.Lists.ListSelect = [w](ListId list, Long line) {
-        GameList& shown = w->ListOf(list);
-        shown.setCurrentRow(line);
-        if (line < 0) shown.clearSelection();
-    };
-    port.Lists.ListSelected = [w](ListId list) { return Long{w->ListOf(list).currentRow()}; };
-    port.Lists.ListText = [w](ListId list, Long line) {
-        QListWidgetItem* item = w->ListOf(list).item(line);
-        return item == nullptr ? std::string() : BytesOf(item->text());
-    };
-    port.Lists.SetListEnabled = [w](ListId list, bool on) { w->ListOf(list).setEnabled(on); };
-    port.Lists.FocusList = [w](ListId list) { w->ListOf(list).setFocus(); };
+/// Sets or removes the one pointer that stands above all others.
+void ShowHourglass(bool on) {
+    if (on == (QApplication::overrideCursor() != nullptr)) return;
+    if (on) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
 
-    port.Fields.SetText = [w](Control control, const std::string& text) { SetWidgetText(w->WidgetOf(control), text); };
-    port.Fields.GetText = [w](Control control) { return WidgetText(w->WidgetOf(control)); };
-    port.Fields.SetControlEnabled = [w](Control control, bool on) {
-        QWidget& widget = w->WidgetOf(control);
-        // A field that is greyed for a while keeps its focus for afterwards.
-        if (&widget == w->Text2 && !on) w->TypedLast = w->Text2->hasFocus() || (!w->Text2->isEnabled() && w->TypedLast);
-        widget.setEnabled(on);
-        if (&widget == w->Text2 && on && w->TypedLast) w->Text2->setFocus();
-    };
-    port.Commands.SetCommandEnabled = [w](Command command, bool on) {
-        w->ActionOf(command).setEnabled(on && RowOf(command).Procedure != nullptr);
-    };
-    port.Commands.SetCommandChecked = [w](Command command, bool on) {
-        w->Checked[static_cast<std::size_t>(command)] = on;
-        w->ActionOf(command).setChecked(on);
-    };
+void SelectLine(GameList& list, Long line) {
+    list.setCurrentRow(line);
+    if (line < 0) list.clearSelection();
+}
 
-    port.Files.PlaySound = [w](const std::filesystem::path& file) { PlayWave(*w, file); };
-    port.Files.OpenDocument = [](const std::string& address) {
+std::string LineText(const GameList& list, Long line) {
+    const QListWidgetItem* item = list.item(line);
+    return item == nullptr ? std::string() : BytesOf(item->text());
+}
+
+void ConnectLists(ListPort& port, const SidePanel& panel) {
+    port.ListClear = [&panel](ListId list) { panel.ListOf(list).clear(); };
+    port.ListAdd = [&panel](ListId list, const std::string& line) { panel.ListOf(list).addItem(Shown(line)); };
+    port.ListRemove = [&panel](ListId list, Long line) { delete panel.ListOf(list).takeItem(line); };
+    port.ListCount = [&panel](ListId list) { return Long{panel.ListOf(list).count()}; };
+    port.ListSelect = [&panel](ListId list, Long line) { SelectLine(panel.ListOf(list), line); };
+    port.ListSelected = [&panel](ListId list) { return Long{panel.ListOf(list).currentRow()}; };
+    port.ListText = [&panel](ListId list, Long line) { return LineText(panel.ListOf(list), line); };
+    port.SetListEnabled = [&panel](ListId list, bool on) { panel.ListOf(list).setEnabled(on); };
+    port.FocusList = [&panel](ListId list) { panel.ListOf(list).setFocus(); };
+}
+
+void ConnectFields(FieldPort& port, const CommandBar& bar, const SidePanel& panel) {
+    const auto widget = [&](Control control) -> QWidget& { return WidgetOf(bar, panel, control); };
+    port.SetText = [widget](Control control, const std::string& text) { SetWidgetText(widget(control), text); };
+    port.GetText = [widget](Control control) { return WidgetText(widget(control)); };
+    port.SetControlEnabled = [widget, &panel, hadFocus = false](Control control, bool on) mutable {
+        if (control == Control::Text2) {
+            SetUsable(*panel.Text2, on, hadFocus);
+        } else {
+            widget(control).setEnabled(on);
+        }
+    };
+    port.SetHourglass = ShowHourglass;
+    port.MarkPlayerToMove = [&panel](PlayerMark mark) {
+        MarkLabel(*panel.Labels[1], mark == PlayerMark::Label1);
+        MarkLabel(*panel.Labels[2], mark == PlayerMark::Label2);
+    };
+}
+
+void ConnectCommands(CommandPort& port, CommandBar& bar) {
+    port.SetCommandEnabled = [&bar](Command command, bool on) { bar.SetEnabled(command, on); };
+    port.SetCommandChecked = [&bar](Command command, bool on) { bar.SetChecked(command, on); };
+}
+
+void ConnectBoard(BoardPort& port, const WindowParts& parts) {
+    BoardView& board = parts.Board;
+    port.LayoutWindow = parts.LayoutWindow;
+    port.LoadSkin = [&game = parts.Game, &board] { LoadSkin(game, board.Pictures); };
+    port.PaintBoard = [&board](int overlay) { board.PaintBoard(overlay); };
+    port.ShowSquare = [&board](Long view) { board.ShowSquare(view); };
+    port.DrawHighlightBox = [&board](Long view) { board.DrawHighlightBox(view); };
+    port.LiftPiece = [&board](Long view) { board.LiftPiece(view); };
+    port.CarryPiece = [&board](Long value) { board.CarryPiece(value); };
+    port.DropPiece = [&board] { board.DropPiece(); };
+    port.ShowsEmptySquare = [&board](Long view) { return board.ShowsEmptySquare(view); };
+    port.SquareEdge = [&board] { return Long{board.SquareEdge()}; };
+}
+
+void ConnectTime(TimePort& port, const Session& game, EventPump& pump) {
+    port.Clock = [] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; };
+    port.Wait = [&game, &pump](double seconds) {
+        pump.Wait(seconds, [&game] { return !game.Quitting && game.Pos.StopFlag != kStopCancel; });
+    };
+    port.Yield = [&pump] { pump.Yield(); };
+}
+
+void ConnectFiles(FilePort& port, QMainWindow& window) {
+    port.ChooseFile = [&window](const FileQuestion& question) { return ChooseFile(&window, question); };
+    port.PlaySound = [&window](const std::filesystem::path& file) { PlayWave(window, file); };
+    port.OpenDocument = [](const std::string& address) {
         QDesktopServices::openUrl(QUrl::fromUserInput(Shown(address)));
     };
+}
 
-    port.Board.LayoutWindow = [w] { w->LayoutWindow(); };
-    port.Board.LoadSkin = [w] { LoadSkin(w->Game, w->Board->Pictures); };
-    port.Board.PaintBoard = [w](int overlay) { w->Board->PaintBoard(overlay); };
-    port.Board.ShowSquare = [w](Long view) { w->Board->ShowSquare(view); };
-    port.Board.DrawHighlightBox = [w](Long view) { w->Board->DrawHighlightBox(view); };
-    port.Fields.MarkPlayerToMove = [w](PlayerMark mark) {
-        MarkLabel(*w->Labels[1], mark == PlayerMark::Label1);
-        MarkLabel(*w->Labels[2], mark == PlayerMark::Label2);
+void ConnectDialogs(DialogPort& port, QMainWindow& window) {
+    port.ChoosePdnGame = [&window](const PdnChooser& chooser) { return ChoosePdnGame(&window, chooser); };
+    port.ShowMessage = [&window](const std::string& text, const std::string& title, MessageKind kind) {
+        Ask(window, IconOf(kind), text, title, QMessageBox::Ok);
     };
+    port.AskYesNo = [&window](const std::string& text, const std::string& title) {
+        const auto answer = Ask(window, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No);
+        return answer == QMessageBox::Yes;
+    };
+}
 
-    port.Time.Clock = [] { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; };
-    port.Time.Wait = [w](double seconds) { Wait(w->Game, seconds); };
-    port.Time.Yield = [w] { Yield(w->Pump); };
-    port.EndProgram = [w] { w->EndProgram(); };
-    window.Game.Search.Yield = port.Time.Yield;
+} // namespace
+
+void ConnectPort(const WindowParts& parts) {
+    UiPort& port = parts.Game.Port;
+    ConnectStatus(port.Status, parts.Window, parts.Panel);
+    ConnectLists(port.Lists, parts.Panel);
+    ConnectFields(port.Fields, parts.Bar, parts.Panel);
+    ConnectCommands(port.Commands, parts.Bar);
+    ConnectBoard(port.Board, parts);
+    ConnectTime(port.Time, parts.Game, parts.Pump);
+    ConnectFiles(port.Files, parts.Window);
+    ConnectDialogs(port.Dialogs, parts.Window);
+    port.EndProgram = parts.EndProgram;
 }
 
 } // namespace tavlon12

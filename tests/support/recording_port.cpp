@@ -61,12 +61,34 @@ void FillTexts(UiPort& port, RecordingPort& screen) {
     port.Fields.GetText = [&](Control control) { return screen.Texts[control]; };
 }
 
+void FillBoard(BoardPort& port, RecordedBoard& board) {
+    port.PaintBoard = [&](int overlay) {
+        board.Boxed.clear();
+        board.Lifted.clear();
+        board.NumbersShown = overlay == 1;
+    };
+    port.ShowSquare = [&](Long view) {
+        board.Boxed.erase(view);
+        board.Lifted.erase(view);
+    };
+    port.DrawHighlightBox = [&](Long view) { board.Boxed.insert(view); };
+    port.LiftPiece = [&](Long view) {
+        board.Boxed.erase(view);
+        board.Lifted.insert(view);
+    };
+    port.CarryPiece = [&](Long value) { board.Carried = value; };
+    port.DropPiece = [&] { board.Carried = 0; };
+    port.ShowsEmptySquare = [&](Long view) { return board.Lifted.contains(view) || board.IsEmpty(view); };
+    port.SquareEdge = [] { return 40; };
+}
+
 } // namespace
 
 UiPort RecordingPort::Port() {
     UiPort port;
     FillTexts(port, *this);
     FillLists(port, *this);
+    FillBoard(port.Board, Board);
     port.Fields.SetControlEnabled = [this](Control control, bool on) { ControlEnabled[control] = on; };
     port.Commands.SetCommandEnabled = [this](Command command, bool on) { Enabled[command] = on; };
     port.Fields.MarkPlayerToMove = [this](PlayerMark mark) { Mark = mark; };

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,15 @@ struct RecordedList {
     bool operator==(const RecordedList&) const = default;
 };
 
+/// The board on the screen, by its views.
+struct RecordedBoard {
+    std::set<Long> Boxed;
+    std::set<Long> Lifted; ///< the squares that look empty though a piece stands there
+    bool NumbersShown = false;
+    Long Carried = 0;                                                   ///< the piece that the mouse pointer shows
+    std::function<bool(Long view)> IsEmpty = [](Long) { return true; }; ///< of the squares that are not lifted
+};
+
 /// A screen without a window: it keeps what the logic has shown, answers questions from a queue and has a clock of its
 /// own.
 struct RecordingPort {
@@ -57,6 +67,7 @@ struct RecordingPort {
     Long Progress = 0;
     Long ProgressMinimum = 0;
     Long ProgressMaximum = 100;
+    RecordedBoard Board;
     std::vector<std::filesystem::path> Sounds;
     int LastFocus = -1;               ///< the list that has been given the focus, as a number
     std::filesystem::path File;       ///< the answer to file dialogs

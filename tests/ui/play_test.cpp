@@ -16,67 +16,44 @@ class PlayTest : public QObject {
 
 private slots:
     void TypedMoves() {
-        struct Row {
-            const char* Placement;
-            const char* Typed;
-            const char* Line; ///< empty: refused
-        };
-        const Row rows[] = {
-            {"W: c3 g3; B: c9 f8", "C3-d4", "   1. c3-d4"},
-            {"W: c3; B: d4 j8", "c3e5", "   1. c3xe5"},
-            {"W: ca; B: j8", "ca-db", "   1. ca-dbK"},
-            {"W: c3; B: d4 j8", "c3-b4", ""},
-            {"W: c3; B: j8", "", ""},
-        };
-        for (const Row& row : rows) {
-            GameWindow game;
-            game.Place("", row.Placement);
-            BoardCells before = game.Pos->Board;
-            game.TypeMove(row.Typed);
-            QCOMPARE(game.Lines(*game.Window->List1), row.Line);
-            QCOMPARE(game.Window->Text2->text(), "");
-            QVERIFY(game.Window->Text2->isEnabled());
-            if (*row.Line == 0) {
-                QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move")});
-                QCOMPARE(game.Pos->Board, before);
-            } else {
-                QVERIFY(game.Boxes.Seen.empty());
-            }
-        }
-    }
-
-    void TheButtonSendsTheTypedMove() {
         GameWindow game;
-        game.Window->Text2->setText("c5-d6");
-        game.Click(game.PointOf(*game.Window->Command1, game.Window->Command1->rect().center()));
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
+        game.TypeMove("C5-d6");
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. c5-d6");
+        QVERIFY(game.Boxes.Seen.empty());
+        game.TypeMove("c5-d6");
+        QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move")});
+        QVERIFY(game.Window->Panel.Text2->isEnabled() && game.Window->Panel.Text2->text().isEmpty());
+        game.Window->Panel.Text2->setText("b8a7");
+        game.Click(game.PointOf(*game.Window->Panel.Command1, game.Window->Panel.Command1->rect().center()));
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. c5-d6|      b8-a7");
     }
 
     void AClickInTheLegalMovesPlays() {
         GameWindow game;
-        game.ClickLine(*game.Window->List2, 2);
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
-        QVERIFY(game.Window->List2->hasFocus());
+        game.ClickLine(*game.Window->Panel.List2, 2);
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. c5-d6");
+        QVERIFY(game.Window->Panel.List2->hasFocus());
         // Black's moves stand there now; a click below the last line plays nothing.
-        QCOMPARE(game.Window->List2->count(), 11);
-        game.Click(game.PointOf(*game.Window->List2, QPoint(20, 380)));
-        QCOMPARE(game.Window->List1->count(), 1);
-        game.ClickLine(*game.Window->List2, 0);
-        QCOMPARE(game.Window->List1->count(), 2);
+        QCOMPARE(game.Window->Panel.List2->count(), 11);
+        game.Click(game.PointOf(*game.Window->Panel.List2, QPoint(20, 380)));
+        QCOMPARE(game.Window->Panel.List1->count(), 1);
+        game.ClickLine(*game.Window->Panel.List2, 0);
+        QCOMPARE(game.Window->Panel.List1->count(), 2);
     }
 
     void TheComputerAnswers() {
         GameWindow game("Classic Small", kPlayerComputer);
         game.Drag("c5", "d6");
-        QCOMPARE(game.Window->List1->count(), 2);
+        QCOMPARE(game.Window->Panel.List1->count(), 2);
         QCOMPARE(game.Game.Record.LastMoveIndex, 2);
         QVERIFY(!game.Game.Busy);
-        QVERIFY(game.Window->List1->isEnabled() && game.Window->List2->isEnabled() && game.Window->List3->isEnabled());
-        QCOMPARE(game.Window->List1->currentRow(), 1);
-        QCOMPARE(game.Window->Labels[1]->text(), "Player");
-        QCOMPARE(game.Window->Labels[2]->text(), "Computer");
-        QVERIFY(game.Window->Labels[9]->text().startsWith("Depth: 1   Best: "));
-        QVERIFY(game.Window->Labels[9]->text().contains("\nMain: "));
+        QVERIFY(game.Window->Panel.List1->isEnabled() && game.Window->Panel.List2->isEnabled() &&
+                game.Window->Panel.List3->isEnabled());
+        QCOMPARE(game.Window->Panel.List1->currentRow(), 1);
+        QCOMPARE(game.Window->Panel.Labels[1]->text(), "Player");
+        QCOMPARE(game.Window->Panel.Labels[2]->text(), "Computer");
+        QVERIFY(game.Window->Panel.Labels[9]->text().startsWith("Depth: 1   Best: "));
+        QVERIFY(game.Window->Panel.Labels[9]->text().contains("\nMain: "));
         QVERIFY(game.Window->menuBar()->actions()[2]->isEnabled());
         QVERIFY(!game.IsOn(Command::mnu_Play_Cancel));
     }
@@ -84,25 +61,26 @@ private slots:
     void AClickInTheCandidatesReplacesTheComputersMove() {
         GameWindow game("Classic Small", kPlayerComputer);
         game.Drag("c5", "d6");
-        QVERIFY(game.Window->List3->count() > 1);
-        std::string played = game.Window->List1->item(1)->text().trimmed().toStdString();
+        QVERIFY(game.Window->Panel.List3->count() > 1);
+        std::string played = game.Window->Panel.List1->item(1)->text().trimmed().toStdString();
         int other =
-            played.substr(0, 2) + played.substr(3, 2) == game.Window->List3->item(1)->text().left(4).toStdString() ? 0
-                                                                                                                   : 1;
-        QString key = game.Window->List3->item(other)->text().left(4);
-        game.ClickLine(*game.Window->List3, other);
-        QCOMPARE(game.Window->List1->count(), 2);
-        QCOMPARE(game.Window->List1->item(1)->text(), "      " + key.left(2) + "-" + key.mid(2));
+            played.substr(0, 2) + played.substr(3, 2) == game.Window->Panel.List3->item(1)->text().left(4).toStdString()
+                ? 0
+                : 1;
+        QString key = game.Window->Panel.List3->item(other)->text().left(4);
+        game.ClickLine(*game.Window->Panel.List3, other);
+        QCOMPARE(game.Window->Panel.List1->count(), 2);
+        QCOMPARE(game.Window->Panel.List1->item(1)->text(), "      " + key.left(2) + "-" + key.mid(2));
         QCOMPARE(game.Pos->Tree.SideToMove, kWhite);
-        QCOMPARE(game.Window->Labels[1]->text(), "Player");
-        QVERIFY(game.Window->List2->count() > 0);
+        QCOMPARE(game.Window->Panel.Labels[1]->text(), "Player");
+        QVERIFY(game.Window->Panel.List2->count() > 0);
         QVERIFY(!game.Game.Busy);
         QVERIFY(game.Boxes.Seen.empty());
     }
 
     void BackAndForwardAndBranchingOff() {
         GameWindow game;
-        GameList& list = *game.Window->List1;
+        GameList& list = *game.Window->Panel.List1;
         const char* moves[][2] = {{"c5", "d6"}, {"b8", "a7"}, {"g5", "h6"}, {"j8", "k7"}};
         std::vector<BoardCells> boards{game.Pos->Board};
         for (auto& move : moves) {
@@ -151,26 +129,26 @@ private slots:
         GameWindow game;
         game.Drag("c5", "d6");
         auto checked = [&] {
-            return std::array{game.Window->ActionOf(Command::mnu_Board_Notation_Chess).isChecked(),
-                              game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).isChecked(),
-                              game.Window->ActionOf(Command::Nonotation).isChecked()};
+            return std::array{game.Window->Bar.ActionOf(Command::mnu_Board_Notation_Chess).isChecked(),
+                              game.Window->Bar.ActionOf(Command::mnu_Board_Notation_Checkers).isChecked(),
+                              game.Window->Bar.ActionOf(Command::Nonotation).isChecked()};
         };
         QVERIFY((checked() == std::array{true, false, false}));
-        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        game.Window->Bar.ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
         QVERIFY((checked() == std::array{false, true, false}));
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-38");
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. 44-38");
         // A second time on the same entry the mark stays.
-        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        game.Window->Bar.ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
         QVERIFY((checked() == std::array{false, true, false}));
-        game.Window->ActionOf(Command::Nonotation).trigger();
+        game.Window->Bar.ActionOf(Command::Nonotation).trigger();
         QVERIFY((checked() == std::array{false, false, true}));
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. 44-38");
-        game.Window->ActionOf(Command::mnu_Board_Notation_Chess).trigger();
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. 44-38");
+        game.Window->Bar.ActionOf(Command::mnu_Board_Notation_Chess).trigger();
         QVERIFY((checked() == std::array{true, false, false}));
-        QCOMPARE(game.Lines(*game.Window->List1), "   1. c5-d6");
+        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. c5-d6");
 
         game.Place("PiecesOnBlack=2 | WhiteManMovement=N;W;E N;W;E", "W: c3; B: j8");
-        game.Window->ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
+        game.Window->Bar.ActionOf(Command::mnu_Board_Notation_Checkers).trigger();
         QVERIFY((checked() == std::array{true, false, false}));
     }
 
@@ -181,10 +159,10 @@ private slots:
         game.Drag("c5", "d6");
         game.Boxes.Answer = QMessageBox::No;
         game.Key(Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(game.Window->List1->count(), 1);
+        QCOMPARE(game.Window->Panel.List1->count(), 1);
         game.Boxes.Answer = QMessageBox::Yes;
         game.Key(Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(game.Window->List1->count(), 0);
+        QCOMPARE(game.Window->Panel.List1->count(), 0);
         SeenBox question{"Confirmation", "Quit current game?", QMessageBox::Question};
         QCOMPARE(game.Boxes.Seen, (std::vector{question, question}));
     }
@@ -220,16 +198,6 @@ private slots:
         // Going back opens the game again.
         game.ClickButton("Back");
         QVERIFY(!game.Game.Game.GameOver && game.IsOn(Command::Compute));
-    }
-
-    void TheLastPieceWins() {
-        GameWindow game;
-        game.Place("", "W: c3; B: d4");
-        game.Drag("c3", "e5");
-        QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{kCongratulations, "White wins!", QMessageBox::Warning}}));
-        QCOMPARE(game.Game.Game.ResultText, "1-0");
-        QVERIFY(game.Game.Game.GameOver);
-        QVERIFY(!game.IsOn(Command::Compute));
     }
 };
 

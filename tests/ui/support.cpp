@@ -3,6 +3,7 @@
 #include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/screen.h"
+#include "ui/look.h"
 #include "ui/shown_text.h"
 
 #include <QToolButton>
@@ -106,7 +107,7 @@ void GameWindow::ClickLine(GameList& list, int line) {
 }
 
 void GameWindow::ClickButton(const char* key) {
-    auto* button = Window->Toolbar1->findChild<QToolButton*>(QLatin1String(key));
+    auto* button = Window->Bar.Toolbar1->findChild<QToolButton*>(QLatin1String(key));
     Click(PointOf(*button, button->rect().center()));
 }
 
@@ -118,7 +119,7 @@ void GameWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 }
 
 void GameWindow::TypeMove(const QString& text) {
-    Click(PointOf(*Window->Text2, Window->Text2->rect().center()));
+    Click(PointOf(*Window->Panel.Text2, Window->Panel.Text2->rect().center()));
     for (QChar letter : text) QTest::keyClick(Window->windowHandle(), letter.toLatin1());
     Key(Qt::Key_Return);
 }

@@ -82,7 +82,7 @@ struct GameWindow {
     std::string Lines(const GameList& list) const; ///< joined by "|"
     std::string Status() const { return Game.Port.Status.GetStatusText(1); }
     Long Cell(std::string_view square) const { return Pos->Board[static_cast<std::size_t>(SquareOf(square))]; }
-    bool IsOn(Command command) const { return Window->ActionOf(command).isEnabled(); }
+    bool IsOn(Command command) const { return Window->Bar.ActionOf(command).isEnabled(); }
 
     TemporaryFolder Folder; ///< of the files that the program writes
     std::unique_ptr<Position> Pos;

@@ -40,14 +40,14 @@ private slots:
             clock.start();
             WhileThinking thinking(game, [&] {
                 QVERIFY(game.IsOn(Command::mnu_Play_Cancel));
-                QCOMPARE(game.Window->List1->count(), 1);
+                QCOMPARE(game.Window->Panel.List1->count(), 1);
                 if (byButton) game.ClickButton("Cancel");
             });
             game.Drag("c5", "d6");
             QVERIFY(thinking.Ran);
             // It may think for three minutes.
             QVERIFY(clock.elapsed() < 60000);
-            QCOMPARE(game.Window->List1->count(), 2);
+            QCOMPARE(game.Window->Panel.List1->count(), 2);
             QVERIFY(!game.IsOn(Command::mnu_Play_Cancel));
             QVERIFY(!game.Game.Busy);
         }
@@ -63,20 +63,20 @@ private slots:
                     row.Id == Command::Exit || row.Id == Command::mnu_Play_Cancel || row.Id == Command::calculation;
                 QVERIFY2(game.IsOn(row.Id) == usable, row.Name);
             }
-            QVERIFY(game.Window->Menus[3]->isEnabled() && game.Window->Menus[5]->isEnabled());
-            game.Window->List2->addItem("c5-d6");
-            game.Window->Text2->setText("i5-j6");
-            game.ClickLine(*game.Window->List2, 0);
-            game.ClickLine(*game.Window->List1, 0);
+            QVERIFY(game.Window->Bar.Menus[3]->isEnabled() && game.Window->Bar.Menus[5]->isEnabled());
+            game.Window->Panel.List2->addItem("c5-d6");
+            game.Window->Panel.Text2->setText("i5-j6");
+            game.ClickLine(*game.Window->Panel.List2, 0);
+            game.ClickLine(*game.Window->Panel.List1, 0);
             game.Drag("a5", "b6");
-            game.Click(game.PointOf(*game.Window->Command1, game.Window->Command1->rect().center()));
+            game.Click(game.PointOf(*game.Window->Panel.Command1, game.Window->Panel.Command1->rect().center()));
             QVERIFY(game.Game.Busy);
             QCOMPARE(game.Game.Record.LastMoveIndex, halfMoves + 1);
             bool on = game.Game.Settings.CalculationOn == 1;
-            game.Window->ActionOf(Command::calculation).trigger();
+            game.Window->Bar.ActionOf(Command::calculation).trigger();
             QCOMPARE(game.Game.Settings.CalculationOn == 1, !on);
         });
-        game.ClickLine(*game.Window->List2, 0);
+        game.ClickLine(*game.Window->Panel.List2, 0);
         QVERIFY(thinking.Ran);
         QCOMPARE(game.Game.Record.LastMoveIndex, halfMoves + 2);
         QVERIFY(game.Boxes.Seen.empty());
@@ -101,8 +101,8 @@ private slots:
         });
         game.ClickButton("Compute");
         QVERIFY(thinking.Ran);
-        QCOMPARE(game.Window->List1->count(), 1);
-        QCOMPARE(game.Window->Labels[2]->text(), "Player");
+        QCOMPARE(game.Window->Panel.List1->count(), 1);
+        QCOMPARE(game.Window->Panel.Labels[2]->text(), "Player");
     }
 
     void ClosingWhileItThinks_data() {
@@ -150,7 +150,9 @@ private slots:
         QFETCH(QString, field);
         GameWindow game("Classic Small", kPlayerComputer);
         auto* widget = game.Window->findChild<QWidget*>(field);
-        auto text = [&] { return field == "Text2" ? game.Window->Text2->text() : game.Window->Text1->toPlainText(); };
+        auto text = [&] {
+            return field == "Text2" ? game.Window->Panel.Text2->text() : game.Window->Panel.Text1->toPlainText();
+        };
         game.Click(game.PointOf(*widget, QPoint(30, 10)));
         for (char letter : std::string("abc")) QTest::keyClick(game.Window->windowHandle(), letter);
         QCOMPARE(text(), "abc");
@@ -164,7 +166,7 @@ private slots:
         QCOMPARE(text(), "abcabc");
         // No command has run: no question, no computer's move.
         QVERIFY(game.Boxes.Seen.empty());
-        QCOMPARE(game.Window->List1->count(), 0);
+        QCOMPARE(game.Window->Panel.List1->count(), 0);
 
         // Every other shortcut is the window's.
         game.Key(Qt::Key_T, Qt::ControlModifier);
@@ -177,7 +179,7 @@ private slots:
         QCOMPARE(game.Pos->Tree.TreeIndex, 2);
         QVERIFY(widget->hasFocus());
         game.Key(Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(game.Window->List1->count(), 0);
+        QCOMPARE(game.Window->Panel.List1->count(), 0);
         QCOMPARE(game.Boxes.Seen.size(), std::size_t{1});
     }
 
@@ -191,7 +193,7 @@ private slots:
             });
             game.ClickButton("Compute");
             QVERIFY2(thinking.Ran, name);
-            QCOMPARE(game.Window->List1->count(), 1);
+            QCOMPARE(game.Window->Panel.List1->count(), 1);
         }
     }
 };

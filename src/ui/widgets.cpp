@@ -1,0 +1,63 @@
+#include "ui/widgets.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tavlon12 {
+
+void GameList::mousePressEvent(QMouseEvent* event) {
+    PressCounts = event->button() == Qt::LeftButton;
+    if (PressCounts) QListWidget::mousePressEvent(event);
+}
+
+// The second half of a double click chooses nothing: it would play a move of the list that has come meanwhile.
+void GameList::mouseDoubleClickEvent(QMouseEvent*) {
+    PressCounts = false;
+}
+
+void GameList::mouseReleaseEvent(QMouseEvent* event) {
+    QListWidget::mouseReleaseEvent(event);
+    if (!PressCounts || event->button() != Qt::LeftButton || itemAt(event->position().toPoint()) == nullptr) return;
+    // After the event, as with a release over the board.
+    QMetaObject::invokeMethod(
+        this, [this] { Clicked(); }, Qt::QueuedConnection);
+}
+
+void GameList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QListWidget::keyPressEvent(event);
+        return;
+    }
+    Entered();
+}
+
+void ShortLabel::paintEvent(QPaintEvent* event) {
+    QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    if (shown == text()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(contentsRect(), static_cast<int>(alignment()), shown);
+}
+
+bool ShortLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        bool whole = fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
+        setToolTip(whole ? QString() : text());
+    }
+    return QLabel::event(event);
+}
+
+void VectorPicture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QSizeF size = QSizeF(Renderer.defaultSize()).scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
+    QRectF target(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size);
+    Renderer.render(&painter, target);
+}
+
+} // namespace tavlon12
