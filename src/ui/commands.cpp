@@ -1,9 +1,12 @@
 #include "ui/commands.h"
 
 #include "session/game_end.h"
+#include "session/load_game.h"
 #include "session/navigation.h"
 #include "session/new_game.h"
 #include "session/play_modes.h"
+#include "session/rating.h"
+#include "session/save_game.h"
 #include "session/view_commands.h"
 
 #include <array>
@@ -16,8 +19,8 @@ namespace {
 constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::New1, "New1", 1, "New Game", "New Game", "New Game", "Ctrl+N", "new_game", false, false, NewGame},
     {Command::NewVariant, "NewVariant", 2, "New Variant", "New Variant...", "New Variant", "Ctrl+V", "new_variant", false, false, nullptr},
-    {Command::Open1, "Open1", 4, "Open", "Open...", "Open", "Ctrl+O", "open", false, false, nullptr},
-    {Command::Save, "Save", 5, "Save", "Save...", "Save", "Ctrl+S", "save", false, false, nullptr},
+    {Command::Open1, "Open1", 4, "Open", "Open...", "Open", "Ctrl+O", "open", false, false, OpenCommand},
+    {Command::Save, "Save", 5, "Save", "Save...", "Save", "Ctrl+S", "save", false, false, SaveCommand},
     {Command::Details, "Details", 0, "", "Details...", "", "Ctrl+D", "", false, false, nullptr},
     {Command::Exit, "Exit", 0, "", "Exit", "", "Ctrl+X", "", false, true, nullptr},
     {Command::Compute, "Compute", 7, "Compute", "Compute", "Compute", "Ctrl+C", "compute", false, false, ComputeCommand},
@@ -40,7 +43,7 @@ constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::mnu_Board_Notation_Checkers, "mnu_Board_Notation_Checkers", 0, "", "Numeric", "", "", "", true, false, ShowNumericNotation},
     {Command::CreateHtml, "CreateHtml", 0, "", "Create Diagram...", "", "", "", false, false, nullptr},
     {Command::calculation, "calculation", 0, "", "Calculation", "", "", "", true, true, ToggleCalculation},
-    {Command::rating, "rating", 0, "", "Rating...", "", "", "", false, true, nullptr},
+    {Command::rating, "rating", 0, "", "Rating...", "", "", "", false, true, ShowRating},
     {Command::plyvaluetable, "plyvaluetable", 0, "", "Show Ply Value Table", "", "", "", false, false, nullptr},
     {Command::QuickRules, "QuickRules", 0, "", "Quick Rules", "", "", "", false, true, nullptr},
     {Command::Rules, "Rules", 0, "", "Rules", "", "F1", "", false, true, nullptr},

@@ -99,8 +99,10 @@ void MainWindow::LayoutWindow() {
     for (std::size_t i = 10; i < Panel.Labels.size(); ++i) Panel.Labels[i]->setVisible(extraPieces);
     Board->SetGeometry(geometry);
 
-    setFixedSize(geometry.Width, geometry.Height); // the menu bar is part of it, the places are counted from below it
-    if (QScreen* on = screen()) {
+    const QSize whole(geometry.Width, geometry.Height); // with the menu bar, from below which the places are counted
+    const bool resized = size() != whole;
+    setFixedSize(whole);
+    if (QScreen* on = screen(); on != nullptr && resized) {
         QRect frame = frameGeometry();
         frame.moveCenter(on->availableGeometry().center());
         // On a screen that is too small the title bar stays in reach.
@@ -138,16 +140,21 @@ void MainWindow::Run(const std::function<void()>& procedure, bool nested) {
     ++Running;
     procedure();
     --Running;
-    if (Running == 0 && Game.Quitting && !ClosingForGood) {
-        ClosingForGood = true;
-        close();
-    }
+    if (Running > 0 || !Game.Quitting) return;
+    CloseForGood();
+    close();
 }
 
 void MainWindow::EndProgram() {
     ExitCode = 1;
-    ClosingForGood = true;
+    CloseForGood();
     close();
+}
+
+void MainWindow::CloseForGood() {
+    if (ClosingForGood) return;
+    ClosingForGood = true;
+    CloseMainWindow(Game);
 }
 
 // While a procedure is under way the window only notes that it is to close: what runs still uses it.
@@ -162,7 +169,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     bool yes = CloseRequested(Game);
     AskingToClose = false;
     if (!yes || Running > 0) return;
-    ClosingForGood = true;
+    CloseForGood();
     event->accept();
 }
 

@@ -49,6 +49,8 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    /// What the program keeps for its next start is written, once.
+    void CloseForGood();
     void MakeClient();
     void ConnectBoardMouse();
     void ConnectPanel();
