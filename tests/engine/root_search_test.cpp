@@ -192,7 +192,10 @@ TEST(RootSearch, TheEndOfTheProgramWaitsForNothing) {
 TEST(RootSearch, ALimitPassedInLookaheadEndsTheSearchAlone) {
     Thinking thinking{Engine(WalkTooLongInLookahead())};
     const RootImage before = ImageOf(*thinking.Pos);
-    thinking.Think(5);
+    thinking.Input.LastScore = 77;
+    thinking.State->Yield = [&] { EXPECT_EQ(thinking.Pos->JumpLimit, kLookaheadJumps); };
+    EXPECT_EQ(thinking.Think(5), 77) << "no score comes from a search that was given up";
+    EXPECT_TRUE(thinking.Bests.empty());
     EXPECT_FALSE(thinking.Pos->Fault.Passed());
     EXPECT_FALSE(thinking.State->SearchAborted) << "it is no cancel";
     EXPECT_EQ(thinking.Pos->StopFlag, 0);
