@@ -53,6 +53,7 @@ private:
     void ConnectBoardMouse();
     void ConnectPanel();
     void SetFocusOrder();
+    bool MayClose();
     bool IsShortcut(const QKeyEvent& key) const;
 
     EventPump Pump;
@@ -60,6 +61,7 @@ private:
     int Running = 0; ///< procedures under way, one inside the other
     bool AskingToClose = false;
     bool ClosingForGood = false;
+    bool Closed = false; ///< what the program keeps has been written
 };
 
 } // namespace tavlon12
