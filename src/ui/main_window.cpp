@@ -10,9 +10,11 @@
 #include "ui/window_port.h"
 
 #include <QCloseEvent>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 namespace tavlon12 {
 
@@ -140,37 +142,34 @@ void MainWindow::Run(const std::function<void()>& procedure, bool nested) {
     ++Running;
     procedure();
     --Running;
-    if (Running > 0 || !Game.Quitting) return;
-    CloseForGood();
-    close();
+    if (Running == 0 && Game.Quitting && !ClosingForGood) {
+        ClosingForGood = true;
+        close();
+    }
 }
 
 void MainWindow::EndProgram() {
     ExitCode = 1;
-    CloseForGood();
+    ClosingForGood = true;
     close();
 }
 
-void MainWindow::CloseForGood() {
-    if (ClosingForGood) return;
-    ClosingForGood = true;
-    CloseMainWindow(Game);
+// While a procedure is under way the window only notes that it is to close: what runs still uses it.
+bool MainWindow::MayClose() {
+    if (ClosingForGood) return true;
+    if (AskingToClose || Game.Quitting) return false;
+    const QScopedValueRollback asking(AskingToClose, true);
+    return CloseRequested(Game) && Running == 0;
 }
 
-// While a procedure is under way the window only notes that it is to close: what runs still uses it.
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (ClosingForGood) {
-        event->accept();
+    if (!MayClose()) {
+        event->ignore();
         return;
     }
-    event->ignore();
-    if (AskingToClose || Game.Quitting) return;
-    AskingToClose = true;
-    bool yes = CloseRequested(Game);
-    AskingToClose = false;
-    if (!yes || Running > 0) return;
-    CloseForGood();
+    ClosingForGood = true;
     event->accept();
+    if (!std::exchange(Closed, true)) CloseMainWindow(Game);
 }
 
 bool MainWindow::IsShortcut(const QKeyEvent& key) const {

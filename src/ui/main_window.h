@@ -55,6 +55,7 @@ private:
     void ConnectBoardMouse();
     void ConnectPanel();
     void SetFocusOrder();
+    bool MayClose();
     bool IsShortcut(const QKeyEvent& key) const;
 
     EventPump Pump;
@@ -62,6 +63,7 @@ private:
     int Running = 0; ///< procedures under way, one inside the other
     bool AskingToClose = false;
     bool ClosingForGood = false;
+    bool Closed = false; ///< what the program keeps has been written
 };
 
 } // namespace tavlon12

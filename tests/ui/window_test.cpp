@@ -1,3 +1,4 @@
+#include "session/program_files.h"
 #include "session/screen.h"
 #include "support.h"
 #include "ui/shown_text.h"
@@ -196,6 +197,15 @@ private slots:
         game.ClickButton("New Game");
         QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Error found! Tavlon12 will exit")});
         QVERIFY(!game.Window->isVisible());
+    }
+
+    void ClosingKeepsTheSettings() {
+        GameWindow game;
+        game.ClickButton("TurnBoard");
+        QVERIFY(game.Window->close());
+        const auto kept = ReadFileWith(game.Folder.Path / kSettingsFile, ReadSettings);
+        QVERIFY(kept && kept->User.BoardTurned == game.Game.Settings.BoardTurned);
+        QVERIFY(kept->User.BoardTurned != UserSettings().BoardTurned);
     }
 };
 
