@@ -173,6 +173,7 @@ TEST(BoardInput, PressesThatCountForNothing) {
     mouse.Press("c3");
     EXPECT_EQ(input.DragSource, mouse.View("c3"));
 
+    mouse.Carry("c3", "d4");
     mouse.Game.Busy = true;
     mouse.Release();
     EndBoardInput(mouse.Game);
@@ -181,6 +182,10 @@ TEST(BoardInput, PressesThatCountForNothing) {
     EndBoardInput(mouse.Game);
     EXPECT_EQ(input.DragSource, -1);
     EXPECT_EQ(mouse.Screen.Board.Carried, 0);
+
+    mouse.Press("c3");
+    mouse.Release();
+    EXPECT_EQ(mouse.Moves(), kNone) << "nothing is left of where the piece was carried";
 
     mouse.Game.Game.GameOver = true;
     mouse.Drag("c3", "d4");
