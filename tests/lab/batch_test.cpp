@@ -48,8 +48,8 @@ TEST(Batch, AnswersEveryLineAndGoesOnAfterErrors) {
     EXPECT_EQ(run.Status, 0);
     EXPECT_EQ(run.Error, "");
     EXPECT_EQ(run.Output, "perft 1 11\n.\n"
-                          "error unknown command \"nonsense\", must be moves, perft, eval, search, bench or batch\n.\n"
-                          "error no command, must be moves, perft, eval, search, bench or batch\n.\n"
+                          "error unknown command \"nonsense\", must be moves, perft, eval, search, bench, games, load or batch\n.\n"
+                          "error no command, must be moves, perft, eval, search, bench, games, load or batch\n.\n"
                           "error a batch cannot run in a batch\n.\n"
                           "error the quote ' is not closed\n.\n"
                           "error the line holds a NUL byte\n.\n"

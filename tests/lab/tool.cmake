@@ -25,5 +25,5 @@ expect("" 2 "" "no command")
 expect("" 2 "" "batch takes no options" batch --fast)
 expect("" 0 "" "" batch)
 expect("perft --depth 1\nbad\nperft --depth 2" 0
-    "perft 1 11\n.\nerror unknown command \"bad\", must be moves, perft, eval, search, bench or batch\n.\nperft 1 11\nperft 2 121\n.\n"
+    "perft 1 11\n.\nerror unknown command \"bad\", must be moves, perft, eval, search, bench, games, load or batch\n.\nperft 1 11\nperft 2 121\n.\n"
     "" batch)

@@ -23,7 +23,7 @@ TEST_P(BadUsage, TellsOneLineAndPrintsNothing) {
 
 INSTANTIATE_TEST_SUITE_P(
     Words, BadUsage,
-    testing::Values(BadLine{"", "no command, must be moves, perft, eval, search, bench or batch"},
+    testing::Values(BadLine{"", "no command, must be moves, perft, eval, search, bench, games, load or batch"},
                     BadLine{"moves now", "unknown argument \"now\""},
                     BadLine{"moves --depth 3", "--depth is no option of moves"}, BadLine{"perft", "--depth is missing"},
                     BadLine{"perft --depth", "--depth has no value"},
