@@ -57,9 +57,9 @@ struct SearchState {
     bool LostFlag = false;    ///< the last evaluation found its side lost by the pieces or the winning squares
     bool NoMovesDraw = false; ///< it found the side to move without moves where that is a draw
     bool SearchAborted = false;
-    bool Unwind = false;      ///< with `SearchAborted`: every member returns at once, not only those that choose moves
+    bool Unwind = false; ///< with `SearchAborted`: every member returns at once, not only those that choose moves
     CancelMode Cancel = CancelMode::Ends;
-    Long ExtensionLimit = 0;  ///< plies from the root beyond which nothing is extended
+    Long ExtensionLimit = 0;     ///< plies from the root beyond which nothing is extended
     std::uint64_t NodeCount = 0; ///< calls of search members since it was last set to 0
 
     std::mt19937 Random{1};

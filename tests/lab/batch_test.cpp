@@ -47,14 +47,15 @@ TEST(Batch, AnswersEveryLineAndGoesOnAfterErrors) {
     ToolRun run = RunLine("batch", input);
     EXPECT_EQ(run.Status, 0);
     EXPECT_EQ(run.Error, "");
-    EXPECT_EQ(run.Output, "perft 1 11\n.\n"
-                          "error unknown command \"nonsense\", must be moves, perft, eval, search, bench, games, load or batch\n.\n"
-                          "error no command, must be moves, perft, eval, search, bench, games, load or batch\n.\n"
-                          "error a batch cannot run in a batch\n.\n"
-                          "error the quote ' is not closed\n.\n"
-                          "error the line holds a NUL byte\n.\n"
-                          "perft 1 11\nperft 2 121\n.\n"
-                          "perft 1 11\n.\n");
+    EXPECT_EQ(run.Output,
+              "perft 1 11\n.\n"
+              "error unknown command \"nonsense\", must be moves, perft, eval, search, bench, games, load or batch\n.\n"
+              "error no command, must be moves, perft, eval, search, bench, games, load or batch\n.\n"
+              "error a batch cannot run in a batch\n.\n"
+              "error the quote ' is not closed\n.\n"
+              "error the line holds a NUL byte\n.\n"
+              "perft 1 11\nperft 2 121\n.\n"
+              "perft 1 11\n.\n");
 }
 
 TEST(Batch, RefusesAVeryLongLineAndReadsTheNext) {

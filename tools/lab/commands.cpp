@@ -129,7 +129,8 @@ void SearchAndTell(const Options& options, Workbench& bench, Report& report) {
     const RootSearchResult result = SearchRoot(position, search, input, hooks, game.Thought.RootMoves);
     SortCandidates(game);
     for (Long i = 0; i < MoveCount(position.Tree); ++i) {
-        AddLine(report.Output, "candidate", game.Thought.RootMoves[i].From, game.Thought.RootMoves[i].To, game.Thought.RootMoves[i].Score);
+        AddLine(report.Output, "candidate", game.Thought.RootMoves[i].From, game.Thought.RootMoves[i].To,
+                game.Thought.RootMoves[i].Score);
     }
     const MoveRecord& best = position.Moves[position.Tree.PlyFirstMove[0]];
     AddLine(report.Output, "bestmove", best.From, best.To, result.LastScore);

@@ -23,7 +23,8 @@ Failure RunCommand(Lab& lab, std::span<const std::string> words, Report& report)
 /// Carries out the command of the options on a workbench made for it.
 Failure RunPrepared(Lab& lab, const Options& options, Report& report);
 
-/// The whole program: 0 or the status of the report, or 2 after a line on `err` and nothing on `out`. `batch` reads its command lines from `in`.
+/// The whole program: 0 or the status of the report, or 2 after a line on `err` and nothing on `out`. `batch` reads its
+/// command lines from `in`.
 int RunTool(Lab& lab, std::span<const std::string> words, std::istream& in, std::ostream& out, std::ostream& err);
 
 } // namespace tavlon12::lab

@@ -32,7 +32,7 @@ std::filesystem::path ChooseFile(QWidget* parent, const FileQuestion& question) 
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setNameFilters(FiltersOf(question.Filter));
     dialog.setAcceptMode(question.ToSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(QFileDialog::AnyFile); // the game answers a name that does not exist itself
+    dialog.setFileMode(QFileDialog::AnyFile);            // the game answers a name that does not exist itself
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the game asks itself, and adds to a file of games
     const auto follow = [&dialog](const QString& filter) { dialog.setDefaultSuffix(EndingOf(filter)); };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
