@@ -16,6 +16,8 @@ struct RootMove {
     Long From = kNotFilled;
     Long To = 0;
     Long Score = kNotFilled;
+
+    bool operator==(const RootMove&) const = default;
 };
 
 /// Parallel to the root stretch of the move list, and as large.

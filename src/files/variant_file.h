@@ -18,6 +18,8 @@ struct VariantTexts {
     std::string VariantHelp;
     std::string HelpLink;
     std::string QuickHelpLink;
+
+    bool operator==(const VariantTexts&) const = default;
 };
 
 /// What a definition says.

@@ -57,6 +57,7 @@ struct MoveRecord {
     Long SortScore = 0;
 
     bool IsCapture() const { return Captures.Count != 0; }
+    bool operator==(const MoveRecord&) const = default;
 };
 
 /// The shared list of all plies: ply p owns the slots `PlyFirstMove[p]` to `PlyFirstMove[p + 1]` - 1 of the game tree.

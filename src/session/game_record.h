@@ -38,6 +38,8 @@ struct GameRecord {
     /// Row n holds the pair n from 1 on. Columns 0 and 1: move key, a blank, shown text ("c3d4 c3-d4"); 2 and 3: kind;
     /// 4: the depth of the row's computer move, or "2" after a person's.
     std::array<std::array<std::string, 5>, kMaxHalfMoves / 2 + 2> GameRows{};
+
+    bool operator==(const GameRecord&) const = default;
 };
 
 } // namespace tavlon12

@@ -35,6 +35,8 @@ struct BoardInput {
     bool PopupJustClosed = false;
     bool AfterPopup = false;     ///< presses are ignored until the mouse has moved
     bool SelfMoveExists = false; ///< a legal move of the pressed piece ends where it stands
+
+    bool operator==(const BoardInput&) const = default;
 };
 
 /// The variant that is played: its definition file, and what that file says.
@@ -44,6 +46,8 @@ struct VariantState {
     RuleSet DefinedRules;                      ///< the rules in force may differ
     VariantTexts Texts;
     bool CustomSetup = false; ///< the start position was set by hand, loaded or drawn; a new game keeps it
+
+    bool operator==(const VariantState&) const = default;
 };
 
 /// The state of a game beside its record. A new game assigns it anew.
@@ -64,6 +68,8 @@ struct GameState {
     std::string BookStatusText;
     std::string GameFileName;
     std::string CaptureChar = "x"; ///< between the squares of a capture; ":" with `ColonCapture`
+
+    bool operator==(const GameState&) const = default;
 };
 
 /// What one thinking leaves for the commands after it. The next thinking and a new game assign it anew.
@@ -73,12 +79,16 @@ struct Thinking {
     bool FromBook = false;  ///< the move came from the opening book
     Long PredictedFrom = 0; ///< the reply that the main line expects
     Long PredictedTo = 0;
+
+    bool operator==(const Thinking&) const = default;
 };
 
 /// The names of the two sides. "Computer" marks the side that the computer plays.
 struct PlayerNames {
     std::string BlackPlayerName; ///< the side that begins, shown by `Label1`
     std::string WhitePlayerName; ///< the other side, shown by `Label2`
+
+    bool operator==(const PlayerNames&) const = default;
 };
 
 /// The game being played with the user's settings. One for the life of the process; tests hold several.

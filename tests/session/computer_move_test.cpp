@@ -1,4 +1,7 @@
 #include "session/computer_move.h"
+#include "session/navigation.h"
+#include "session/play_modes.h"
+#include "session/thinking.h"
 #include "support/game_setup.h"
 
 #include <gtest/gtest.h>
@@ -9,12 +12,6 @@ namespace {
 using support::LimitDepth;
 using support::StartGame;
 using support::Texts;
-
-void Think(Session& game) {
-    game.Busy = true;
-    ThinkComputerMove(game);
-    game.Busy = false;
-}
 
 TEST(ForcedEnd, IsCountedInMovesOfItsSide) {
     struct Row {
@@ -39,7 +36,7 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     Session& game = fixture.Game;
     LimitDepth(fixture, 3);
     StartGame(fixture, support::RulesWith(""));
-    Think(game);
+    LetComputerReply(game);
 
     const GameRecord& record = game.Record;
     EXPECT_EQ(fixture.Pos->Tree.TreeIndex, 1);
@@ -64,7 +61,6 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     const std::string best = "Depth: 3   Best: " + cell.substr(5) + "   Score:" + Str(game.Game.LastScore);
     EXPECT_EQ(fixture.Screen.SearchLine, best + "   Time: 00:00.00\nMain: " + game.Thought.MainLineText);
     EXPECT_TRUE(game.Thought.MainLineText.starts_with(cell.substr(5) + " "));
-    EXPECT_TRUE(support::WasShown(fixture.Screen, "Thinking..."));
     EXPECT_TRUE(support::WasShown(fixture.Screen, "Thinking... (1)  a5-b6"));
     EXPECT_EQ(fixture.Screen.Status[1], "Black moves");
     EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 10   Depth: 3 ply");
@@ -73,82 +69,104 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     EXPECT_EQ(fixture.Screen.ProgressMaximum, 33);
 }
 
+TEST(ComputerMove, AnnouncesAForcedEnd) {
+    const std::pair<std::string_view, std::string_view> rows[] = {
+        {"W: b2 c1 d4; B: a3 c9", "Black moves"},
+        {"W: c3 d2; B: a5", "Computer is winning in 2 moves! "},
+        {"W: a3 l4; B: c5 j6 f0", "Computer is losing in 2 moves! "},
+    };
+    for (const auto& [placement, text] : rows) {
+        SessionFixture fixture;
+        LimitDepth(fixture, 4);
+        StartGame(fixture, "", placement);
+        LetComputerReply(fixture.Game);
+        EXPECT_EQ(fixture.Screen.Status[1], text);
+        EXPECT_EQ(fixture.Game.Game.MateAnnounced, text != "Black moves");
+        GoBack(fixture.Game);
+        EXPECT_EQ(fixture.Game.Thought.RootMoves[0].From, kNotFilled) << "the candidates were those of the move";
+    }
+}
+
+TEST(ComputerMove, KeepsWhatWasAheadUntilItsMoveIsEntered) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.Settings.PlayMode = kPlayerPlayer;
+    LimitDepth(fixture, 2);
+    support::Random random(6);
+    StartGame(fixture, support::RulesWith(""));
+    for (Long halfMove = 1; halfMove <= 6; ++halfMove) {
+        ASSERT_TRUE(support::PlayRandomMove(game, random));
+        game.Record.MoveComments[halfMove] = "comment";
+        game.Record.MoveScores[halfMove] = 1000 + halfMove;
+    }
+    GoToMove(game, 4, false, false);
+    Long looks = 0;
+    fixture.Screen.OnYield = [&] {
+        ++looks;
+        ASSERT_EQ(game.Record.LastMoveIndex, 6);
+        for (Long halfMove : {3, 6}) {
+            ASSERT_EQ(game.Record.MoveComments[halfMove], "comment");
+            ASSERT_EQ(game.Record.MoveScores[halfMove], 1000 + halfMove);
+            ASSERT_NE(game.Record.MoveHistory[halfMove].From, 0);
+            ASSERT_NE(game.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)], "");
+        }
+    };
+    LetComputerReply(game);
+    EXPECT_GT(looks, 0);
+    EXPECT_EQ(game.Record.LastMoveIndex, 3);
+    EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines.size(), 3u);
+    for (Long halfMove : {3, 4, 5, 6}) EXPECT_EQ(game.Record.MoveComments[halfMove], "");
+    EXPECT_EQ(game.Record.MoveHistory[4].From, 0);
+}
+
+TEST(ComputerMove, RunsOutOfTimeWithoutACancelAndACancelStays) {
+    for (Long mode : {kPlayerComputer, kComputerComputer}) {
+        for (bool cancels : {false, true}) {
+            SCOPED_TRACE(testing::Message() << "mode " << mode << (cancels ? ", cancel" : ""));
+            SessionFixture fixture;
+            Session& game = fixture.Game;
+            game.Settings.PlayMode = mode;
+            game.Settings.Limits = {0, 1, 0, 20};
+            StartGame(fixture, support::RulesWith(""));
+            fixture.Screen.TickPerReading = cancels ? 0.0 : 1.0;
+            Long looks = 0;
+            fixture.Screen.OnYield = [&] {
+                if (cancels && ++looks == 1) CancelCommand(game);
+            };
+            LetComputerReply(game);
+            EXPECT_EQ(game.Record.LastMoveIndex, 1);
+            EXPECT_EQ(game.Search.SearchAborted, cancels);
+            EXPECT_EQ(game.Pos.StopFlag, 0);
+            EXPECT_EQ(fixture.Screen.ProgressMaximum, 20);
+            EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 10   Time: 20 sec");
+        }
+    }
+}
+
+TEST(ComputerMove, IsAsStrongAsTheSettings) {
+    constexpr Long kNoise[] = {0, 5, 70, 140, 210, 280, 350, 420, 490, 560};
+    for (Byte step = 0; step < 10; ++step) {
+        SessionFixture fixture;
+        LimitDepth(fixture, 1);
+        fixture.Game.Settings.Limits.StrengthStep = step;
+        StartGame(fixture, "", "W: c3; B: j8");
+        LetComputerReply(fixture.Game);
+        EXPECT_EQ(fixture.Search->NoiseRange, kNoise[step]);
+    }
+}
+
 TEST(ComputerMove, DoesNotThinkInAFullGame) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     StartGame(fixture, "", "W: c3; B: h8");
     fixture.Pos->Tree.TreeIndex = kMaxHalfMoves;
     game.Settings.PlayMode = kComputerComputer;
-    Think(game);
+    LetComputerReply(game);
     EXPECT_EQ(fixture.Screen.Messages.size(), 1u);
     EXPECT_EQ(fixture.Pos->Tree.TreeIndex, kMaxHalfMoves);
     EXPECT_TRUE(fixture.Search->SearchAborted) << "ends a game of the computer against itself";
     EXPECT_FALSE(fixture.Screen.Enabled.at(Command::mnu_Play_Cancel));
 }
-
-struct EndCase {
-    std::string_view Name;
-    std::string_view Rules;
-    std::string_view Placement;
-    Long SideToMove;
-    bool MoveIsMade;
-    std::string_view Text;   ///< of the message; empty when the game goes on
-    std::string_view Status; ///< when it differs from the text
-    std::string_view Result;
-};
-
-void PrintTo(const EndCase& test, std::ostream* stream) {
-    *stream << test.Name;
-}
-
-class EndByComputer : public testing::TestWithParam<EndCase> {};
-
-TEST_P(EndByComputer, IsToldOnceWithItsResult) {
-    const EndCase& test = GetParam();
-    SessionFixture fixture;
-    Session& game = fixture.Game;
-    game.Settings.UserName = "Ada";
-    game.Settings.KingVersusKing = 1;
-    LimitDepth(fixture, 4);
-    StartGame(fixture, test.Rules, test.Placement, test.SideToMove);
-    Think(game);
-    EXPECT_EQ(fixture.Pos->Tree.TreeIndex, test.MoveIsMade ? 1 : 0);
-    EXPECT_EQ(game.Game.GameOver, !test.Text.empty());
-    EXPECT_EQ(Texts(fixture.Screen.Messages),
-              std::vector<std::string>(test.Text.empty() ? 0 : 1, std::string(test.Text)));
-    EXPECT_EQ(fixture.Screen.Status[1], test.Status.empty() ? test.Text : test.Status);
-    EXPECT_EQ(game.Game.ResultText, test.Result);
-    EXPECT_EQ(fixture.Screen.Enabled.at(Command::Compute), test.Text.empty());
-    EXPECT_TRUE(fixture.Screen.Enabled.at(Command::New1));
-    EXPECT_EQ(fixture.Screen.List(ListId::List2).Enabled, test.Text.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, EndByComputer,
-    testing::Values(
-        // Nothing to think about
-        EndCase{"NoMoves", "", "W: a3; B: b4 c5", kWhite, false, "Ada wins!", "", "0-1"},
-        EndCase{"NoMovesForBlackWhoBegan", "", "W: ka j0; B: lb", kBlack, false, "Ada wins!", "", "0-1"},
-        EndCase{"NoPieces", "", "B: h8", kWhite, false, "Ada wins!", "", "0-1"},
-        EndCase{"FewPieces", "NumberPieces=1", "W: c3; B: h8 j8", kWhite, false, "Ada wins!", "", "0-1"},
-        EndCase{"GoalReachedByUser", "KingWin=1", "W: c5; B: Ka1 j8", kWhite, false, "Ada wins!", "", "0-1"},
-        EndCase{"AntiNoMoves", "AntiMode=1", "W: a3; B: b4 c5", kWhite, false, "Computer wins!", "", "1-0"},
-        EndCase{"AntiNoPieces", "AntiMode=1", "B: h8", kWhite, false, "Computer wins!", "", "1-0"},
-        EndCase{"AlreadyWon", "", "W: c3", kWhite, false, "Computer wins!", "", "1-0"},
-        EndCase{"BlockedDraw", "NoLegalDraw=1", "W: a3; B: b4 c5", kWhite, false, "It's a draw!", "", "1/2-1/2"},
-        // The move ends the game
-        EndCase{"TakesTheLast", "", "W: c3; B: d4", kWhite, true, "Computer wins!", "", "1-0"},
-        EndCase{"BlackTakesTheLast", "", "W: d4; B: e5", kBlack, true, "Computer wins!", "", "1-0"},
-        EndCase{"Blocks", "", "W: b2 c1 d4; B: a3 c9", kWhite, true, "", "Black moves", ""},
-        EndCase{"FirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, true, "Computer wins!", "", "1-0"},
-        EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, true, "Computer wins!", "", "1-0"},
-        EndCase{"AntiGivesTheLast", "AntiMode=1", "W: c3; B: d4", kWhite, true, "Ada wins!", "", "0-1"},
-        EndCase{"KingsDraw", "LongKings=0", "W: Ka1; B: Klb", kWhite, true, "It's a draw! King versus King", "",
-                "1/2-1/2"},
-        // A forced end is announced
-        EndCase{"Winning", "", "W: c3 d2; B: a5", kWhite, true, "", "Computer is winning in 2 moves! ", ""},
-        EndCase{"Losing", "", "W: a3 l4; B: c5 j6 f0", kWhite, true, "", "Computer is losing in 2 moves! ", ""}),
-    [](const auto& test) { return std::string(test.param.Name); });
 
 TEST(DrawQuestion, IsAskedWhenTheGameStandsStill) {
     struct Row {
@@ -184,7 +202,7 @@ TEST(DrawQuestion, IsAskedWhenTheGameStandsStill) {
             game.Game.Stagnation = 2;
             game.Game.MateAnnounced = row.MateAnnounced;
             fixture.Screen.Answers = {answer};
-            Think(game);
+            LetComputerReply(game);
             const std::vector<RecordedQuestion> expected(row.Asked ? 1 : 0, {"How about a draw?", "Question"});
             EXPECT_EQ(fixture.Screen.Questions, expected);
             EXPECT_EQ(game.Game.LastDrawAsk, row.Asked ? kHalfMove : row.LastDrawAsk);

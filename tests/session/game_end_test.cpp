@@ -1,6 +1,7 @@
 #include "session/game_end.h"
 #include "session/human_move.h"
-#include "session/input_move.h"
+#include "session/navigation.h"
+#include "session/play_modes.h"
 #include "support/game_setup.h"
 
 #include <gtest/gtest.h>
@@ -8,31 +9,39 @@
 namespace tavlon12 {
 namespace {
 
+using support::NamedCase;
+using support::Play;
 using support::StartGame;
 using support::Texts;
 
-/// Plays moves of two persons, "c3d4 h8g7".
-void PlayAll(Session& game, std::string_view moves) {
-    for (std::size_t at = 0; at < moves.size(); at += 5) {
-        const MoveAnswer answer = InputMove(game, moves.substr(at, 4));
-        ASSERT_TRUE(std::holds_alternative<MadeMove>(answer)) << moves.substr(at, 4);
-        CommitHumanMove(game, std::get<MadeMove>(answer), MovePath::Board);
-    }
+/// Everything that goes on with a game is shut, and a typed move is answered with the end.
+void ExpectEnded(SessionFixture& fixture, std::string_view text, std::string_view result) {
+    RecordingPort& screen = fixture.Screen;
+    EXPECT_TRUE(fixture.Game.Game.GameOver);
+    EXPECT_EQ(fixture.Game.Game.ResultText, result);
+    EXPECT_EQ(screen.Status[1], text);
+    for (Command command : {Command::Compute, Command::Analyze, Command::Offerdraw, Command::Resign, Command::Hint,
+                            Command::mnu_Play_Ccomputer})
+        EXPECT_FALSE(screen.Enabled.at(command)) << static_cast<int>(command);
+    EXPECT_FALSE(screen.List(ListId::List2).Enabled);
+    EXPECT_EQ(screen.Mark, PlayerMark::None);
+    const auto messages = screen.Messages;
+    screen.Status[1] = "";
+    screen.Texts[Control::Text2] = "c3-d4";
+    SubmitTypedMove(fixture.Game);
+    EXPECT_EQ(screen.Texts[Control::Text2], "");
+    EXPECT_EQ(screen.Status[1], text);
+    EXPECT_EQ(screen.Messages, messages);
 }
 
-struct EndCase {
-    std::string_view Name;
+struct EndCase : NamedCase {
     std::string_view Rules;
     std::string_view Placement;
     Long SideToMove;
-    std::string_view Moves;
+    std::string_view Moves;  ///< of two persons; without them the computer thinks about its own
     std::string_view Text;   ///< empty when the game goes on
     std::string_view Result; ///< "1-0": the side that began has won
 };
-
-void PrintTo(const EndCase& test, std::ostream* stream) {
-    *stream << test.Name;
-}
 
 class EndOfGame : public testing::TestWithParam<EndCase> {};
 
@@ -40,25 +49,27 @@ TEST_P(EndOfGame, IsToldOnceWithItsResult) {
     const EndCase& test = GetParam();
     SessionFixture fixture;
     Session& game = fixture.Game;
-    game.Settings.PlayMode = kPlayerPlayer;
+    support::LimitDepth(fixture, 4);
+    game.Settings.UserName = "Ada";
+    game.Settings.PlayMode = test.Moves.empty() ? kPlayerComputer : kPlayerPlayer;
     game.Settings.KingVersusKing = 1;
     StartGame(fixture, test.Rules, test.Placement, test.SideToMove);
-    PlayAll(game, test.Moves);
-    EXPECT_EQ(game.Game.ResultText, test.Result);
+    if (test.Moves.empty()) {
+        ComputeCommand(game);
+    } else {
+        Play(game, test.Moves);
+        EXPECT_EQ(fixture.Screen.Waited, test.Text.empty() ? 0.0 : 0.5);
+    }
     if (test.Text.empty()) {
         EXPECT_FALSE(game.Game.GameOver);
         EXPECT_TRUE(fixture.Screen.Messages.empty());
+        EXPECT_TRUE(fixture.Screen.Enabled.at(Command::Compute));
+        EXPECT_TRUE(fixture.Screen.List(ListId::List2).Enabled);
         return;
     }
-    EXPECT_TRUE(game.Game.GameOver);
     const RecordedMessage expected{std::string(test.Text), "Congratulations", MessageKind::Exclamation};
     EXPECT_EQ(fixture.Screen.Messages, std::vector{expected}) << testing::PrintToString(Texts(fixture.Screen.Messages));
-    EXPECT_EQ(fixture.Screen.Status[1], test.Text);
-    EXPECT_EQ(fixture.Screen.Waited, 0.5);
-    for (Command command : {Command::Compute, Command::Analyze, Command::Offerdraw, Command::Resign, Command::Hint,
-                            Command::mnu_Play_Ccomputer})
-        EXPECT_FALSE(fixture.Screen.Enabled.at(command)) << static_cast<int>(command);
-    EXPECT_FALSE(fixture.Screen.List(ListId::List2).Enabled);
+    ExpectEnded(fixture, test.Text, test.Result);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -78,19 +89,39 @@ INSTANTIATE_TEST_SUITE_P(
         EndCase{"KingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, "b2a1", "White wins!", "1-0"},
         EndCase{"FewPieces", "NumberPieces=2 | MaxCapMove=0", "W: c3 e1 g1; B: d4 h8 ka", kWhite, "c3e5", "White wins!",
                 "1-0"},
-        EndCase{"TwoKingsRuleOff", "", "W: Ka1 Kb2; B: Kl2", kWhite, "b2c3 l2k1", "", ""}),
-    [](const auto& test) { return std::string(test.param.Name); });
+        EndCase{"TwoKingsRuleOff", "", "W: Ka1 Kb2; B: Kl2", kWhite, "b2c3 l2k1", "", ""},
+        // The computer has nothing to think about
+        EndCase{"ByComputerNoMoves", "", "W: a3; B: b4 c5", kWhite, "", "Ada wins!", "0-1"},
+        EndCase{"ByComputerNoMovesForBlackWhoBegan", "", "W: ka j0; B: lb", kBlack, "", "Ada wins!", "0-1"},
+        EndCase{"ByComputerNoPieces", "", "B: h8", kWhite, "", "Ada wins!", "0-1"},
+        EndCase{"ByComputerFewPieces", "NumberPieces=1", "W: c3; B: h8 j8", kWhite, "", "Ada wins!", "0-1"},
+        EndCase{"ByComputerGoalReachedByUser", "KingWin=1", "W: c5; B: Ka1 j8", kWhite, "", "Ada wins!", "0-1"},
+        EndCase{"ByComputerAntiNoMoves", "AntiMode=1", "W: a3; B: b4 c5", kWhite, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerAntiNoPieces", "AntiMode=1", "B: h8", kWhite, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerAlreadyWon", "", "W: c3", kWhite, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerBlockedDraw", "NoLegalDraw=1", "W: a3; B: b4 c5", kWhite, "", "It's a draw!", "1/2-1/2"},
+        // Its move ends the game
+        EndCase{"ByComputerTakesTheLast", "", "W: c3; B: d4", kWhite, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerBlackTakesTheLast", "", "W: d4; B: e5", kBlack, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerBlocks", "", "W: b2 c1 d4; B: a3 c9", kWhite, "", "", ""},
+        EndCase{"ByComputerFirstKing", "KingWin=1", "W: aa c1; B: h8 h6", kWhite, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerKingComesHome", "WinAtPromo=1", "W: Kb2 d2; B: j8 h6", kWhite, "", "Computer wins!", "1-0"},
+        EndCase{"ByComputerAntiGivesTheLast", "AntiMode=1", "W: c3; B: d4", kWhite, "", "Ada wins!", "0-1"},
+        EndCase{"ByComputerKingsDraw", "LongKings=0", "W: Ka1; B: Klb", kWhite, "", "It's a draw! King versus King",
+                "1/2-1/2"}),
+    support::kNameOfCase);
 
-/// White's king walks between a1 and b2, Black's between bb and ca, where they never meet.
-std::string Shuffle(Long halfMoves) {
-    constexpr std::string_view kMoves[] = {"a1b2 ", "bbca ", "b2a1 ", "cabb "};
-    std::string text;
-    for (Long i = 0; i < halfMoves; ++i) text += kMoves[i % 4];
-    return text;
+/// White's king walks about on a1 to d4 and Black's on bb to f8, where they never meet: in rounds of 4 half-moves, or
+/// of 40, so that no position comes a third time before half-move 41.
+std::string Shuffle(Long halfMove, bool longRound) {
+    const std::string_view white = longRound ? "a1c3 c3b2 b2d4 d4a1" : "a1b2 b2a1";
+    const std::string_view black = longRound ? "bbca cad0 d0e9 e9f8 f8bb" : "bbca cabb";
+    const std::string_view moves = halfMove % 2 == 0 ? white : black;
+    const std::size_t at = static_cast<std::size_t>(halfMove / 2) * 5 % (moves.size() + 1);
+    return std::string(moves.substr(at, 4));
 }
 
-struct DrawCase {
-    std::string_view Name;
+struct DrawCase : NamedCase {
     std::string_view Rules;
     std::string_view Placement;
     void (*Adjust)(UserSettings&);
@@ -98,27 +129,41 @@ struct DrawCase {
     std::string_view Text;
 };
 
-void PrintTo(const DrawCase& test, std::ostream* stream) {
-    *stream << test.Name;
-}
-
 class DrawRules : public testing::TestWithParam<DrawCase> {};
 
-TEST_P(DrawRules, EndTheGameAtTheirHalfMove) {
+TEST_P(DrawRules, EndTheGameAtTheirHalfMoveAndSayTheSameWhenItIsWalkedThrough) {
     const DrawCase& test = GetParam();
+    const std::string text = test.EndsAt == 0 ? "" : "It's a draw! " + std::string(test.Text);
     SessionFixture fixture;
     Session& game = fixture.Game;
+    const Long& index = fixture.Pos->Tree.TreeIndex;
     game.Settings.PlayMode = kPlayerPlayer;
     StartGame(fixture, test.Rules, test.Placement);
     game.Settings.ChessDraws = 0;
     test.Adjust(game.Settings);
-    const std::string moves = Shuffle(70);
-    while (!game.Game.GameOver && fixture.Pos->Tree.TreeIndex < 70)
-        PlayAll(game, std::string_view(moves).substr(static_cast<std::size_t>(fixture.Pos->Tree.TreeIndex) * 5, 5));
-    EXPECT_EQ(game.Game.GameOver ? fixture.Pos->Tree.TreeIndex : 0, test.EndsAt);
-    const std::vector<std::string> expected(test.EndsAt == 0 ? 0 : 1, std::string(test.Text));
-    EXPECT_EQ(Texts(fixture.Screen.Messages), expected);
+    std::vector<Long> reasons{0};
+    while (!game.Game.GameOver && index < 70) {
+        Play(game, Shuffle(index, test.Text == "50 Moves Rule"));
+        reasons.push_back(game.Game.DrawReason);
+    }
+    EXPECT_EQ(game.Game.GameOver ? index : 0, test.EndsAt);
+    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>(test.EndsAt == 0 ? 0 : 1, text));
     EXPECT_EQ(game.Game.ResultText, test.EndsAt == 0 ? "" : "1/2-1/2");
+
+    const Long last = index;
+    const auto expectVerdict = [&] {
+        EXPECT_EQ(game.Game.DrawReason, reasons[static_cast<std::size_t>(index)]) << index;
+        EXPECT_EQ(game.Game.GameOver, index == test.EndsAt) << index;
+    };
+    for (; index > 0; GoBack(game)) {
+        GoBack(game);
+        EXPECT_FALSE(game.Game.GameOver) << index;
+        GoForward(game);
+        expectVerdict();
+    }
+    GoLast(game);
+    EXPECT_EQ(index, last);
+    expectVerdict();
 }
 
 constexpr std::string_view kMany = "W: Ka1 Kd2 Kj2; B: Kbb Kl8 Kl6";
@@ -127,26 +172,27 @@ INSTANTIATE_TEST_SUITE_P(
     Table, DrawRules,
     testing::Values(
         // The placement after half-move 1 stands there again after 5 and 9; whose turn it is plays no part.
-        DrawCase{"Repetition", "", kMany, [](UserSettings& s) { s.ChessDraws = 1; }, 9,
-                 "It's a draw! Triple Repetition"},
+        DrawCase{"Repetition", "", kMany, [](UserSettings& s) { s.ChessDraws = 1; }, 9, "Triple Repetition"},
+        DrawCase{"MoveLimit", "", kMany, [](UserSettings& s) { s.ChessDraws = 1, s.MoveLimitCode = 2; }, 32,
+                 "50 Moves Rule"},
         DrawCase{"RepetitionOff", "", kMany, [](UserSettings&) {}, 0, ""},
         DrawCase{"KingVersusKing", "", "W: Ka1; B: Kbb", [](UserSettings& s) { s.KingVersusKing = 1; }, 1,
-                 "It's a draw! King versus King"},
+                 "King versus King"},
         DrawCase{"KingVersusKingOff", "", "W: Ka1; B: Kbb", [](UserSettings&) {}, 0, ""},
         // The first list holds quiet moves too where captures are free.
         DrawCase{"KingVersusKingWithFreeCaptures", "CapRequired=0", "W: Ka1; B: Kbb",
                  [](UserSettings& s) { s.KingVersusKing = 1; }, 0, ""},
         // From half-move 1 on: 30 - 1 + 2 exceeds 30.
         DrawCase{"ThreeKings", "ThreeKings=1 | NumberKings=15", "W: Ka1 Kf2 Kh2; B: Kbb", [](UserSettings&) {}, 30,
-                 "It's a draw! 3 Kings versus 1 King"},
+                 "3 Kings versus 1 King"},
         DrawCase{"ThreeKingsOfBlack", "ThreeKings=1 | NumberKings=2", "W: Ka1; B: Kbb Kl8 Kl6", [](UserSettings&) {}, 4,
-                 "It's a draw! 3 Kings versus 1 King"},
+                 "3 Kings versus 1 King"},
         DrawCase{"ThreeKingsOff", "NumberKings=15", "W: Ka1 Kf2 Kh2; B: Kbb", [](UserSettings&) {}, 0, ""},
         DrawCase{"TwoKings", "TwoKings=1 | NumberKings2=5", "W: Ka1 Kh2; B: Kbb", [](UserSettings&) {}, 10,
-                 "It's a draw! 2 Kings versus 1 King"},
+                 "2 Kings versus 1 King"},
         DrawCase{"AManStopsTheCount", "TwoKings=1 | NumberKings2=5", "W: Ka1 e1 g1; B: Kbb", [](UserSettings&) {}, 0,
                  ""}),
-    [](const auto& test) { return std::string(test.param.Name); });
+    support::kNameOfCase);
 
 /// Plays half-moves of two kings that do not capture, through the record alone.
 void PretendQuietHalfMoves(Session& game, Long count) {
@@ -179,9 +225,61 @@ TEST(DrawStatus, ADrawRuleThatIsOffStillMakesAGameWithoutMovesADraw) {
     StartGame(fixture, "", "W: b2 c1 e3; B: a3");
     game.Settings.ChessDraws = 0;
     PretendQuietHalfMoves(game, 110);
-    PlayAll(game, "e3f4");
+    Play(game, "e3f4");
     EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"It's a draw! 50 Moves Rule"});
     EXPECT_EQ(game.Game.ResultText, "1/2-1/2");
+}
+
+TEST(Agreement, EndsTheGameAsAnyEndDoes) {
+    for (bool resigns : {true, false}) {
+        SessionFixture fixture;
+        StartGame(fixture, "", kMany);
+        EXPECT_NE(fixture.Screen.Mark, PlayerMark::None);
+        OfferDraw(fixture.Game);
+        EXPECT_FALSE(fixture.Game.Game.GameOver) << "no move has been made";
+        fixture.Screen.Messages.clear();
+        fixture.Game.Game.GameTouched = true;
+        (resigns ? Resign : OfferDraw)(fixture.Game);
+        const std::string text = resigns ? "Computer wins!" : "It's a draw!";
+        EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"OK... " + text});
+        ExpectEnded(fixture, text, resigns ? "" : "1/2-1/2");
+    }
+}
+
+TEST(Rating, RisesWithAWinOfTheUserAndFallsWithALoss) {
+    constexpr std::string_view kAnti = "AntiMode=1";
+    const struct {
+        std::string_view Rules, Placement;
+        Byte PlayMode; ///< the person makes the last move in a game of two persons, the computer in its own
+        Long Rating;
+    } rows[] = {{"", "W: c3; B: d4", kPlayerPlayer, 815},
+                {kAnti, "W: c3; B: d4", kPlayerPlayer, 785},
+                {"", "W: c3; B: d4", kPlayerComputer, 785},
+                {kAnti, "W: c3; B: d4", kPlayerComputer, 815},
+                {"", "W: a3; B: b4 c5", kPlayerComputer, 815},
+                {kAnti, "W: a3; B: b4 c5", kPlayerComputer, 785},
+                {"NoLegalDraw=1", "W: a3; B: b4 c5", kPlayerComputer, 800}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Placement);
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        support::LimitDepth(fixture, 1);
+        game.Settings.PlayMode = row.PlayMode;
+        StartGame(fixture, row.Rules, row.Placement);
+        // As after a move of the computer at depth 1, which makes it as strong as the user.
+        game.Settings.UseRating = 1;
+        game.Game.RateableGame = true;
+        game.Rating = 800;
+        game.Record.GameRows[1][KindColumn(2)] = kByComputer;
+        if (row.PlayMode == kPlayerPlayer) {
+            game.Players.WhitePlayerName = kComputerName;
+            Play(game, "c3e5");
+        } else {
+            ComputeCommand(game);
+        }
+        EXPECT_TRUE(game.Game.GameOver);
+        EXPECT_EQ(game.Rating, row.Rating);
+    }
 }
 
 } // namespace

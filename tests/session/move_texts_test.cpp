@@ -1,8 +1,6 @@
 #include "session/move_texts.h"
 
-#include "session/input_move.h"
-#include "session/reset_game.h"
-#include "support/session_play.h"
+#include "support/game_setup.h"
 
 #include <gtest/gtest.h>
 
@@ -66,26 +64,19 @@ TEST(ShowCandidates, WritesOneLineForEachFilledRow) {
     EXPECT_EQ(list.Lines.size(), 3u);
 }
 
-/// A line of the game's list without its number.
-std::string ShownPart(const std::string& line) {
-    return line.substr(6);
-}
-
 TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
-    for (const RulesRow& row : VariedRules()) {
-        SCOPED_TRACE(row.Name);
-        std::mt19937 random(7);
+    support::Random random(7);
+    for (const support::NamedRules& named : support::NamedRuleSets()) {
+        SCOPED_TRACE(named.Name);
         SessionFixture fixture;
         Session& game = fixture.Game;
         game.Settings.PlayMode = kPlayerPlayer;
-        UseRules(game.Pos, row);
-        StartFromRandom(game, random, 14);
-        for (int i = 0; i < 30 && !game.Game.GameOver; ++i) ASSERT_TRUE(Play(game, RandomMoveText(game, random)));
+        support::StartGame(fixture, support::RulesWith(named.Changed));
+        for (int i = 0; i < 30 && !game.Game.GameOver; ++i) support::PlayRandomMove(game, random);
         const Long last = game.Record.LastMoveIndex;
         ASSERT_GT(last, 2);
         const auto cells = game.Record.GameRows;
-        const auto lines = fixture.Screen.List(ListId::List1).Lines;
-        const Long selected = fixture.Screen.List(ListId::List1).Selected;
+        const RecordedList list = fixture.Screen.List(ListId::List1);
 
         RewriteGameTexts(game, kNumeric);
         EXPECT_EQ(game.Settings.Notation, kNumeric);
@@ -95,15 +86,14 @@ TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
             EXPECT_EQ(game.Record.GameRows[RowOfHalfMove(halfMove)][TextColumn(halfMove)],
                       texts.MoveTextKey + " " + texts.MoveTextShown);
             const std::string& line = fixture.Screen.List(ListId::List1).Lines[static_cast<std::size_t>(halfMove - 1)];
-            EXPECT_EQ(ShownPart(line), texts.MoveTextShown);
+            EXPECT_EQ(line.substr(6), texts.MoveTextShown);
         }
-        bool numbers = game.Pos.Rules.PiecesOnBlack < 2;
-        EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines == lines, !numbers);
+        const bool numbers = game.Pos.Rules.PiecesOnBlack < 2;
+        EXPECT_EQ(fixture.Screen.List(ListId::List1) == list, !numbers);
 
         RewriteGameTexts(game, kAlgebraic);
         EXPECT_TRUE(game.Record.GameRows == cells);
-        EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines, lines);
-        EXPECT_EQ(fixture.Screen.List(ListId::List1).Selected, selected);
+        EXPECT_EQ(fixture.Screen.List(ListId::List1), list);
     }
 }
 
@@ -124,8 +114,7 @@ TEST(InputMove, ANewMoveIsJudgedAtTheRoot) {
     // The rule on the piece moved last holds at the root alone: the move before must have become part of the game.
     SessionFixture fixture;
     Session& game = fixture.Game;
-    UseRules(game.Pos, {"last piece", {{"LastCap", "1"}, {"MaxCapMove", "0"}}});
-    StartFrom(game, {{"C3", "I3", "H2"}, {}, {"E5", "J4", "B0"}, {}}, kBlack);
+    support::StartGame(fixture, "LastCap=1 | MaxCapMove=0", "W: c3 i3 h2; B: e5 j4 b0", kBlack);
     ASSERT_TRUE(std::holds_alternative<MadeMove>(InputMove(game, "E5D4")));
     EXPECT_EQ(std::get<Refusal>(InputMove(game, "I3K5")), Refusal::NeedsToJump);
     EXPECT_TRUE(std::holds_alternative<MadeMove>(InputMove(game, "C3E5")));

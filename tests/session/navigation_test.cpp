@@ -1,54 +1,48 @@
 #include "session/navigation.h"
 
-#include "rules/generate_moves.h"
-#include "session/input_move.h"
-#include "session/move_texts.h"
 #include "session/players.h"
 #include "session/record_move.h"
-#include "session/reset_game.h"
-#include "session/screen.h"
-#include "support/session_play.h"
+#include "support/game_setup.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <sstream>
 
 namespace tavlon12 {
 namespace {
 
+using support::Play;
+using support::Random;
+using support::StartGame;
+
 /// What must be there again whenever a position of the game is shown.
-struct Shown {
-    BoardCells Board{};
-    Long SideToMove = 0;
-    Long Value = 0;
-    Long Material = 0;
-    Long WhiteOffBoard = 0;
-    Long BlackOffBoard = 0;
-    std::vector<std::string> LegalMoves;
-    std::string NameToMove;
-    std::string Comment;
-
-    bool operator==(const Shown&) const = default;
-};
-
-Shown Look(SessionFixture& fixture) {
+std::string Look(SessionFixture& fixture) {
     const GameTree& tree = fixture.Pos->Tree;
     InitGameTree(*fixture.Pos);
+    std::ostringstream text;
+    text << PositionString(fixture.Pos->Board) << " side " << tree.SideToMove << " value " << tree.PlyValue[0] << " of "
+         << tree.PlyMaterial[0] << " off " << tree.WhiteOffBoard << " " << tree.BlackOffBoard << " moves "
+         << NameToMove(fixture.Game) << " " << fixture.Screen.Texts[Control::Text1] << ":";
     // The move that ends a game leaves the greyed list as it was.
-    auto legalMoves = fixture.Screen.List(ListId::List2).Lines;
-    if (fixture.Game.Game.GameOver) legalMoves.clear();
-    return {fixture.Pos->Board,  tree.SideToMove,          tree.PlyValue[0],
-            tree.PlyMaterial[0], tree.WhiteOffBoard,       tree.BlackOffBoard,
-            legalMoves,          NameToMove(fixture.Game), fixture.Screen.Texts[Control::Text1]};
+    if (fixture.Game.Game.GameOver) return text.str();
+    for (const std::string& line : fixture.Screen.List(ListId::List2).Lines) text << " " << line;
+    return text.str();
 }
+
+/// What play has shown and said after a half-move; nothing is shown where the computer has replied at once.
+struct Seen {
+    std::string Shown;
+    Long DrawReason = 0;
+    bool GameOver = false;
+};
 
 /// A game on a recording screen together with what was shown after each of its half-moves.
 struct RecordedGame : SessionFixture {
     explicit RecordedGame(Long playMode) {
         Game.Settings.PlayMode = playMode;
-        Game.Settings.Limits.FixedDepth = 1;
-        Game.Settings.Limits.DepthLimit = 1;
-        Game.Settings.ChessDraws = 0;
+        Game.Settings.Limits = {0, 1, 1, 1};
+        Game.Settings.ChessDraws = Game.Settings.KingVersusKing = 1;
+        Game.Settings.MoveLimitCode = 2;
     }
 
     Long Index() const { return Pos->Tree.TreeIndex; }
@@ -57,141 +51,125 @@ struct RecordedGame : SessionFixture {
     void Note() {
         Screen.Texts[Control::Text1] = "comment " + std::to_string(Index());
         CommentKey(Game);
-        Seen.resize(static_cast<std::size_t>(Index()));
-        Seen.push_back(Look(*this));
+        History.resize(static_cast<std::size_t>(Index()));
+        History.push_back({Look(*this), Game.Game.DrawReason, Game.Game.GameOver});
     }
 
-    void PlayRandomly(std::mt19937& random, Long halfMoves) {
-        while (!Game.Game.GameOver && Index() < halfMoves) {
-            std::string text = RandomMoveText(Game, random);
-            ASSERT_TRUE(Play(Game, text)) << text;
-            // A computer's reply leaves no moment to note the position between the two moves.
-            if (Index() == static_cast<Long>(Seen.size()) + 1) Seen.emplace_back();
-            Note();
-        }
+    void PlayRandomly(Random& random, Long halfMoves) {
+        while (!Game.Game.GameOver && Index() < halfMoves && support::PlayRandomMove(Game, random)) Note();
         Keys.assign(Pos->PositionKeys.begin(), Pos->PositionKeys.begin() + Index());
     }
 
     /// Compares the screen with what it showed when this position was first reached.
-    void Check(const std::string& where) {
+    void Check(const std::string& where, bool forward) {
         SCOPED_TRACE(where + ", half-move " + std::to_string(Index()));
-        const Shown& seen = Seen.at(static_cast<std::size_t>(Index()));
-        Shown now = Look(*this);
-        if (seen.NameToMove.empty()) {
-            EXPECT_EQ(now.NameToMove, Seen.front().NameToMove);
-        } else {
-            EXPECT_TRUE(now == seen);
-            EXPECT_EQ(PositionString(now.Board), PositionString(seen.Board));
-            EXPECT_EQ(now.LegalMoves, seen.LegalMoves);
-            EXPECT_EQ(now.Value, seen.Value);
-            EXPECT_EQ(now.Material, seen.Material);
-            EXPECT_EQ(now.NameToMove, seen.NameToMove);
+        const Seen& seen = History.at(static_cast<std::size_t>(Index()));
+        if (!seen.Shown.empty()) {
+            EXPECT_EQ(Look(*this), seen.Shown);
+            EXPECT_EQ(Game.Game.DrawReason, forward ? seen.DrawReason : 0);
         }
-        EXPECT_EQ(now.Value, Pos->Tree.GameValue[Index()]);
+        EXPECT_EQ(Game.Game.GameOver, forward && seen.GameOver);
+        EXPECT_EQ(Pos->Tree.PlyValue[0], Pos->Tree.GameValue[Index()]);
         EXPECT_EQ(Screen.List(ListId::List1).Selected, Index() - 1);
         EXPECT_EQ(static_cast<Long>(Screen.List(ListId::List1).Lines.size()), Game.Record.LastMoveIndex);
-        EXPECT_EQ(Screen.Enabled[Command::First], Index() > 0);
-        EXPECT_EQ(Screen.Enabled[Command::Moveback], Index() > 0);
-        EXPECT_EQ(Screen.Enabled[Command::MoveForward], Index() < Game.Record.LastMoveIndex);
-        EXPECT_EQ(Screen.Enabled[Command::Last], Index() < Game.Record.LastMoveIndex);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(Index()); ++i) {
-            EXPECT_TRUE(Pos->PositionKeys[i] == Keys[i]) << "key " << i;
-        }
+        for (Command command : {Command::First, Command::Moveback}) EXPECT_EQ(Screen.Enabled[command], Index() > 0);
+        for (Command command : {Command::MoveForward, Command::Last})
+            EXPECT_EQ(Screen.Enabled[command], Index() < Game.Record.LastMoveIndex);
+        EXPECT_TRUE(std::equal(Keys.begin(), Keys.begin() + Index(), Pos->PositionKeys.begin()));
     }
 
+    /// Goes to a half-move by its line and checks it.
     void SelectHalfMove(Long halfMove) {
+        const bool forward = halfMove > Index();
+        const bool moves = halfMove != Index();
         Screen.List(ListId::List1).Selected = halfMove - 1;
         GoToSelectedLine(Game);
+        ASSERT_EQ(Index(), halfMove);
+        if (moves) Check("line", forward);
     }
 
-    std::vector<Shown> Seen;
+    std::vector<Seen> History;
     std::vector<PositionKey> Keys;
 };
 
-/// Walks about in a whole game, by every command, and branches off from it.
-void WalkAbout(RecordedGame& game, std::mt19937& random) {
+/// Walks about in a whole game, by every command.
+void WalkAbout(RecordedGame& game, Random& random) {
     const Long last = game.Game.Record.LastMoveIndex;
     const auto lines = game.Screen.List(ListId::List1).Lines;
     while (game.Index() > 0) {
         GoBack(game.Game);
-        game.Check("back");
+        game.Check("back", false);
     }
     while (game.Index() < last) {
         GoForward(game.Game);
-        game.Check("forward");
+        game.Check("forward", true);
+    }
+    const BoardCells end = game.Pos->Board;
+    for (Long count : {last, -last}) {
+        GoToMove(game.Game, count, true, true);
+        EXPECT_EQ(game.Pos->Tree.Ply, 0) << "in silence";
+        EXPECT_EQ(game.Pos->Board, count > 0 ? game.Pos->InitialBoard : end);
     }
     GoFirst(game.Game);
     ASSERT_EQ(game.Index(), 0);
-    game.Check("first");
+    game.Check("first", false);
     game.Pos->PositionKeys.fill(KeyOf(EmptyBoard())); // as a search from here may leave them
     GoLast(game.Game);
     ASSERT_EQ(game.Index(), last);
-    game.Check("last");
-    for (int jump = 0; jump < 8 && last > 0; ++jump) {
-        Long target = 1 + static_cast<Long>(random() % static_cast<unsigned>(last));
-        game.SelectHalfMove(target);
-        ASSERT_EQ(game.Index(), target);
-        game.Check("line");
-    }
+    game.Check("last", true);
+    for (int jump = 0; jump < 8; ++jump) game.SelectHalfMove(1 + support::Draw(random, last));
     EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
 }
 
-TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgain) {
-    for (const RulesRow& row : VariedRules()) {
-        SCOPED_TRACE(row.Name);
-        for (unsigned seed = 1; seed <= 3; ++seed) {
-            std::mt19937 random(seed);
-            RecordedGame game(kPlayerPlayer);
-            UseRules(*game.Pos, row);
-            StartFromRandom(game.Game, random, 14);
-            game.Note();
-            game.PlayRandomly(random, 40);
-            WalkAbout(game, random);
-            if (game.Game.Record.LastMoveIndex < 4) continue;
+TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgainAndChangesNoVerdict) {
+    Random random(20261123);
+    Long ended = 0;
+    for (const support::NamedRules& named : support::NamedRuleSets()) {
+        SCOPED_TRACE(named.Name);
+        RuleSet rules = support::RulesWith(named.Changed);
+        rules.ThreeKings = 1;
+        rules.TwoKings = 1;
+        rules.NumberKings = 2;
+        rules.NumberKings2 = 2;
+        RecordedGame game(kPlayerPlayer);
+        StartGame(game, rules, random);
+        game.Note();
+        game.PlayRandomly(random, 80);
+        const Long last = game.Index();
+        if (last < 4 || game.Game.Quitting) continue;
+        ended += game.Game.Game.GameOver;
+        WalkAbout(game, random);
 
-            // Another move from an earlier position replaces what came after it.
-            Long branch = game.Game.Record.LastMoveIndex / 2;
-            game.SelectHalfMove(branch);
-            game.PlayRandomly(random, branch + 1);
-            ASSERT_EQ(game.Index(), branch + 1);
-            EXPECT_EQ(game.Game.Record.LastMoveIndex, branch + 1);
-            EXPECT_EQ(game.Game.Record.MoveComments[branch + 2], "");
-            EXPECT_EQ(game.Game.Record.MoveHistory[branch + 2].From, 0);
-            game.Check("branch");
-            WalkAbout(game, random);
-        }
+        // Another move from an earlier position replaces what came after it.
+        game.SelectHalfMove(last / 2);
+        game.PlayRandomly(random, last / 2 + 1);
+        ASSERT_EQ(game.Index(), last / 2 + 1);
+        EXPECT_EQ(game.Game.Record.LastMoveIndex, game.Index());
+        EXPECT_EQ(game.Game.Record.MoveComments[game.Index() + 1], "");
+        EXPECT_EQ(game.Game.Record.MoveHistory[game.Index() + 1].From, 0);
+        WalkAbout(game, random);
     }
+    EXPECT_GT(ended, 10);
 }
 
 TEST(Navigation, LeavesThePersonToMoveInAGameAgainstTheComputer) {
-    int walked = 0;
-    for (unsigned seed = 1; seed <= 12; ++seed) {
-        std::mt19937 random(seed);
-        RecordedGame game(kPlayerComputer);
-        if (seed % 2 == 0) {
-            StartFromRandom(game.Game, random, 14);
-        } else {
-            ASSERT_TRUE(ResetGame(game.Game));
-        }
-        game.Note();
-        EXPECT_EQ(game.Seen.front().NameToMove, "Player");
-        game.PlayRandomly(random, 16);
-        if (game.Game.Game.GameOver && game.Index() % 2 != 0) continue; // the person has made the last move
-        WalkAbout(game, random);
-        EXPECT_EQ(NameToMove(game.Game), "Player");
-        walked += game.Index() >= 10;
-    }
-    EXPECT_GE(walked, 4);
+    Random random(5);
+    RecordedGame game(kPlayerComputer);
+    StartGame(game, support::RulesWith(""));
+    game.Note();
+    game.PlayRandomly(random, 16);
+    ASSERT_EQ(game.Index(), 16);
+    WalkAbout(game, random);
+    EXPECT_EQ(NameToMove(game.Game), "Player");
 }
 
 TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
     // Two ways from c3 to c7: over d4 and d6, or over b4 and b6.
     RecordedGame game(kPlayerPlayer);
-    UseRules(*game.Pos, {"free stops", {{"MulJumps", "0"}, {"MaxCapMove", "0"}}});
     std::vector<MoveRecord> routes;
-    StartFrom(game.Game, {{"C3"}, {}, {"D4", "D6", "B4", "B6", "K0"}, {}});
+    StartGame(game, "MulJumps=0 | MaxCapMove=0", "W: c3; B: d4 d6 b4 b6 k0");
     for (Long slot = 0; slot < GenerateLegalMoves(*game.Pos); ++slot) {
-        if (game.Pos->Moves[slot].To == SquaresOfKey(game.Game, "C7").To) routes.push_back(game.Pos->Moves[slot]);
+        if (game.Pos->Moves[slot].To == support::SquareOf("c7")) routes.push_back(game.Pos->Moves[slot]);
     }
     ASSERT_EQ(routes.size(), 2u);
 
@@ -214,9 +192,9 @@ TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
 TEST(Navigation, AGameOfAThousandHalfMovesIsFullAndCanBeWalked) {
     RecordedGame game(kPlayerPlayer);
     game.Game.Settings.KingVersusKing = 0;
-    StartFrom(game.Game, {{}, {"A1"}, {}, {"K1"}});
-    const char* const round[] = {"A1B2", "K1L2", "B2A1", "L2K1"};
-    for (Long i = 0; i < kMaxHalfMoves; ++i) ASSERT_TRUE(Play(game.Game, round[i % 4])) << i;
+    StartGame(game, "", "W: Ka1; B: Kk1");
+    game.Game.Settings.ChessDraws = 0;
+    for (Long i = 0; i < kMaxHalfMoves / 4; ++i) Play(game.Game, "a1b2 k1l2 b2a1 l2k1");
     EXPECT_TRUE(GameIsFull(game.Game));
     const BoardCells end = game.Pos->Board;
     EXPECT_EQ(std::get<Refusal>(InputMove(game.Game, "A1B2")), Refusal::GameFull);
@@ -237,7 +215,7 @@ TEST(Navigation, AGameOfAThousandHalfMovesIsFullAndCanBeWalked) {
     RewriteGameTexts(game.Game, kAlgebraic);
     EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
     GoBack(game.Game);
-    EXPECT_TRUE(Play(game.Game, "L2K1"));
+    EXPECT_NO_THROW(Play(game.Game, "l2k1"));
 }
 
 } // namespace

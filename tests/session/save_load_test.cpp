@@ -64,12 +64,7 @@ Kept Look(SessionFixture& fixture, bool withLastComment) {
 void PlaySome(SessionFixture& fixture, Random& random, bool comments) {
     Session& game = fixture.Game;
     for (Long i = 0; i < 14 && !game.Game.GameOver && !game.Quitting; ++i) {
-        InitGameTree(game.Pos);
-        const Long count = GenerateLegalMoves(game.Pos);
-        if (count == 0) break;
-        const MoveRecord& move = game.Pos.Moves[Draw(random, count)];
-        const MoveAnswer answer = InputSquares(game, {move.From, move.To});
-        CommitHumanMove(game, std::get<MadeMove>(answer), MovePath::Typed);
+        if (!PlayRandomMove(game, random)) break;
         if (comments && DrawOneIn(random, 3)) {
             game.Record.MoveComments[game.Pos.Tree.TreeIndex] = "caf\xC3\xA9 (" + std::to_string(i) + ")\r\nnext line";
         }
