@@ -83,6 +83,8 @@ struct RootSearch {
     Flow SearchAgain(Long index, Long& score, Long deepensAbove);
     void NoteRepetition();
     void SearchRootMove(Long& score);
+    Long ScoreOf(const DepthScore& scored);
+    Flow ScoreFirst(Long& score);
     void DeepenShortLine(Long index, Long& score);
     void RecordBest(Long index, Long score);
     void MoveToFront(Long index);
@@ -91,8 +93,9 @@ struct RootSearch {
     /// After an abort the score means nothing. Where a forced end is in sight a stop from outside still lets it count.
     Flow AfterTakeBack() const {
         const bool dropped = std::abs(Alpha) < kMateLike || Pos.Fault.Passed();
-        return Search.SearchAborted && dropped ? Flow::Aborted : Flow::GoesOn;
+        return Aborted() && dropped ? Flow::Aborted : Flow::GoesOn;
     }
+    bool Aborted() const { return Search.SearchAborted && Input.EndsOnAbort; }
     Long Elapsed() const { return ElapsedSeconds(Input.StartTime, Hooks.Seconds()); }
     bool TimeIsUp() const { return Input.StopsByTime && Elapsed() >= Input.TimeLimit; }
     /// Whether a cancel has come that no node has taken up.
@@ -120,23 +123,26 @@ void RootSearch::Deepen() {
         Hooks.IterationStarted(Iteration);
         SetWindow();
         Search.ExtensionLimit = Iteration + Search.Options.Plys;
-        Search.Cancel = Iteration == 1 ? CancelMode::Waits : CancelMode::Ends;
+        const bool waits = Iteration == 1 && Input.Scoring == RootScoring::InWindow;
+        Search.Cancel = waits ? CancelMode::Waits : CancelMode::Ends;
         SearchMoves();
         Search.RepeatCount = 0;
         if (TimeIsUp()) StopOnTime();
-        if (Search.SearchAborted) return;
+        if (Aborted()) return;
         PrevScore = Result.LastScore;
         Hooks.IterationFinished(Iteration);
-        if (CancelIsDue()) return;
+        if (Input.EndsOnAbort && CancelIsDue()) return;
     }
 }
 
 /// Leaves the flags so that they tell how the search has ended, and nothing for the next one.
 void RootSearch::Close() {
-    if (Pos.Fault.Passed()) Search.SearchAborted = false;
-    if (CancelIsDue()) Search.SearchAborted = true;
-    if (Pos.StopFlag == kStopCancel) Pos.StopFlag = 0;
+    const bool cancelled = CancelIsDue();
     Search.Cancel = CancelMode::Ends;
+    if (!Input.EndsOnAbort) return;
+    if (Pos.Fault.Passed()) Search.SearchAborted = false;
+    if (cancelled) Search.SearchAborted = true;
+    if (Pos.StopFlag == kStopCancel) Pos.StopFlag = 0;
 }
 
 void RootSearch::SetWindow() {
@@ -151,7 +157,7 @@ void RootSearch::SetWindow() {
 
 void RootSearch::SearchMoves() {
     for (Long index = 0; index < MoveTotal; ++index) {
-        if (SearchMoveAt(index) == Flow::Aborted || Search.SearchAborted) return;
+        if (SearchMoveAt(index) == Flow::Aborted || Aborted()) return;
     }
 }
 
@@ -188,6 +194,7 @@ Flow RootSearch::SearchMoveAt(Long index) {
 
 /// The first move: whatever its score, it is the best so far.
 Flow RootSearch::SearchFirst(Long& score) {
+    if (Input.Scoring != RootScoring::InWindow) return ScoreFirst(score);
     if (score >= Beta) {
         Alpha = score;
         Beta = kWin;
@@ -198,6 +205,13 @@ Flow RootSearch::SearchFirst(Long& score) {
         Beta = score;
         if (SearchAgain(0, score, kDeepenAlways) == Flow::Aborted) return Flow::Aborted;
     }
+    RecordBest(0, score);
+    return Flow::GoesOn;
+}
+
+/// A score that knows no window is taken a second time where it lies outside, whatever it is then.
+Flow RootSearch::ScoreFirst(Long& score) {
+    if ((score < Alpha || score >= Beta) && SearchAgain(0, score, kDeepenAlways) == Flow::Aborted) return Flow::Aborted;
     RecordBest(0, score);
     return Flow::GoesOn;
 }
@@ -231,8 +245,17 @@ void RootSearch::NoteRepetition() {
 }
 
 void RootSearch::SearchRootMove(Long& score) {
-    score = -RunSearch(Input.Member, Pos, Search, -Beta, -Alpha, Iteration - 1);
-    if (Search.RepeatCount >= 1) score = 0;
+    switch (Input.Scoring) {
+    case RootScoring::InWindow: score = -RunSearch(Input.Member, Pos, Search, -Beta, -Alpha, Iteration - 1); break;
+    case RootScoring::AtUserDepth: score = ScoreOf(ScoreUserMove(Pos, Search)); break;
+    case RootScoring::AtGivenDepth: score = ScoreOf(ScoreAtDepth(Pos, Search, Iteration - 1)); break;
+    }
+    if (Input.RepetitionIsDraw && Search.RepeatCount >= 1) score = 0;
+}
+
+Long RootSearch::ScoreOf(const DepthScore& scored) {
+    if (scored.Stopped && Input.EndsOnAbort) Search.SearchAborted = true;
+    return scored.Score;
 }
 
 void RootSearch::DeepenShortLine(Long index, Long& score) {

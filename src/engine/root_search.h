@@ -23,15 +23,25 @@ struct RootMove {
 /// Parallel to the root stretch of the move list, and as large.
 using RootMoveTable = std::array<RootMove, kMoveSlots>;
 
+/// How a root move is scored.
+enum class RootScoring {
+    InWindow,     ///< by `Member` in the window as it stands, to the iteration's depth
+    AtUserDepth,  ///< by `ScoreUserMove`
+    AtGivenDepth, ///< by `ScoreAtDepth`, a ply less deep than the iteration
+};
+
 /// What a root search is asked.
 struct RootSearchInput {
     SearchMember Member = SearchMember::SearchGeneral;
+    RootScoring Scoring = RootScoring::InWindow;
     Long DepthLimit = 1;           ///< iterations at the most
     bool StopsByTime = false;      ///< otherwise by the iterations alone
     Long TimeLimit = 0;            ///< whole seconds
     Long StartTime = 0;            ///< whole seconds since midnight when the time began to run
     bool MoveLimitHit = false;     ///< the game has passed its move limit: every move is worth a draw
     bool DeepensShortLines = true; ///< a root move with a short best line is searched one ply deeper
+    bool RepetitionIsDraw = true;  ///< a root move that repeats a position of the game scores 0
+    bool EndsOnAbort = true;       ///< false: `SearchAborted` is neither asked nor set
     Long LastScore = 0;            ///< the score that stands when nothing better is found
 };
 

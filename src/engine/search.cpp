@@ -248,20 +248,21 @@ Long RunSearch(SearchMember member, Position& position, SearchState& search, Lon
     return kProcedures[static_cast<std::size_t>(member)](position, search, alpha, beta, depth);
 }
 
-Long ScoreUserMove(Position& position, SearchState& search) {
+DepthScore ScoreUserMove(Position& position, SearchState& search) {
     bool family = search.Tables.VariantFamily != Family::None;
     return ScoreAtDepth(position, search, family ? kFamilyUserMoveDepth : kUserMoveDepth);
 }
 
-Long ScoreAtDepth(Position& position, SearchState& search, Long depth) {
+DepthScore ScoreAtDepth(Position& position, SearchState& search, Long depth) {
     bool family = search.Tables.VariantFamily != Family::None;
     if (!family && position.Rules.PiecesOnBlack == 2) --depth;
     const Lookahead lookahead(position);
     const Long score = -RunSearch(ScoreMemberOf(position, search), position, search, -kWin, kWin, depth);
-    if (!search.Unwind && !lookahead.LimitPassed()) return score;
-    search.Unwind = search.SearchAborted = false;
+    if (!search.Unwind && !lookahead.LimitPassed()) return {score};
+    const bool stopped = std::exchange(search.Unwind, false);
+    search.SearchAborted = false;
     position.StopFlag = 0;
-    return -EvaluateRoot(position, search, position.Tree.SideToMove).Value;
+    return {-EvaluateRoot(position, search, position.Tree.SideToMove).Value, stopped};
 }
 
 } // namespace tavlon12

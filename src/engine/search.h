@@ -57,11 +57,16 @@ bool DeepensWithFullWindow(SearchMember member);
 /// `SearchAborted` is set and the value means nothing.
 Long RunSearch(SearchMember member, Position& position, SearchState& search, Long alpha, Long beta, Long depth);
 
-/// The score of the position for the side that has just moved, at the depth for a person's move. Stopped by a passed
-/// limit, or by a hook that sets `SearchAborted` and `Unwind`, it is the static score.
-Long ScoreUserMove(Position& position, SearchState& search);
+/// The score of a position for the side that has just moved.
+struct DepthScore {
+    Long Score = 0;       ///< the static score where the search was ended early, by a passed limit or from outside
+    bool Stopped = false; ///< by a hook that sets `SearchAborted` and `Unwind`; both are cleared again
+};
 
-/// The same at a given depth, one less for the general member where all squares are used.
-Long ScoreAtDepth(Position& position, SearchState& search, Long depth);
+/// The score at the depth for a person's move.
+DepthScore ScoreUserMove(Position& position, SearchState& search);
+
+/// The score at a given depth, one less for the general member where all squares are used.
+DepthScore ScoreAtDepth(Position& position, SearchState& search, Long depth);
 
 } // namespace tavlon12

@@ -64,6 +64,10 @@ void ShutEndedGame(Session& session) {
     session.Port.Lists.SetListEnabled(ListId::List2, false);
 }
 
+void OpenForPlayMode(Session& session) {
+    EnableRunningGame(session, !session.Game.GameOver);
+}
+
 void OpenRunningGame(Session& session) {
     EnableRunningGame(session, true);
     // Once more in hand, a game of the computer against itself is the user's too.

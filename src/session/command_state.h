@@ -15,6 +15,9 @@ void ShutEndedGame(Session& session);
 /// A position that going back has reached: the game runs again.
 void OpenRunningGame(Session& session);
 
+/// After a change of who plays.
+void OpenForPlayMode(Session& session);
+
 /// First and Back where the game can go back, Forward and Last where it can go forward.
 void OpenNavigation(Session& session);
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "session/session.h"
-#include "session/thinking.h"
 
 namespace tavlon12 {
 

@@ -122,19 +122,21 @@ void ClickLegalMove(Session& session) {
 }
 
 void ClickCandidateMove(Session& session) {
-    if (session.Busy || session.Pos.Tree.TreeIndex == 0) return;
+    if (session.Busy) return;
     const Long selected = SelectedLine(session, ListId::List3);
     if (selected < 0) return;
     const RootMove candidate = session.Thought.RootMoves[selected];
     if (candidate.From == kNotFilled) return;
-    GoToMove(session, 1, true, false);
+    // The candidates are those of the computer's last move, which is taken back, or those of an analysis.
+    const bool takesBack = session.Pos.Tree.TreeIndex > session.Thought.RootIndex;
+    if (takesBack) GoToMove(session, 1, true, false);
     const MoveAnswer answer = InputSquares(session, {candidate.From, candidate.To});
     if (const auto* refusal = std::get_if<Refusal>(&answer)) {
         RefuseText(session, *refusal);
         return;
     }
-    session.Port.Lists.SetListEnabled(ListId::List3, true);
-    CommitHumanMove(session, std::get<MadeMove>(answer), MovePath::CandidateList);
+    if (takesBack) session.Port.Lists.SetListEnabled(ListId::List3, true);
+    CommitHumanMove(session, std::get<MadeMove>(answer), takesBack ? MovePath::CandidateList : MovePath::LegalList);
 }
 
 } // namespace tavlon12

@@ -22,9 +22,14 @@ void SetPlayersOfNewGame(Session& session) {
 
 void SetPlayersOfLoadedGame(Session& session) {
     SetPlayersOfNewGame(session);
-    if (session.Settings.PlayMode == kPlayerPlayer) return;
+    if (session.Settings.PlayMode != kPlayerPlayer) SetPlayersWithUserToMove(session);
+}
+
+void SetPlayersWithUserToMove(Session& session) {
+    const bool blackToMove = session.Pos.Tree.SideToMove == kBlack;
+    const bool beginnerToMove = blackToMove == (session.Pos.Rules.BlackStarts == 1);
     session.Players = {session.Settings.UserName, kComputerName};
-    if (NameToMove(session) == kComputerName) SwapPlayerNames(session);
+    if (!beginnerToMove) SwapPlayerNames(session);
 }
 
 void SwapPlayerNames(Session& session) {

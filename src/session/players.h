@@ -12,6 +12,9 @@ void SetPlayersOfNewGame(Session& session);
 /// The names of a loaded game: the person is the one to move.
 void SetPlayersOfLoadedGame(Session& session);
 
+/// The user against the computer, with the user to move.
+void SetPlayersWithUserToMove(Session& session);
+
 /// Exchanges the names of the two players; and the same only when one of them is the computer.
 void SwapPlayerNames(Session& session);
 void SwapNamesOfComputerGame(Session& session);

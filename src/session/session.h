@@ -75,6 +75,7 @@ struct GameState {
 /// What one thinking leaves for the commands after it. The next thinking and a new game assign it anew.
 struct Thinking {
     RootMoveTable RootMoves; ///< the candidates
+    Long RootIndex = 0;      ///< `TreeIndex` of the position that they are moves of
     std::string MainLineText;
     bool FromBook = false;  ///< the move came from the opening book
     Long PredictedFrom = 0; ///< the reply that the main line expects

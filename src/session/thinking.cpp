@@ -1,67 +1,79 @@
 #include "session/thinking.h"
 
+#include "engine/evaluate.h"
 #include "engine/evaluation_tables.h"
+#include "rules/generate_moves.h"
+#include "session/book_lookup.h"
+#include "session/command_state.h"
 #include "session/move_texts.h"
 #include "session/screen.h"
 
-#include <array>
+#include <algorithm>
 #include <chrono>
-#include <cmath>
-#include <cstdio>
-#include <utility>
 
 namespace tavlon12 {
 
 namespace {
 
-/// The main line of a new best move; that of a book move is the word for it.
-void ShowLine(Session& session, ThinkingDisplay& display) {
-    if (!session.Thought.FromBook) {
-        DisplayMainVariant(session);
-        display.ShownLine = session.Thought.MainLineText;
-    } else if (session.Settings.CalculationOn == 1) {
-        StatusPort& status = session.Port.Status;
-        status.SetSearchLine(status.GetSearchLine() + "\nBook");
-        display.ShownLine = "Book";
+/// Where the book has a move for the computer, it becomes the only one in the list.
+void TakeBookMove(Session& session, const ThinkingKind& kind) {
+    const SquarePair chosen = ConsultBook(session, true).Move;
+    if (chosen.From == 0) {
+        if (kind.ClosesBook) session.Game.BookOpen = false;
+        return;
     }
+    GameTree& tree = session.Pos.Tree;
+    const auto first = session.Pos.Moves.begin() + tree.PlyFirstMove[0];
+    const auto end = first + MoveCount(tree);
+    const auto found = std::find_if(
+        first, end, [&](const MoveRecord& move) { return move.From == chosen.From && move.To == chosen.To; });
+    if (found == end) return;
+    *first = *found;
+    tree.NextMoveSlot = tree.PlyFirstMove[1] = tree.PlyFirstMove[0] + 1;
+    session.Thought.FromBook = true;
+}
+
+/// The limits of a search of the root moves in the list, from the settings; one iteration is enough for a single move.
+RootSearchInput RootInputOf(const Session& session, const ThinkingKind& kind) {
+    constexpr Long kIterationsByTime = 20;
+    const SearchLimits& limits = session.Settings.Limits;
+    RootSearchInput input;
+    input.Member = SearchMemberOf(session.Pos, session.Search);
+    input.StopsByTime = limits.FixedDepth != 1;
+    input.DepthLimit = input.StopsByTime ? kIterationsByTime : limits.DepthLimit;
+    if (MoveCount(session.Pos.Tree) == 1) input.DepthLimit = 1;
+    input.TimeLimit = limits.TimeLimit;
+    input.StartTime = WholeSeconds(session);
+    input.MoveLimitHit = CheckMoveLimit(session, session.Pos.Tree.TreeIndex - 1);
+    input.DeepensShortLines = kind.DeepensShortLines;
+    input.LastScore = session.Game.LastScore;
+    return input;
+}
+
+/// The best text with the time of the whole call and the main line.
+void ShowTotalTime(Session& session, const ThinkingDisplay& display, Long startTime) {
+    if (session.Settings.CalculationOn != 1) return;
+    const Long seconds = ElapsedSeconds(startTime, WholeSeconds(session));
+    session.Port.Status.SetSearchLine(display.BestText + "   Time: " + TimeString(seconds) +
+                                      "\nMain: " + display.ShownLine);
+}
+
+/// Says how the game would end, which goes on.
+void TellEnd(Session& session, const GameEnd& end) {
+    SetGameResult(session, end.Winner);
+    session.Port.Status.SetStatusText(1, end.Text);
+    ShowEndBox(session, end.Text);
 }
 
 } // namespace
 
-std::string TimeString(Long seconds) {
-    std::array<char, 48> text{};
-    std::snprintf(text.data(), text.size(), "%02d:%02d.%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
-    return text.data();
-}
-
-Long WholeSeconds(const Session& session) {
-    return static_cast<Long>(std::floor(session.Port.Time.Clock() - session.BoxSeconds));
-}
-
-void DisplayMainVariant(Session& session) {
-    constexpr Long kShownMoves = 20;
-    const bool shown = session.Settings.CalculationOn == 1;
-    const auto& line = session.Pos.BestLine[0];
-    std::string& text = session.Thought.MainLineText;
-    text.clear();
-    for (Long k = 0; k <= kMaxPly && line[k].From != 0; ++k) {
-        const BestLineCell& cell = line[k];
-        if (shown && k < kShownMoves) {
-            text += SquareText(session, cell.From, Padding::None);
-            if (cell.Kind % 10 == 1)
-                text += session.Game.CaptureChar;
-            else if (cell.From != kOffBoard)
-                text += "-";
-            text += SquareText(session, cell.To, Padding::None);
-            if (cell.Kind > 1) text += "K";
-            text += " ";
-        }
-        if (k == 1) {
-            session.Thought.PredictedFrom = cell.From;
-            session.Thought.PredictedTo = cell.To;
-        }
-    }
-    if (shown) session.Port.Status.SetSearchLine(session.Port.Status.GetSearchLine() + "\nMain: " + text);
+void RunThinking(Session& session, void (*work)(Session&)) {
+    session.Port.Status.SetStatusText(1, "");
+    session.Busy = true;
+    session.Port.Fields.SetControlEnabled(Control::mnu_Board1, false);
+    work(session);
+    session.Busy = false;
+    if (!session.Quitting) session.Pos.StopFlag = 0;
 }
 
 void AdoptSearchSettings(Session& session) {
@@ -78,80 +90,105 @@ Long ScoreQuietly(Session& session) {
     const YieldGuard clockAlone(search, [&] {
         if (Clock::now() - start > kLongest) search.SearchAborted = search.Unwind = true;
     });
-    return ScoreUserMove(session.Pos, search);
+    return ScoreUserMove(session.Pos, search).Score;
 }
 
-RootSearchInput RootInputOf(const Session& session) {
-    constexpr Long kIterationsByTime = 20;
-    const SearchLimits& limits = session.Settings.Limits;
-    RootSearchInput input;
-    input.Member = SearchMemberOf(session.Pos, session.Search);
-    input.StopsByTime = limits.FixedDepth != 1;
-    input.DepthLimit = input.StopsByTime ? kIterationsByTime : limits.DepthLimit;
-    if (MoveCount(session.Pos.Tree) == 1) input.DepthLimit = 1;
-    input.TimeLimit = limits.TimeLimit;
-    input.LastScore = session.Game.LastScore;
-    return input;
+void PrepareThinking(Session& session, const ThinkingKind& kind) {
+    SearchState& search = session.Search;
+    AdoptSearchSettings(session);
+    if (kind.IsForMove) search.BackRankOn = true;
+    search.NoiseRange = NoiseRangeOf(session.Settings.Limits.StrengthStep);
+    search.SearchAborted = false;
+    session.Thought = Thinking();
+    session.Thought.RootIndex = session.Pos.Tree.TreeIndex;
+    session.SearchStarted = true;
+    session.Game.GameTouched = true;
+    session.Game.TouchedCell = 0;
+    session.Game.ResultText.clear();
+    session.Input.MovablesBoxed = false;
+
+    if (session.Settings.ShowAvailableMoves == 1) RedrawFromSquares(session);
+    if (session.Settings.PlayMode != kComputerComputer) {
+        if (!kind.KeepsLegalMoves) session.Port.Lists.ListClear(ListId::List2);
+        session.Port.Lists.ListClear(ListId::List3);
+    }
+    if (kind.ShowsStrength) ShowStrengthLine(session);
+    session.Port.Status.SetStatusText(1, kind.Verb);
+    if (session.Settings.CalculationOn == 1) session.Port.Status.SetSearchLine("");
+    ShutForThinking(session);
 }
 
-void StartProgress(Session& session, ThinkingDisplay& display) {
-    const SearchLimits& limits = session.Settings.Limits;
-    display.Progress = 0;
-    display.ProgressMaximum =
-        limits.FixedDepth == 1 ? limits.DepthLimit * MoveCount(session.Pos.Tree) : Long{limits.TimeLimit};
-    session.Port.Status.SetProgressRange(0, display.ProgressMaximum);
-    session.Port.Status.SetProgress(0);
+std::optional<GameEnd> EndBeforeThinking(Session& session, const ThinkingKind& kind) {
+    Position& position = session.Pos;
+    InitGameTree(position);
+    const Long side = position.Tree.SideToMove;
+    const RootValue root = EvaluateRoot(position, session.Search, side);
+    if (root.NoMovesDraw && kind.IsForMove) return Draw();
+    if (!root.Lost && root.Value != kWin && GenerateLegalMoves(position) > 0) return std::nullopt;
+    if (position.Fault.Passed()) return std::nullopt;
+    const bool computerWins = !root.Lost && (root.Value == kWin || position.Rules.AntiMode == 1);
+    return WinOf(session, computerWins, side);
 }
 
-RootSearchHooks ThinkingHooks(Session& session, ThinkingDisplay& display) {
-    const auto showMove = [&session, &display](const std::string& iteration, Long slot) {
-        if (session.Settings.CalculationOn != 1) return;
-        const MoveTexts texts = DisplayMove(session, session.Pos.Moves[slot]);
-        session.Port.Status.SetStatusText(1, display.Verb + " (" + iteration + ")  " + texts.MoveTextPlain);
-    };
-
-    RootSearchHooks hooks;
-    hooks.Seconds = [&session] { return WholeSeconds(session); };
-    hooks.MoveStarted = [showMove](Long iteration, Long slot) { showMove(std::to_string(iteration), slot); };
-    hooks.DeepeningStarted = [showMove](Long iteration, Long slot) {
-        showMove(std::to_string(iteration) + "/" + std::to_string(iteration + 1), slot);
-    };
-    hooks.BestFound = [&session, &display](Long iteration, Long slot, Long score) {
-        const MoveTexts texts = DisplayMove(session, session.Pos.Moves[slot]);
-        display.BestText = "Depth:" + Str(iteration) + "   Best: " + texts.MoveTextPlain + "   Score:" + Str(score);
-        if (session.Settings.CalculationOn == 1) {
-            session.Port.Status.SetSearchLine(display.BestText);
-            display.IterationText = "D:" + Str(iteration) + "   B: " + texts.MoveTextPlain + "   S:" + Str(score);
-        }
-        ShowLine(session, display);
-    };
-    hooks.IterationStarted = [&session, &display](Long) { display.IterationStart = WholeSeconds(session); };
-    hooks.IterationFinished = [&session, &display](Long) {
-        const Long seconds = ElapsedSeconds(display.IterationStart, WholeSeconds(session));
-        display.Iterations += std::string(15, ' ') + display.IterationText + "   M: " + display.ShownLine +
-                              "  T: " + TimeString(seconds) + "\r\n";
-    };
-    if (session.Settings.Limits.FixedDepth == 1)
-        hooks.MoveFinished = [&session, &display] { session.Port.Status.SetProgress(++display.Progress); };
+void MeetEnd(Session& session, const ThinkingKind& kind, const GameEnd& end) {
+    WaitSeconds(session, kPause);
+    if (session.Quitting) return;
+    if (kind.IsForMove)
+        EndGame(session, end);
     else
-        hooks.TimePassed = [&session](Long seconds) { session.Port.Status.SetProgress(seconds); };
-    return hooks;
+        TellEnd(session, end);
 }
 
-void SortCandidates(Session& session) {
-    // The order among equal scores is that of this exchange sort, and it shows in the list of candidates.
-    const Long count = MoveCount(session.Pos.Tree);
-    for (Long i = 0; i < count; ++i)
-        for (Long j = 0; j < count; ++j)
-            if (session.Thought.RootMoves[i].Score > session.Thought.RootMoves[j].Score)
-                std::swap(session.Thought.RootMoves[i], session.Thought.RootMoves[j]);
+std::optional<RootSearchResult> SearchMove(Session& session, const ThinkingKind& kind, ThinkingDisplay& display,
+                                           Long startTime) {
+    StatusPort& status = session.Port.Status;
+    display.Verb = kind.Verb;
+    status.SetProgress(0);
+    WaitSeconds(session, kPause);
+    if (session.Quitting) return std::nullopt;
+    StartProgress(session, display);
+    if (session.Settings.OpeningBook == 1) TakeBookMove(session, kind);
+    if (session.Quitting) return std::nullopt;
+    const RootSearchResult result = SearchRoot(session.Pos, session.Search, RootInputOf(session, kind),
+                                               ThinkingHooks(session, display), session.Thought.RootMoves);
+    if (session.Quitting) return std::nullopt;
+    session.Search.RepeatCount = 0;
+
+    if (kind.ShowsStrength) ShowStrengthLine(session);
+    ShowTotalTime(session, display, startTime);
+    // Time that has run out is no cancel; after a cancel the computer's game against itself ends.
+    if (session.Pos.StopFlag == kStopTime) {
+        session.Pos.StopFlag = 0;
+        session.Search.SearchAborted = false;
+    }
+    SortCandidates(session);
+    if (kind.ShowsAllCandidates || session.Settings.PlayMode != kComputerComputer)
+        ShowCandidates(session, session.Thought.RootMoves[0].From);
+    status.SetStatusText(1, "");
+    return result;
 }
 
-std::string ForcedEndText(const Session& session, Long score) {
-    const bool losing = score < 0;
-    const Long moves = losing ? (score + (session.Pos.Rules.AntiMode == 1 ? 32001 : 32000)) / 2 : (32001 - score) / 2;
-    return std::string("Computer is ") + (losing ? "losing" : "winning") + " in" + Str(moves) + " move" +
-           (moves > 1 ? "s" : "") + "! ";
+Outlook OutlookOf(Long score, Long value) {
+    if (score >= 31980) return value >= 31981 ? Outlook::Won : Outlook::Forced;
+    return score < -31979 ? Outlook::Forced : Outlook::Open;
+}
+
+GameEnd WinOf(const Session& session, bool computerWins, Long computer) {
+    if (computerWins) return {"Computer wins!", 0, computer};
+    return {session.Settings.UserName + " wins!", 1, -computer};
+}
+
+void HandBack(Session& session) {
+    OpenAfterThinking(session);
+    session.Pos.LastCapAnyPly = true; // the user's replies, wherever the root is
+    RefreshLegalMoves(session);
+    session.Pos.LastCapAnyPly = false;
+}
+
+void ForgetSearchFlags(Session& session) {
+    SearchState& search = session.Search;
+    search.NoMovesDraw = search.SearchAborted = search.LostFlag = false;
+    search.RepeatCount = 0;
 }
 
 } // namespace tavlon12

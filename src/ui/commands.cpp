@@ -1,6 +1,8 @@
 #include "ui/commands.h"
 
+#include "session/analysis.h"
 #include "session/game_end.h"
+#include "session/hint.h"
 #include "session/load_game.h"
 #include "session/navigation.h"
 #include "session/new_game.h"
@@ -31,12 +33,12 @@ constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::Last, "Last", 13, "Last", "Last", "Forward to Last Move", "", "last", false, false, GoLast},
     {Command::Offerdraw, "Offerdraw", 15, "Draw", "Offer draw", "Offer Draw", "", "draw", false, false, OfferDraw},
     {Command::Resign, "Resign", 16, "Resign", "Resign", "Resign", "", "resign", false, false, Resign},
-    {Command::Hint, "Hint", 17, "Hint", "Hint", "Hint", "", "hint", false, false, nullptr},
-    {Command::Cplayer, "Cplayer", 19, "ComputerPlayer", "Player-Computer", "Computer-Player", "", "computer_player", true, false, nullptr},
-    {Command::Pplayer, "Pplayer", 20, "PlayerPlayer", "Player-Player", "Player-Player", "", "player_player", true, false, nullptr},
-    {Command::mnu_Play_Ccomputer, "mnu_Play_Ccomputer", 21, "ComputerComputer", "Computer-Computer", "Computer-Computer", "", "computer_computer", true, false, nullptr},
+    {Command::Hint, "Hint", 17, "Hint", "Hint", "Hint", "", "hint", false, false, ShowHint},
+    {Command::Cplayer, "Cplayer", 19, "ComputerPlayer", "Player-Computer", "Computer-Player", "", "computer_player", true, false, PlayComputerPlayer},
+    {Command::Pplayer, "Pplayer", 20, "PlayerPlayer", "Player-Player", "Player-Player", "", "player_player", true, false, PlayPlayerPlayer},
+    {Command::mnu_Play_Ccomputer, "mnu_Play_Ccomputer", 21, "ComputerComputer", "Computer-Computer", "Computer-Computer", "", "computer_computer", true, false, PlayComputerComputer},
     {Command::Options, "Options", 23, "Options", "Options...", "Options", "", "options", false, false, nullptr},
-    {Command::Analyze, "Analyze", 25, "Analyze", "Analyze", "Analyze", "Ctrl+A", "analyze", false, false, nullptr},
+    {Command::Analyze, "Analyze", 25, "Analyze", "Analyze", "Analyze", "Ctrl+A", "analyze", false, false, AnalyzeCommand},
     {Command::Turn, "Turn", 27, "TurnBoard", "Turn Board", "Turn Board", "Ctrl+T", "turn_board", false, false, TurnBoard},
     {Command::Nonotation, "Nonotation", 0, "", "None", "", "", "", true, false, ShowNoNotation},
     {Command::mnu_Board_Notation_Chess, "mnu_Board_Notation_Chess", 0, "", "Algebraic", "", "", "", true, false, ShowAlgebraicNotation},

@@ -233,7 +233,7 @@ TEST(ScoreUserMove, LooksAsDeepAsTheRulesSay) {
         Engine engine(StartPosition(RulesWith(row.Changed)));
         const Family family = RecognizeVariantFamily(engine.Pos->Rules, engine.Pos->InitialBoard);
         AdoptFamily(*engine.Pos, engine.State->Tables, family);
-        const Long score = ScoreUserMove(*engine.Pos, *engine.State);
+        const Long score = ScoreUserMove(*engine.Pos, *engine.State).Score;
         const std::uint64_t nodes = std::exchange(engine.State->NodeCount, 0);
         EXPECT_EQ(score, -RunSearch(row.Member, *engine.Pos, *engine.State, -kWin, kWin, row.Depth)) << row.Changed;
         EXPECT_EQ(nodes, engine.State->NodeCount) << row.Changed;
@@ -247,7 +247,7 @@ TEST(ScoreUserMove, AStopGivesTheStaticScore) {
     for (Engine* engine : {&stopped, &limited}) {
         SetManThresholds(*engine->Pos, *engine->State);
         const RootImage before = ImageOf(*engine->Pos);
-        EXPECT_EQ(ScoreUserMove(*engine->Pos, *engine->State),
+        EXPECT_EQ(ScoreUserMove(*engine->Pos, *engine->State).Score,
                   -EvaluateRoot(*engine->Pos, *engine->State, engine->Pos->Tree.SideToMove).Value);
         EXPECT_FALSE(engine->State->SearchAborted || engine->State->Unwind || engine->Pos->Fault.Passed());
         EXPECT_EQ(ImageOf(*engine->Pos), before);

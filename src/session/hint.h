@@ -1,0 +1,11 @@
+#pragma once
+
+#include "session/session.h"
+
+namespace tavlon12 {
+
+/// Tells the user a move: the reply that the computer expects, or what a short search finds. Board and turn stay; the
+/// game no longer counts for the rating.
+void ShowHint(Session& session);
+
+} // namespace tavlon12
