@@ -3,6 +3,7 @@
 #include "rules/notation.h"
 #include "session/human_move.h"
 #include "session/input_move.h"
+#include "session/position_setup.h"
 #include "session/screen.h"
 
 #include <algorithm>
@@ -183,11 +184,14 @@ void SquareMouseMove(Session& session, Long view, Long x, Long y) {
     input.DragY = y;
 }
 
-void SquareMouseUp(Session& session, MouseButton button) {
+void SquareMouseUp(Session& session, Long view, MouseButton button, Long x, Long y) {
     BoardInput& input = session.Input;
     if (session.Busy) return;
     if (button == MouseButton::Right) {
         input.RightPressed = -1;
+        const Long edge = session.Port.Board.SquareEdge();
+        const bool inside = x >= 0 && x < edge && y >= 0 && y < edge;
+        if (inside && input.DragSource == -1) OpenSetupMenu(session, CellOf(session, view));
     } else if (input.NumbersShown) {
         HideNumbers(session);
     } else if (input.DragSource != -1) {

@@ -16,8 +16,9 @@ void SquareMouseDown(Session& session, Long view, MouseButton button);
 /// from the corner of that square.
 void SquareMouseMove(Session& session, Long view, Long x, Long y);
 
-/// The button goes up: the piece that is carried moves, or goes back, or its move is refused with the reason.
-void SquareMouseUp(Session& session, MouseButton button);
+/// The button that went down on a square goes up, `x` and `y` pixels from its corner: the piece that is carried moves,
+/// or goes back, or its move is refused with the reason. The right button opens the set-up menu.
+void SquareMouseUp(Session& session, Long view, MouseButton button, Long x, Long y);
 
 /// The mouse moves outside the board: the boxes of the movable pieces come anew when it returns.
 void FormMouseMove(Session& session);

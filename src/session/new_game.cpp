@@ -6,6 +6,7 @@
 #include "session/game_end.h"
 #include "session/input_move.h"
 #include "session/load_game.h"
+#include "session/position_setup.h"
 #include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/save_game.h"
@@ -44,17 +45,6 @@ void RemoveRandomMen(Session& session) {
     RemoveRandomPieces(session, kBlack);
     RecountPieces(session.Pos);
     session.Variant.CustomSetup = true;
-}
-
-/// Makes the position on the board the start of a game.
-void AdoptPosition(Session& session) {
-    session.Port.Lists.ListClear(ListId::List3);
-    AdoptBoard(session.Pos);
-    if (!ResetGame(session)) return;
-    session.Game.RateableGame = false;
-    session.Input.PopupJustClosed = true;
-    session.Input.AfterPopup = true;
-    DrawBoard(session, 0);
 }
 
 /// Makes a random legal move; nothing when there is none, or when it ends the game.

@@ -38,6 +38,12 @@ bool RulesModified(const RuleSet& rules, const RuleSet& defined) {
     return false;
 }
 
+std::string WithoutBoardSize(std::string name) {
+    constexpr std::string_view kBoardSize = " 12x12";
+    if (EndsWithNoCase(name, kBoardSize)) name.resize(name.size() - kBoardSize.size());
+    return name;
+}
+
 void CountBoxTime(Session& session, double start) {
     constexpr double kSecondsPerDay = 86400;
     const double open = session.Port.Time.Clock() - start;
@@ -95,13 +101,15 @@ void UpdatePlayerLabels(Session& session) {
     ShowSideToMove(session);
 }
 
+std::string PlainVariantName(const VariantState& variant) {
+    return WithoutBoardSize(variant.VariantName);
+}
+
 std::string ShownVariantName(const VariantState& variant, const RuleSet& rules) {
-    constexpr std::string_view kBoardSize = " 12x12";
     bool ownPosition = variant.CustomSetup && rules.RemoveMen != 1 && rules.DoMoves != 1;
     std::string name = variant.VariantName;
     if (ownPosition || RulesModified(rules, variant.DefinedRules)) name += " (M)";
-    if (EndsWithNoCase(name, kBoardSize)) name.resize(name.size() - kBoardSize.size());
-    return name;
+    return WithoutBoardSize(name);
 }
 
 void ShowVariantName(Session& session) {

@@ -21,6 +21,9 @@ void RedrawFromSquares(Session& session);
 /// shows the other.
 void UpdatePlayerLabels(Session& session);
 
+/// The variant's name without a last " 12x12".
+std::string PlainVariantName(const VariantState& variant);
+
 /// The variant's name with its mark " (M)" when rules differ from the definition.
 std::string ShownVariantName(const VariantState& variant, const RuleSet& rules);
 void ShowVariantName(Session& session);

@@ -82,6 +82,9 @@ enum class Command {
 };
 inline constexpr int kCommandCount = static_cast<int>(Command::mnu_Help_About) + 1;
 
+/// An entry of the menu that edits the position on the board.
+enum class SetupEntry { ClearBoard, Empty, BlackMan, BlackKing, WhiteMan, WhiteKing, BlackMoves, WhiteMoves };
+
 /// The status bar with its three panels, the progress bar, the two lines of the search and the window's title. An empty
 /// text clears a panel.
 struct StatusPort {
@@ -137,6 +140,10 @@ struct BoardPort {
     std::function<void()> DropPiece = [] {};                  ///< and returns to normal
     std::function<bool(Long view)> ShowsEmptySquare = [](Long) { return true; };
     std::function<Long()> SquareEdge = [] { return 1; }; ///< pixels
+    /// Opens the set-up menu at the pointer, with marks at what stands on the square and at the side to move. Nothing
+    /// when no entry was chosen.
+    std::function<std::optional<SetupEntry>(SetupEntry piece, SetupEntry side)> ChooseSetup =
+        [](SetupEntry, SetupEntry) { return std::optional<SetupEntry>(); };
 };
 
 /// Time and the event loop.

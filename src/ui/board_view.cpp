@@ -230,8 +230,13 @@ void BoardView::MoveTo(const QPointF& point) {
         OutsideMove();
         return;
     }
-    QPointF offset = point - QPointF(SquareRect(view).topLeft());
-    SquareMove(view, static_cast<int>(std::floor(offset.x())), static_cast<int>(std::floor(offset.y())));
+    const QPoint offset = OffsetIn(view, point);
+    SquareMove(view, offset.x(), offset.y());
+}
+
+QPoint BoardView::OffsetIn(Long view, const QPointF& point) const {
+    const QPointF offset = point - QPointF(SquareRect(view).topLeft());
+    return {static_cast<int>(std::floor(offset.x())), static_cast<int>(std::floor(offset.y()))};
 }
 
 // A release may start the computer's move, which lasts. It is handled right after the event, so that the toolkit does
@@ -241,18 +246,19 @@ void BoardView::mouseReleaseEvent(QMouseEvent* event) {
     if (PressedView == -1) return;
     const std::optional<MouseButton> button = GameButton(event->button());
     if (button && event->position() != LastPoint) MoveTo(event->position()); // the last move may not have been told
+    const Long view = PressedView;
     if (event->buttons() == Qt::NoButton) PressedView = -1;
     if (!button) return;
-    PendingRelease = button;
+    PendingRelease = {view, *button, OffsetIn(view, event->position())};
     QMetaObject::invokeMethod(
         this, [this] { FlushRelease(); }, Qt::QueuedConnection);
 }
 
 void BoardView::FlushRelease() {
     if (!PendingRelease) return;
-    const MouseButton button = *PendingRelease;
+    const Release release = *PendingRelease;
     PendingRelease.reset();
-    SquareUp(button);
+    SquareUp(release.View, release.Button, release.Offset.x(), release.Offset.y());
 }
 
 void BoardView::leaveEvent(QEvent*) {

@@ -43,7 +43,7 @@ public:
     // Mouse events that concern the game. `x` and `y` count from the corner of the square.
     std::function<void(Long view, MouseButton button)> SquareDown = [](Long, MouseButton) {};
     std::function<void(Long view, Long x, Long y)> SquareMove = [](Long, Long, Long) {};
-    std::function<void(MouseButton button)> SquareUp = [](MouseButton) {};
+    std::function<void(Long view, MouseButton button, Long x, Long y)> SquareUp = [](Long, MouseButton, Long, Long) {};
     std::function<void()> OutsideMove = [] {};
 
 protected:
@@ -55,6 +55,13 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    /// A button that has gone up, and where.
+    struct Release {
+        Long View;
+        MouseButton Button;
+        QPoint Offset;
+    };
+
     struct ShownSquare {
         SquareImage Image = SquareImage::LightSquare;
         bool Boxed = false;
@@ -62,6 +69,8 @@ private:
     };
 
     void MoveTo(const QPointF& point);
+    /// From the corner of a square, rounded down.
+    QPoint OffsetIn(Long view, const QPointF& point) const;
     void FlushRelease();
     void PaintCoordinates(QPainter& painter) const;
     void PaintSquare(QPainter& painter, Long view, const QRect& target, int ratio);
@@ -71,7 +80,7 @@ private:
     std::array<ShownSquare, kSquareCount> Squares{};
     Long PressedView = -1; ///< keeps the mouse while a button is down
     QPointF LastPoint;
-    std::optional<MouseButton> PendingRelease;
+    std::optional<Release> PendingRelease;
 };
 
 } // namespace tavlon12

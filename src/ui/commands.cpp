@@ -121,16 +121,16 @@ constexpr MenuLine kMenus[] = {
 };
 
 constexpr SetupMenuLine kSetupMenu[] = {
-    {"mnu_PopUp_ClearBoard", "Clear Board"},
+    {"mnu_PopUp_ClearBoard", "Clear Board", SetupEntry::ClearBoard},
     {"", ""},
-    {"empty1", "Empty"},
-    {"mnu_PopUp_BlackChecker", "Black Checker"},
-    {"mnu_PopUp_BlackKing", "Black King"},
-    {"Whitechecker", "White Checker"},
-    {"Whiteking", "White King"},
+    {"empty1", "Empty", SetupEntry::Empty},
+    {"mnu_PopUp_BlackChecker", "Black Checker", SetupEntry::BlackMan},
+    {"mnu_PopUp_BlackKing", "Black King", SetupEntry::BlackKing},
+    {"Whitechecker", "White Checker", SetupEntry::WhiteMan},
+    {"Whiteking", "White King", SetupEntry::WhiteKing},
     {"", ""},
-    {"mnu_PopUp_BlackM", "Black moves"},
-    {"WhiteM", "White moves"},
+    {"mnu_PopUp_BlackM", "Black moves", SetupEntry::BlackMoves},
+    {"WhiteM", "White moves", SetupEntry::WhiteMoves},
 };
 
 } // namespace

@@ -42,10 +42,11 @@ struct MenuLine {
 };
 std::span<const MenuLine> MenuTree();
 
-/// The menu of the position set-up, which opens on the board. It stands ready, greyed; an empty name is a separator.
+/// The menu of the position set-up, which opens on the board; an empty name is a separator.
 struct SetupMenuLine {
     const char* Name;
     const char* Caption;
+    SetupEntry Id = SetupEntry::Empty;
 };
 std::span<const SetupMenuLine> SetupMenu();
 

@@ -61,7 +61,9 @@ void MainWindow::ConnectBoardMouse() {
         Run([=, this] { SquareMouseDown(Game, view, button); });
     };
     Board->SquareMove = [this](Long view, Long x, Long y) { Run([=, this] { SquareMouseMove(Game, view, x, y); }); };
-    Board->SquareUp = [this](MouseButton button) { Run([=, this] { SquareMouseUp(Game, button); }); };
+    Board->SquareUp = [this](Long view, MouseButton button, Long x, Long y) {
+        Run([=, this] { SquareMouseUp(Game, view, button, x, y); });
+    };
     Board->OutsideMove = [this] { FormMouseMove(Game); };
 }
 

@@ -6,7 +6,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCursor>
 #include <QDesktopServices>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTime>
 #include <QUrl>
@@ -163,6 +165,17 @@ void ConnectCommands(CommandPort& port, CommandBar& bar) {
     port.SetCommandChecked = [&bar](Command command, bool on) { bar.SetChecked(command, on); };
 }
 
+/// Opens the set-up menu at the pointer, with a mark at two of its entries.
+std::optional<SetupEntry> ChooseSetup(QMenu& menu, SetupEntry piece, SetupEntry side) {
+    for (QAction* action : menu.actions()) {
+        const auto entry = static_cast<SetupEntry>(action->data().toInt());
+        action->setChecked(!action->isSeparator() && (entry == piece || entry == side));
+    }
+    const QAction* chosen = menu.exec(QCursor::pos());
+    if (chosen == nullptr) return std::nullopt;
+    return static_cast<SetupEntry>(chosen->data().toInt());
+}
+
 void ConnectBoard(BoardPort& port, const WindowParts& parts) {
     BoardView& board = parts.Board;
     port.LayoutWindow = parts.LayoutWindow;
@@ -175,6 +188,9 @@ void ConnectBoard(BoardPort& port, const WindowParts& parts) {
     port.DropPiece = [&board] { board.DropPiece(); };
     port.ShowsEmptySquare = [&board](Long view) { return board.ShowsEmptySquare(view); };
     port.SquareEdge = [&board] { return Long{board.SquareEdge()}; };
+    port.ChooseSetup = [&menu = *parts.Bar.mnuSetup](SetupEntry piece, SetupEntry side) {
+        return ChooseSetup(menu, piece, side);
+    };
 }
 
 void ConnectTime(TimePort& port, const Session& game, EventPump& pump) {

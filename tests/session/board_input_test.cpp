@@ -34,7 +34,7 @@ struct Mouse : SessionFixture {
         SquareMouseMove(Game, View(from), (View(to) % 12 - View(from) % 12) * edge + inside,
                         (View(to) / 12 - View(from) / 12) * edge + inside);
     }
-    void Release(MouseButton button = MouseButton::Left) { SquareMouseUp(Game, button); }
+    void Release(MouseButton button = MouseButton::Left) { SquareMouseUp(Game, 0, button, -1, -1); }
     void Drag(std::string_view from, std::string_view to, bool lastPixel = true) {
         Press(from);
         Carry(from, to, lastPixel);
