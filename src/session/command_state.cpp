@@ -29,6 +29,7 @@ constexpr Commands kBetweenThinking{
     Command::mnu_Board_Notation_Checkers,
     Command::CreateHtml,
     Command::plyvaluetable,
+    Command::problems,
 };
 
 void Enable(Session& session, Commands commands, bool on) {

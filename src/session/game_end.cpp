@@ -157,7 +157,7 @@ bool DrawRuleApplies(const Session& session, bool noMoveInFirstList) {
     }
 }
 
-void CheckGameEnd(Session& session) {
+std::optional<GameEnd> VerdictOn(Session& session) {
     Position& position = session.Pos;
     InitGameTree(position);
     const RootValue root = EvaluateRoot(position, session.Search, WinnerByPosition(position));
@@ -165,14 +165,19 @@ void CheckGameEnd(Session& session) {
     const bool noMoveInFirstList = MoveCount(position.Tree) == 0;
     GenerateMoves(position, 1);
     const bool canMove = MoveCount(position.Tree) > 0;
-    if (EndOnGeneratorFault(session)) return;
-    if (canMove && root.Value != kWin && !DrawRuleApplies(session, noMoveInFirstList)) return;
+    if (position.Fault.Passed()) return std::nullopt;
+    if (canMove && root.Value != kWin && !DrawRuleApplies(session, noMoveInFirstList)) return std::nullopt;
+    return EndOfPosition(session, root.NoMovesDraw);
+}
 
+void CheckGameEnd(Session& session) {
+    const std::optional<GameEnd> end = VerdictOn(session);
+    if (EndOnGeneratorFault(session) || !end) return;
     PauseBeforeVerdict(session);
     if (session.Quitting) return;
     session.Game.GameOver = true;
     DrawBoard(session, 0);
-    EndGame(session, EndOfPosition(session, root.NoMovesDraw));
+    EndGame(session, *end);
 }
 
 void OfferDraw(Session& session) {

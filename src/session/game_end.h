@@ -47,6 +47,9 @@ bool CheckMoveLimit(const Session& session, Long index);
 /// king.
 bool DrawRuleApplies(const Session& session, bool noMoveInFirstList);
 
+/// The end that the position on the board means; nothing while the game goes on, or when a generator's limit is passed.
+std::optional<GameEnd> VerdictOn(Session& session);
+
 /// The verdict on the position on the board after a person's move; ends the game with its message.
 void CheckGameEnd(Session& session);
 

@@ -18,13 +18,6 @@ void ShowHintBox(Session& session, const std::string& move) {
     ShowMessage(session, "Try " + move, "Hint", MessageKind::Information);
 }
 
-void ShowPredictedReply(Session& session) {
-    const Thinking& thought = session.Thought;
-    const std::string to = SquareText(session, thought.PredictedTo, Padding::None);
-    const bool placement = thought.PredictedFrom == kOffBoard;
-    ShowHintBox(session, placement ? to : SquareText(session, thought.PredictedFrom, Padding::None) + "-" + to);
-}
-
 /// The moves of the position into the list. Where the game is won for somebody the user is told so.
 void ListMovesForHint(Session& session) {
     const auto tellWon = [&] {
@@ -72,6 +65,13 @@ void FindHint(Session& session) {
 }
 
 } // namespace
+
+void ShowPredictedReply(Session& session) {
+    const Thinking& thought = session.Thought;
+    const std::string to = SquareText(session, thought.PredictedTo, Padding::None);
+    const bool placement = thought.PredictedFrom == kOffBoard;
+    ShowHintBox(session, placement ? to : SquareText(session, thought.PredictedFrom, Padding::None) + "-" + to);
+}
 
 void ShowHint(Session& session) {
     if (session.Busy) return;

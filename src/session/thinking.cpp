@@ -67,7 +67,7 @@ void TellEnd(Session& session, const GameEnd& end) {
 
 } // namespace
 
-void RunThinking(Session& session, void (*work)(Session&)) {
+void RunThinking(Session& session, const std::function<void(Session&)>& work) {
     session.Port.Status.SetStatusText(1, "");
     session.Busy = true;
     session.Port.Fields.SetControlEnabled(Control::mnu_Board1, false);

@@ -5,6 +5,7 @@
 #include "session/session.h"
 #include "session/thinking_display.h"
 
+#include <functional>
 #include <optional>
 
 namespace tavlon12 {
@@ -30,7 +31,7 @@ inline constexpr ThinkingKind kAnalysis{.Verb = "Analyzing...",
 
 /// The frame of every command that lets the computer think: the status line is emptied, the board is busy meanwhile,
 /// and a Cancel that comes when the work is over is forgotten.
-void RunThinking(Session& session, void (*work)(Session&));
+void RunThinking(Session& session, const std::function<void(Session&)>& work);
 
 /// The user's settings of the search, and the thresholds of the position, into the search's state.
 void AdoptSearchSettings(Session& session);

@@ -76,6 +76,7 @@ enum class Command {
     calculation,
     rating,
     plyvaluetable,
+    problems,
     QuickRules,
     Rules,
     mnu_Help_About,
@@ -194,6 +195,20 @@ struct DialogPort {
         [](const std::string&, const std::string&) { return true; };
 };
 
+/// The windows of the study tools. They stay open when the tool is done, until the user closes them.
+struct StudyPort {
+    /// Opens the window of the table of values, empty, with the orders that it can be sorted in, greyed.
+    std::function<void(const std::vector<std::string>& orders)> OpenValues = [](const std::vector<std::string>&) {};
+    std::function<void(const std::string& text)> SetLabel = [](const std::string&) {};
+    std::function<void(Long value, Long maximum)> SetProgress = [](Long, Long) {};
+    std::function<void(const std::string& text)> SetSearchLine = [](const std::string&) {};
+    /// Shows the table in the first order and opens the choice of orders: `table` gives its text in each.
+    std::function<void(const std::function<std::string(Long order)>& table)> ShowValues =
+        [](const std::function<std::string(Long)>&) {};
+    /// Opens the window of the combinations found, a line each.
+    std::function<void(const std::string& text)> ShowProblems = [](const std::string&) {};
+};
+
 /// Everything that the logic asks of the screen. An operation that nobody filled does nothing. Texts are shown exactly
 /// as given.
 struct UiPort {
@@ -205,6 +220,7 @@ struct UiPort {
     TimePort Time;
     FilePort Files;
     DialogPort Dialogs;
+    StudyPort Study;
     std::function<void()> EndProgram = [] {}; ///< closes all windows without a question and ends the process
 };
 

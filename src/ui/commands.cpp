@@ -10,6 +10,8 @@
 #include "session/rating.h"
 #include "session/save_game.h"
 #include "session/view_commands.h"
+#include "study/ply_value_table.h"
+#include "study/problem_search.h"
 
 #include <array>
 
@@ -46,7 +48,8 @@ constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::CreateHtml, "CreateHtml", 0, "", "Create Diagram...", "", "", "", false, false, nullptr},
     {Command::calculation, "calculation", 0, "", "Calculation", "", "", "", true, true, ToggleCalculation},
     {Command::rating, "rating", 0, "", "Rating...", "", "", "", false, true, ShowRating},
-    {Command::plyvaluetable, "plyvaluetable", 0, "", "Show Ply Value Table", "", "", "", false, false, nullptr},
+    {Command::plyvaluetable, "plyvaluetable", 0, "", "Show Ply Value Table", "", "", "", false, false, ShowPlyValueTable},
+    {Command::problems, "problems", 0, "", "Find Problems/Combinations", "", "", "", false, false, FindProblems},
     {Command::QuickRules, "QuickRules", 0, "", "Quick Rules", "", "", "", false, true, nullptr},
     {Command::Rules, "Rules", 0, "", "Rules", "", "F1", "", false, true, nullptr},
     {Command::mnu_Help_About, "mnu_Help_About", 0, "", "About", "", "", "", false, true, nullptr},
@@ -113,6 +116,7 @@ constexpr MenuLine kMenus[] = {
     EntryOf(Command::rating),
     {Menu, "extra", "&Extra"},
     EntryOf(Command::plyvaluetable),
+    EntryOf(Command::problems),
     {Menu, "Help", "&Help"},
     EntryOf(Command::QuickRules),
     EntryOf(Command::Rules),

@@ -1,8 +1,10 @@
 #include "ui/window_port.h"
 
+#include "session/play_modes.h"
 #include "ui/dialogs/file_dialog.h"
 #include "ui/dialogs/pdn_dialog.h"
 #include "ui/shown_text.h"
+#include "ui/study_windows.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -220,6 +222,26 @@ void ConnectDialogs(DialogPort& port, QMainWindow& window) {
     };
 }
 
+/// The windows are made when they are first asked for.
+void ConnectStudy(StudyPort& port, const WindowParts& parts) {
+    const auto values = [&parent = parts.Window, &game = parts.Game]() -> PlyValueWindow& {
+        auto* window = parent.findChild<PlyValueWindow*>(QStringLiteral("frmPV"));
+        return window != nullptr ? *window : *new PlyValueWindow(&parent, [&game] { CancelCommand(game); });
+    };
+    port.OpenValues = [values](const std::vector<std::string>& orders) { values().Open(orders); };
+    port.SetLabel = [values](const std::string& text) { values().State->setText(Shown(text)); };
+    port.SetProgress = [values](Long value, Long maximum) {
+        values().Progress->setRange(0, maximum);
+        values().Progress->setValue(value);
+    };
+    port.SetSearchLine = [values](const std::string& text) { values().SearchLine->setText(Shown(text)); };
+    port.ShowValues = [values](const std::function<std::string(Long)>& table) { values().ShowTable(table); };
+    port.ShowProblems = [&parent = parts.Window](const std::string& text) {
+        auto* window = parent.findChild<ProblemWindow*>(QStringLiteral("frmProblem"));
+        (window != nullptr ? window : new ProblemWindow(&parent))->Open(text);
+    };
+}
+
 } // namespace
 
 void ConnectPort(const WindowParts& parts) {
@@ -232,6 +254,7 @@ void ConnectPort(const WindowParts& parts) {
     ConnectTime(port.Time, parts.Game, parts.Pump);
     ConnectFiles(port.Files, parts.Window);
     ConnectDialogs(port.Dialogs, parts.Window);
+    ConnectStudy(port.Study, parts);
     port.EndProgram = parts.EndProgram;
 }
 

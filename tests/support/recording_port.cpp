@@ -82,6 +82,18 @@ void FillBoard(BoardPort& port, RecordedBoard& board) {
     port.SquareEdge = [] { return 40; };
 }
 
+void FillStudy(StudyPort& port, RecordedStudy& study) {
+    port.OpenValues = [&](const std::vector<std::string>&) { study = {}; };
+    port.SetLabel = [&](const std::string& text) { study.Label = text; };
+    port.SetProgress = [&](Long value, Long maximum) {
+        study.Progress = value;
+        study.ProgressMaximum = maximum;
+    };
+    port.SetSearchLine = [&](const std::string& text) { study.SearchLine = text; };
+    port.ShowValues = [&](const std::function<std::string(Long)>& table) { study.Table = table; };
+    port.ShowProblems = [&](const std::string& text) { study.Problems = text; };
+}
+
 } // namespace
 
 UiPort RecordingPort::Port() {
@@ -89,6 +101,11 @@ UiPort RecordingPort::Port() {
     FillTexts(port, *this);
     FillLists(port, *this);
     FillBoard(port.Board, Board);
+    FillStudy(port.Study, Study);
+    port.Board.ChooseSetup = [this](SetupEntry piece, SetupEntry side) {
+        SetupMarks.emplace_back(piece, side);
+        return Setup;
+    };
     port.Fields.SetControlEnabled = [this](Control control, bool on) { ControlEnabled[control] = on; };
     port.Commands.SetCommandEnabled = [this](Command command, bool on) { Enabled[command] = on; };
     port.Fields.MarkPlayerToMove = [this](PlayerMark mark) { Mark = mark; };

@@ -9,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavlon12 {
@@ -46,6 +47,16 @@ struct RecordedBoard {
     std::function<bool(Long view)> IsEmpty = [](Long) { return true; }; ///< of the squares that are not lifted
 };
 
+/// The windows of the study tools.
+struct RecordedStudy {
+    std::string Label;
+    std::string SearchLine;
+    Long Progress = 0;
+    Long ProgressMaximum = 0;
+    std::function<std::string(Long order)> Table; ///< empty until it is complete
+    std::string Problems;
+};
+
 /// A screen without a window: it keeps what the logic has shown, answers questions from a queue and has a clock of its
 /// own.
 struct RecordingPort {
@@ -69,10 +80,13 @@ struct RecordingPort {
     Long ProgressMaximum = 100;
     RecordedBoard Board;
     std::vector<std::filesystem::path> Sounds;
-    int LastFocus = -1;               ///< the list that has been given the focus, as a number
-    std::filesystem::path File;       ///< the answer to file dialogs
-    std::optional<PdnChoice> Choice;  ///< and to the chooser of a game
-    std::vector<PdnChooser> Choosers; ///< as they were shown
+    int LastFocus = -1;                                        ///< the list that has been given the focus, as a number
+    std::filesystem::path File;                                ///< the answer to file dialogs
+    std::optional<PdnChoice> Choice;                           ///< and to the chooser of a game
+    std::vector<PdnChooser> Choosers;                          ///< as they were shown
+    std::optional<SetupEntry> Setup;                           ///< the answer to the set-up menu
+    std::vector<std::pair<SetupEntry, SetupEntry>> SetupMarks; ///< the marks in it, each time it has opened
+    RecordedStudy Study;
     PlayerMark Mark = PlayerMark::None;
     int Ended = 0; ///< how often the end of the program was asked for
 
