@@ -10,16 +10,16 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <sstream>
+
 namespace tavlon12 {
 namespace {
 
 using support::LimitDepth;
-using support::Play;
+using support::SquareOf;
 using support::StartGame;
 using support::Texts;
-
-/// A shot: c3-d4 gives a man, and b2 takes three.
-constexpr std::string_view kShot = "W: a1 b2 c3 e3 g1 j2; B: e5 c5 c7 h8 k9";
 
 struct ThinkingCommand {
     std::string_view Name;
@@ -94,7 +94,7 @@ TEST(Analysis, ShowsCandidatesThatCanBePlayed) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     LimitDepth(fixture, 4);
-    StartGame(fixture, "", kShot);
+    StartGame(fixture, "", "W: a1 b2 c3 e3 g1 j2; B: e5 c5 c7 h8 k9");
     AnalyzeCommand(game);
     EXPECT_TRUE(support::WasShown(fixture.Screen, "Analyzing... (1)  " + fixture.Screen.List(ListId::List2).Lines[0]));
     const auto& candidates = fixture.Screen.List(ListId::List3);
@@ -231,19 +231,87 @@ TEST(ComputerComputer, PlaysUntilTheEndOrACancel) {
     }
 }
 
-TEST(PlyValueTable, ShowsTheShotThatTheLineHides) {
+/// The rows of a table's text as words.
+std::vector<std::vector<std::string>> RowsOf(const std::string& table) {
+    std::istringstream lines(table);
+    std::string line;
+    std::vector<std::vector<std::string>> rows;
+    for (Long number = 0; std::getline(lines, line); ++number) {
+        if (number < 2) continue; // the head and its rule
+        std::istringstream words(line);
+        rows.emplace_back(std::istream_iterator<std::string>(words), std::istream_iterator<std::string>());
+    }
+    return rows;
+}
+
+TEST(StudyTools, FindTheShotThatGivesTwoMenFirst) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     game.Settings.PlyValueDepth = 4;
-    StartGame(fixture, "", kShot);
+    StartGame(fixture, "", "W: g7 i5 j6 i1 k3 k1; B: ea l6 d0 j8 h6 ka");
     ShowPlyValueTable(game);
     const RecordedStudy& study = fixture.Screen.Study;
     ASSERT_TRUE(study.Table);
     EXPECT_EQ(study.Label, "Done!");
-    EXPECT_EQ(study.Progress, study.ProgressMaximum);
-    ADD_FAILURE() << study.Table(0) << study.Table(4);
+    EXPECT_EQ(study.Progress, 40);
+    EXPECT_EQ(study.ProgressMaximum, 40);
+
+    const std::string text = study.Table(0);
+    EXPECT_TRUE(text.starts_with("  No      MOVE   PLY 1    PLY 2    PLY 3    PLY 4     Diff     Time   \n" +
+                                 std::string(107, '-') + "\n"));
+    const auto rows = RowsOf(text);
+    ASSERT_EQ(rows.size(), 10u);
+    EXPECT_EQ(rows[0][1], "k3-j4");
+    EXPECT_GE(std::stol(rows[0][6]), 180) << "the value rises with the depth";
+    EXPECT_EQ(std::stol(rows[0][6]), std::stol(rows[0][5]) - std::stol(rows[0][3]));
+    EXPECT_TRUE(text.find("h6xf8 j6-i7 j8xh6 i5xca ") != std::string::npos);
+
+    const auto combinations = RowsOf(study.Table(static_cast<Long>(PlyValueOrder::Combinations)));
+    ASSERT_FALSE(combinations.empty());
+    EXPECT_EQ(combinations[0][1], "k3-j4");
+    for (std::size_t i = 0; i < combinations.size(); ++i) EXPECT_EQ(combinations[i][0], std::to_string(i + 1) + ".");
+
     FindProblems(game);
-    ADD_FAILURE() << fixture.Screen.SearchLine << "\n" << study.Problems;
+    EXPECT_TRUE(study.Problems.find("k3-j4  Score:") != std::string::npos) << study.Problems;
+    EXPECT_TRUE(fixture.Screen.SearchLine.ends_with(" Problems/Combinations found"));
+    game.Thought.PredictedFrom = SquareOf("a3");
+    game.Thought.PredictedTo = SquareOf("b4");
+    fixture.Screen.Messages.clear();
+    FindProblems(game);
+    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"Try a3-b4"}) << "once, in place of the first";
+}
+
+TEST(StudyTools, SortByEachKey) {
+    PlyValueTable table{2, {}};
+    table.Rows = {{"a", {1, 5}, 10, 3, "", false}, {"b", {2, 9}, -40, 1, "x", true}, {"c", {3}, 20, 2, "x", true}};
+    const std::pair<PlyValueOrder, std::string> orders[] = {{PlyValueOrder::BestDifference, "cab"},
+                                                            {PlyValueOrder::BothDifference, "bca"},
+                                                            {PlyValueOrder::BestValue, "bac"},
+                                                            {PlyValueOrder::MostTime, "acb"},
+                                                            {PlyValueOrder::Combinations, "bc"}};
+    for (const auto& [order, moves] : orders) {
+        std::string found;
+        for (const auto& row : RowsOf(PlyValueText(table, order))) found += row[1];
+        EXPECT_EQ(found, moves);
+    }
+    const std::string text = PlyValueText(table, PlyValueOrder::Combinations);
+    EXPECT_TRUE(text.ends_with("   1.    b    2        9         -40      1       x\n"
+                               "   2.    c    3                  20       2       x\n"))
+        << text;
+}
+
+TEST(StudyTools, AMoveThatEndsTheGameHasNoValues) {
+    SessionFixture fixture;
+    fixture.Game.Settings.PlyValueDepth = 3;
+    StartGame(fixture, "CapRequired=0", "W: c3; B: d4");
+    ShowPlyValueTable(fixture.Game);
+    for (const auto& row : RowsOf(fixture.Screen.Study.Table(0)))
+        EXPECT_EQ(row.size() < 6, row[1] == "c3xe5") << row[1];
+    StartGame(fixture, "", "W: a3; B: b4 c5");
+    ShowPlyValueTable(fixture.Game);
+    EXPECT_TRUE(RowsOf(fixture.Screen.Study.Table(0)).empty());
+    FindProblems(fixture.Game);
+    EXPECT_EQ(fixture.Screen.SearchLine, "no Problems/Combinations found");
 }
 
 } // namespace
