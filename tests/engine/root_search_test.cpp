@@ -72,7 +72,7 @@ TEST(RootSearch, KeepsListAndScoresTogether) {
     Random random(41);
     for (const NamedRules& named : NamedRuleSets()) {
         SCOPED_TRACE(named.Name);
-        Thinking thinking{Engine(StartPosition(RulesWith(named.Changed)))};
+        Thinking thinking{Engine(StartPosition(named.Rules))};
         PlayAtRandom(*thinking.Pos, 6 + Draw(random, 30), random);
         SetManThresholds(*thinking.Pos, *thinking.State);
         GenerateLegalMoves(*thinking.Pos);

@@ -65,7 +65,7 @@ TEST(GeneratorComparison, RandomRulesOnRandomPositions) {
 class NamedRulesTest : public ::testing::TestWithParam<NamedRules> {};
 
 TEST_P(NamedRulesTest, PositionsAndGames) {
-    RuleSet rules = RulesWith(GetParam().Changed);
+    RuleSet rules = GetParam().Rules;
     Random random(12);
     Tally tally;
     CompareRandomPositions(rules, Scaled(150), random, tally);

@@ -196,7 +196,7 @@ TEST(ComputeCommands, GiveTheComputerTheSideToMove) {
 class EveryListLine : public testing::TestWithParam<support::NamedRules> {};
 
 TEST_P(EveryListLine, PlaysItsMoveInEachNotation) {
-    const RuleSet rules = support::RulesWith(GetParam().Changed);
+    const RuleSet rules = GetParam().Rules;
     support::Random random(20261122);
     for (Byte notation : {kAlgebraic, kNumeric}) {
         for (Byte colon : {Byte(0), Byte(1)}) {

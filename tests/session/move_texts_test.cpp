@@ -71,7 +71,7 @@ TEST(RewriteGameTexts, ThereAndBackIsTheIdentity) {
         SessionFixture fixture;
         Session& game = fixture.Game;
         game.Settings.PlayMode = kPlayerPlayer;
-        support::StartGame(fixture, support::RulesWith(named.Changed));
+        support::StartGame(fixture, named.Rules);
         for (int i = 0; i < 30 && !game.Game.GameOver; ++i) support::PlayRandomMove(game, random);
         const Long last = game.Record.LastMoveIndex;
         ASSERT_GT(last, 2);

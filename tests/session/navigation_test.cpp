@@ -126,7 +126,7 @@ TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgainAndChangesNoVerdict) 
     Long ended = 0;
     for (const support::NamedRules& named : support::NamedRuleSets()) {
         SCOPED_TRACE(named.Name);
-        RuleSet rules = support::RulesWith(named.Changed);
+        RuleSet rules = named.Rules;
         rules.ThreeKings = 1;
         rules.TwoKings = 1;
         rules.NumberKings = 2;

@@ -87,7 +87,7 @@ TEST(NewGame, ASecondGameEqualsAFreshOne) {
         SessionFixture used, fresh;
         for (SessionFixture* fixture : {&used, &fresh}) {
             support::LimitDepth(*fixture, 1);
-            fixture->Pos->Rules = support::RulesWith(named.Changed);
+            fixture->Pos->Rules = named.Rules;
             AdoptMovements(*fixture->Pos);
             NewGame(fixture->Game);
         }

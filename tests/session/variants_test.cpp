@@ -1,7 +1,6 @@
 #include "engine/evaluation_tables.h"
 #include "rules/families.h"
 #include "rules/rule_keys.h"
-#include "session/computer_move.h"
 #include "session/load_variant.h"
 #include "session/program_files.h"
 #include "support/game_setup.h"
@@ -14,11 +13,6 @@
 namespace tavlon12 {
 namespace {
 
-std::vector<std::string> Names() {
-    SessionFixture fixture;
-    return VariantNames(fixture.Game);
-}
-
 /// Starts a game by a shipped definition, as if it had been chosen.
 void StartVariant(SessionFixture& fixture, const std::string& name) {
     Session& game = fixture.Game;
@@ -29,10 +23,9 @@ void StartVariant(SessionFixture& fixture, const std::string& name) {
     ASSERT_TRUE(ResetGame(game)) << name;
 }
 
-std::string AllValues(const RuleSet& rules, const BoardCells& start) {
-    std::string text = PositionString(start);
-    for (const RuleKey& key : RuleKeys())
-        if (key.Name != "Setup") text += RuleValueText(rules, key) + ";";
+std::string AllValues(const RuleSet& rules) {
+    std::string text;
+    for (const RuleKey& key : RuleKeys()) text += RuleValueText(rules, key) + ";";
     return text;
 }
 
@@ -60,10 +53,9 @@ bool ManCanPromote(const Position& position, Long side) {
 }
 
 TEST(Variants, AreGamesOfTheirOwnThatBeginAsTheirFilesSay) {
-    const std::vector<std::string> names = Names();
-    EXPECT_GE(names.size(), 100u);
+    EXPECT_GE(support::ShippedRules().size(), 100u);
     std::map<std::string, std::string> seen;
-    for (const std::string& name : names) {
+    for (const auto& [name, rules] : support::ShippedRules()) {
         SCOPED_TRACE(name);
         SessionFixture fixture;
         Session& game = fixture.Game;
@@ -72,7 +64,7 @@ TEST(Variants, AreGamesOfTheirOwnThatBeginAsTheirFilesSay) {
         EXPECT_EQ(shown, name.ends_with(" 12x12") ? name.substr(0, name.size() - 6) : name) << "not modified";
         const std::string& help = game.Variant.Texts.VariantHelp;
         EXPECT_GT(help.find("\r\n\r\nStart: "), 10u) << "the help begins with what is special";
-        const auto [other, isNew] = seen.emplace(AllValues(game.Variant.DefinedRules, game.Pos.InitialBoard), name);
+        const auto [other, isNew] = seen.emplace(AllValues(rules), name);
         EXPECT_TRUE(isNew) << "same rules as " << other->second;
         for (Long side : {kWhite, kBlack}) {
             game.Pos.Tree.SideToMove = side;
@@ -97,34 +89,15 @@ TEST(Variants, TheFourFamiliesAreRecognised) {
     }
 }
 
-class EachVariantSlow : public testing::TestWithParam<std::string> {};
-INSTANTIATE_TEST_SUITE_P(Shipped, EachVariantSlow, testing::ValuesIn(Names()),
-                         [](const auto& test) { return support::TestName(test.param); });
-
-TEST_P(EachVariantSlow, PlaysWithoutMeetingALimit) {
-    SessionFixture fixture;
-    ASSERT_NO_FATAL_FAILURE(StartVariant(fixture, GetParam()));
+TEST(VariantsSlow, RandomGamesStayFarFromTheLimits) {
     support::Random random(11);
-    const auto start = std::make_unique<Position>(*fixture.Pos);
-    for (Long round = 0; round < support::Scaled(100); ++round) {
-        *fixture.Pos = *start;
-        support::PlayAtRandom(*fixture.Pos, 400, random);
-        ASSERT_FALSE(fixture.Pos->Fault.Passed()) << support::DescribePosition(*fixture.Pos);
-    }
-
-    constexpr Long kLongestComputerGame = 150;
-    SessionFixture computer;
-    Session& game = computer.Game;
-    ASSERT_NO_FATAL_FAILURE(StartVariant(computer, GetParam()));
-    // Where every move is a capture the search follows all of them down.
-    const bool capturesAlone = game.Pos.DirTable[PieceType(kMan)][0] == kEndOfSteps;
-    support::LimitDepth(computer, capturesAlone ? 1 : support::Scaled(10) > 1 ? 3 : 2);
-    game.Settings.Search.ExtendedSearch = capturesAlone ? 0 : 1;
-    game.Settings.PlayMode = kComputerComputer;
-    game.Busy = true;
-    while (!game.Game.GameOver && game.Pos.Tree.TreeIndex < kLongestComputerGame) {
-        ThinkComputerMove(game);
-        ASSERT_EQ(computer.Screen.Ended, 0);
+    for (const support::NamedRules& variant : support::ShippedRules()) {
+        const auto start = support::StartPosition(variant.Rules);
+        for (Long round = 0; round < support::Scaled(100); ++round) {
+            const auto position = std::make_unique<Position>(*start);
+            support::PlayAtRandom(*position, 400, random);
+            ASSERT_FALSE(position->Fault.Passed()) << variant.Name << "\n" << support::DescribePosition(*position);
+        }
     }
 }
 

@@ -1,12 +1,15 @@
 #include "support/positions.h"
 
+#include "files/variant_file.h"
 #include "rules/generate_moves.h"
 #include "rules/make_move.h"
 #include "rules/rule_keys.h"
 #include "support/reference_generator.h"
+#include "support/temporary_folder.h"
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <ostream>
 #include <stdexcept>
 #include <vector>
@@ -170,75 +173,37 @@ std::string TestName(std::string_view name) {
 }
 
 void PrintTo(const NamedRules& rules, std::ostream* stream) {
-    *stream << rules.Name << " (" << rules.Changed << ")";
+    *stream << rules.Name;
+}
+
+std::span<const NamedRules> ShippedRules() {
+    static const std::vector<NamedRules> rules = [] {
+        std::vector<NamedRules> rows;
+        for (const auto& file : std::filesystem::directory_iterator(TAVLON12_DATA_DIR "/variants")) {
+            const auto definition = ReadVariant(ReadFile(file.path()), RuleSet(), {});
+            if (!definition) throw std::runtime_error(definition.Failure().Message());
+            rows.push_back({file.path().stem().string(), definition->Rules});
+            rows.back().Rules.Setup = definition->StartDigits.value_or("normal");
+        }
+        std::ranges::sort(rows, {}, &NamedRules::Name);
+        return rows;
+    }();
+    return rules;
 }
 
 std::span<const NamedRules> NamedRuleSets() {
-    // Movement strings and rows that many games share, spelt out in each: a row can be copied into a test of its own.
-    static const std::vector<std::pair<std::string, std::string>> texts = [] {
-        const std::string forwardMen = "WhiteManMovement=NW;NE NW;NE | BlackManMovement=NW;NE NW;NE | ";
-        const std::string lightSquares = "PiecesOnBlack=0 | PromoW=AbCbEbGbIbKb | PromoB=B1D1F1H1J1L1 | ";
-        const std::string wholeRows = "PiecesOnBlack=2 | PromoW=AbBbCbDbEbFbGbHbIbJbKbLb | "
-                                      "PromoB=A1B1C1D1E1F1G1H1I1J1K1L1 | ";
-        const std::string shortKings = "MaxCapMove=0 | ManContJump=0 | LongKings=0 | RemovePieces=0 | ";
-        auto block = [](Long emptyBefore, Long rows) {
-            std::string side(static_cast<std::size_t>(12 * emptyBefore), '0');
-            std::string white = side + std::string(static_cast<std::size_t>(12 * rows), '1');
-            std::string black = std::string(static_cast<std::size_t>(12 * rows), '2') + side;
-            return "Setup=" + white + std::string(kSquareCount - white.size() - black.size(), '0') + black;
-        };
-        const std::string straight = "WhiteManMovement=W;N;E W;N;E | BlackManMovement=W;N;E W;N;E | "
-                                     "WhiteKingMovement=W;N;E;S W;N;E;S | BlackKingMovement=W;N;E;S W;N;E;S | ";
-        const std::string frisian =
-            "WhiteManMovement=NW;NE NW;NE;SE;SW;WW;NN;EE;SS | BlackManMovement=NW;NE NW;NE;SE;SW;WW;NN;EE;SS | "
-            "WhiteKingMovement=NW;NE;SE;SW NW;NE;SE;SW;WW;NN;EE;SS | "
-            "BlackKingMovement=NW;NE;SE;SW NW;NE;SE;SW;WW;NN;EE;SS | ";
-        std::vector<std::pair<std::string, std::string>> rows = {
-            {"Canadian", "MaxCapMove=1"},
-            {"Russian", "MaxCapMove=0 | ManContJumpCrowned=1"},
-            {"Makhos", forwardMen + "MaxCapMove=0 | MaxCapMoveK=0 | ManContJump=0 | KingFirst=1 | CapReverse=1 | "
-                                    "RemovePieces=0"},
-            {"Pool", "MaxCapMove=0 | BlackStarts=1"},
-            {"Spanish", lightSquares + forwardMen + "MaxCapMoveKings=1 | ManContJump=0"},
-            {"Malaysian", forwardMen + "ManContJump=0"},
-            {"Czech", forwardMen + "MaxCapMove=0 | KingCapMove=1 | ManContJump=0"},
-            {"American", shortKings + forwardMen + "BlackStarts=1"},
-            {"Italian", lightSquares + forwardMen +
-                            "MaxCapMoveKings=1 | KingCapMove=1 | ManCapKing=0 | ManContJump=0 | "
-                            "LongKings=0 | RemovePieces=0"},
-            {"Frisian", frisian + "MaxCapMoveKings=1"},
-            {"Turkish", wholeRows + straight + block(1, 3) + " | RemovePieces=0"},
-            {"Keny", wholeRows + straight + block(1, 3) + " | MaxCapMove=0 | JumpFriend=1 | NumberFriends=1"},
-            {"Dameo", wholeRows + straight + block(0, 3) +
-                          " | JumpFriend=1 | NumberFriends=-1 | WhiteManMovement=NW;NE;N W;N;E;S | "
-                          "BlackManMovement=NW;NE;N W;N;E;S"},
-            {"Fox and Hounds",
-             "LongKings=0 | BlackStarts=1 | KingWin=1 | PromoW= | WhiteManMovement=NW;NE | "
-             "BlackManMovement=NW;NE | WhiteKingMovement=NW;NE;SE;SW | BlackKingMovement=NW;NE;SE;SW"},
-            {"One Way", forwardMen +
-                            "MaxCapMove=0 | KingCapMove=1 | ManContJump=0 | BlackManMovement=SE;SW SE;SW | "
-                            "PromoB=BbDbFbHbJbLb | Setup=1010102020200101000202001010102020200101000202001010102"
-                            "02020000000000000000000000000000000000000000000000000000000000000000000000000000000"
-                            "000000"},
-            {"Turncoats", "ChangeSide=1"},
-            {"Worn Crowns", "KingMan=1"},
-            {"Last Hope", shortKings + forwardMen + "ManKing=1"},
-            {"Hot Pursuit", "MaxCapMove=0 | CapRequired=0 | LastCap=1"},
-            {"Blood Feud", "MaxCapMove=0 | LastCap=1 | ManContJumpCrowned=1"},
-            {"Lancers", "ManCapMoveKing=1"},
-            {"Sentries", shortKings + forwardMen +
-                             "canContract=1 | ContractNumber=12 | ContractW1=2 | ContractW2=4 | ContractB1=13 | "
-                             "ContractB2=11"},
-            {"Boomerang", "MaxCapMove=0 | ManContJumpCrowned=1 | CapReverse=1 | RemovePieces=0"},
-        };
-        return rows;
-    }();
-    static const std::vector<NamedRules> table = [] {
+    constexpr std::string_view kNames =
+        "Canadian Checkers|Russian Draughts 12x12|Makhos 12x12|Pool Checkers 12x12|Spanish Draughts 12x12|"
+        "Maghreb Draughts 12x12|Czech Draughts 12x12|American Checkers 12x12|Italian Draughts 12x12|"
+        "Frisian Draughts 12x12|Turkish Draughts 12x12|Keny 12x12|Dameo 12x12|Fox and Hounds 12x12|"
+        "One Way Checkers 12x12|Turncoats|Worn Crowns|Last Hope|Hot Pursuit|Blood Feud|Lancers|Sentries|Boomerang";
+    static const std::vector<NamedRules> rules = [] {
         std::vector<NamedRules> rows;
-        for (const auto& [name, changed] : texts) rows.push_back({name, changed});
+        for (std::string_view name : Split(kNames, '|'))
+            rows.push_back(*std::ranges::find(ShippedRules(), name, &NamedRules::Name));
         return rows;
     }();
-    return table;
+    return rules;
 }
 
 Long Draw(Random& random, Long count) {

@@ -50,8 +50,8 @@ std::string MoveTexts(const Position& position);
 std::string DescribePosition(const Position& position);
 
 struct NamedRules {
-    std::string_view Name;
-    std::string_view Changed; ///< for `RulesWith`
+    std::string Name;
+    RuleSet Rules;
 };
 
 /// The letters and digits of a name: all that the name of a test may have.
@@ -60,7 +60,10 @@ std::string TestName(std::string_view name);
 /// How a parameterised test shows a row.
 void PrintTo(const NamedRules& rules, std::ostream* stream);
 
-/// Rule sets after real games and some that use the rarer rules.
+/// The rules of all shipped definitions.
+std::span<const NamedRules> ShippedRules();
+
+/// Of some of them: real games and some that use the rarer rules.
 std::span<const NamedRules> NamedRuleSets();
 
 /// How often to repeat a random test: a tenth where assertions or sanitizers make everything several times slower.
