@@ -1,7 +1,5 @@
 #include "files/game_file.h"
 
-#include "support/random_rules.h"
-
 #include <gtest/gtest.h>
 
 namespace tavlon12 {
@@ -50,41 +48,6 @@ TEST(GameFile, IsWrittenInItsOrder) {
     const std::string all = GameFileText(head, {}, PromotionSlots::All);
     EXPECT_NE(all.find("PromoW=BB--FBHBJBLB----------------------------\r\n"), std::string::npos);
     EXPECT_EQ(ReadGameFile(all, {})->Head.Rules.PromoW, head.Rules.PromoW) << "slots keep their places";
-}
-
-TEST(GameFile, GivesBackWhatWasSaved) {
-    std::mt19937 random(43);
-    for (int round = 0; round < 300; ++round) {
-        GameHead head{.VariantFile = support::RandomText("a =;{", random),
-                      .StartDigits = std::string(144, "01234"[random() % 5]),
-                      .BookOpen = static_cast<Long>(random()),
-                      .Notation = static_cast<Byte>(random() % 3),
-                      .Rules = support::RandomRules(random),
-                      .UseClassic = static_cast<Long>(random()),
-                      .UserName = support::RandomText("A\xC3\xA9 \"=", random)};
-        std::vector<GameFileLine> lines;
-        Long position = 0;
-        for (std::size_t count = random() % 20; count > 0; --count) {
-            if (random() % 2 == 0)
-                lines.push_back({Comment, "c" + support::RandomText("x\xE4\xFF {}", random), position});
-            lines.push_back({Move, "c3d4", position++});
-        }
-        if (!lines.empty()) lines.push_back({Comment, "a\r\n\r\nb", position});
-        for (GameFileLine& line : lines) { // two bytes of 255 are a line break
-            for (std::size_t at; (at = line.Text.find("\xFF\xFF")) != std::string::npos;) line.Text.erase(at, 1);
-        }
-
-        const std::string bytes = GameFileText(head, lines);
-        GameHead kept;
-        kept.Rules = support::RandomRules(random);
-        auto read = ReadGameFile(bytes, kept);
-        ASSERT_TRUE(read) << read.Failure().Message();
-        ASSERT_EQ(read->Head.Rules.PromoW, head.Rules.PromoW) << bytes;
-        ASSERT_EQ(read->Head, head);
-        ASSERT_EQ(read->Lines, lines);
-        ASSERT_EQ(GameLineCount(bytes), static_cast<Long>(lines.size()));
-        ASSERT_EQ(GameFileText(read->Head, read->Lines), bytes);
-    }
 }
 
 TEST(GameFile, TellsWhatIsWrong) {

@@ -154,20 +154,16 @@ TEST(HumanMove, IsAnsweredAndLeavesTheNamesAsTheyStood) {
 }
 
 TEST(HumanMove, IsScoredUnderTheSettingsOfTheSearch) {
-    // A man can be taken: how far the look ahead may be extended shows in its score.
-    Long scores[2];
     for (Byte extends : {Byte(0), Byte(1)}) {
         SessionFixture fixture;
         Session& game = fixture.Game;
         game.Settings.PlayMode = kPlayerPlayer;
         game.Settings.Search = {750, 6, extends, 0};
         StartGame(fixture, "", "W: c3 e3 g3 d2 f2; B: e7 g7 f8 h8 d8");
-        support::Play(game, "e3f4 e7d6");
-        scores[extends] = game.Record.MoveScores[2];
+        support::Play(game, "e3f4");
         EXPECT_EQ(game.Search.Options.ExtendedSearch, extends);
         EXPECT_EQ(game.Search.Options.Plys, 6);
     }
-    (void)scores;
 }
 
 TEST(ComputeCommands, GiveTheComputerTheSideToMove) {

@@ -231,6 +231,21 @@ TEST(ComputerComputer, PlaysUntilTheEndOrACancel) {
     }
 }
 
+TEST(ComputerComputer, GoesOnAfterATimeOut) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.Settings.Limits = {0, 1, 0, 1};
+    StartGame(fixture, support::RulesWith(""));
+    fixture.Screen.TickPerReading = 0.02;
+    game.Port.Time.Wait = [&](double) {
+        if (game.Record.LastMoveIndex >= 3) CancelCommand(game);
+    };
+    PlayComputerComputer(game);
+    EXPECT_GE(game.Record.LastMoveIndex, 3);
+    for (Long row : {1, 2})
+        EXPECT_GE(std::stol(game.Record.GameRows[row][kStrengthColumn]), 1) << "it has been searched";
+}
+
 /// The rows of a table's text as words.
 std::vector<std::vector<std::string>> RowsOf(const std::string& table) {
     std::istringstream lines(table);

@@ -86,15 +86,6 @@ private slots:
         QCOMPARE(game.Window->Panel.List1->count(), 0);
     }
 
-    void AManIsCrowned() {
-        GameWindow game;
-        game.Place("", "W: ca; B: j8");
-        game.Drag("ca", "db");
-        QCOMPARE(game.Lines(*game.Window->Panel.List1), "   1. ca-dbK");
-        QCOMPARE(game.Cell("db"), kKing);
-        QCOMPARE(game.Window->Board->ShownImage(game.ViewOf("db")), SquareImage::DarkWhiteKing);
-    }
-
     void TheMouseOverTheBoardBoxesTheMovablePieces() {
         GameWindow game;
         BoardView& board = *game.Window->Board;

@@ -7,7 +7,6 @@ using namespace tavlon12::support;
 
 namespace {
 
-const QString kCongratulations = QStringLiteral("Congratulations");
 
 } // namespace
 
@@ -167,37 +166,20 @@ private slots:
         QCOMPARE(game.Boxes.Seen, (std::vector{question, question}));
     }
 
-    void DrawOffers() {
-        GameWindow game("Classic Small", kPlayerComputer);
-        game.ClickButton("Draw");
-        game.Drag("c5", "d6");
-        game.Game.Game.LastScore = 1;
-        game.ClickButton("Draw");
-        QVERIFY(!game.Game.Game.GameOver);
-        SeenBox rejected{"Draw Offer", "Offer rejected... Play on!", QMessageBox::Warning};
-        QCOMPARE(game.Boxes.Seen, (std::vector{rejected, rejected}));
-
-        game.Game.Game.LastScore = 0;
-        game.ClickButton("Draw");
-        QCOMPARE(game.Boxes.Seen.back(), (SeenBox{kCongratulations, "OK... It's a draw!", QMessageBox::Warning}));
-        QCOMPARE(game.Status(), "It's a draw!");
-        QCOMPARE(game.Game.Game.ResultText, "1/2-1/2");
-        QVERIFY(!game.IsOn(Command::Compute) && !game.IsOn(Command::Offerdraw) && !game.IsOn(Command::Resign));
-    }
-
-    void Resigning() {
-        GameWindow game("Classic Small", kPlayerComputer);
-        game.Drag("c5", "d6");
-        game.ClickButton("Resign");
-        QCOMPARE(game.Boxes.Seen,
-                 (std::vector<SeenBox>{{kCongratulations, "OK... Computer wins!", QMessageBox::Warning}}));
-        QCOMPARE(game.Status(), "Computer wins!");
-        Long moves = game.Game.Record.LastMoveIndex;
-        game.Drag("g5", "h6");
-        QCOMPARE(game.Game.Record.LastMoveIndex, moves);
-        // Going back opens the game again.
-        game.ClickButton("Back");
-        QVERIFY(!game.Game.Game.GameOver && game.IsOn(Command::Compute));
+    void AnAgreedEndShutsTheGameUntilItIsTakenBack() {
+        for (const char* button : {"Draw", "Resign"}) {
+            GameWindow game("Classic Small", kPlayerComputer);
+            game.Drag("c5", "d6");
+            game.Game.Game.LastScore = 0;
+            game.ClickButton(button);
+            QCOMPARE(game.Boxes.Seen.size(), 1u);
+            QVERIFY(!game.IsOn(Command::Compute) && !game.IsOn(Command::Offerdraw) && !game.IsOn(Command::Resign));
+            const Long moves = game.Game.Record.LastMoveIndex;
+            game.Drag("g5", "h6");
+            QCOMPARE(game.Game.Record.LastMoveIndex, moves);
+            game.ClickButton("Back");
+            QVERIFY(!game.Game.Game.GameOver && game.IsOn(Command::Compute));
+        }
     }
 };
 
