@@ -151,11 +151,12 @@ TEST(Hint, GivesTheExpectedReplyElseTheBestMove) {
     EXPECT_EQ(fixture.Screen.Messages[0].Kind, MessageKind::Information);
     EXPECT_EQ(fixture.Screen.Status[1], "Think ahead and try not to leave your opponent with multiple jumps");
 
-    StartGame(fixture, "", "W: c3 a1; B: d4 f6 k9"); // a capture of two
-    game.Search.SearchAborted = true;                // left by an earlier search
+    StartGame(fixture, "", "W: g7 i5 j6 i1 k3 k1; B: ea l6 d0 j8 h6 ka");
+    game.Search.SearchAborted = true; // left by an earlier search
     fixture.Screen.Messages.clear();
     ShowHint(game);
-    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"Try c3xg7"});
+    EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"Try k3-j4"})
+        << "the first in the list is i1-h2";
     EXPECT_EQ(game.Thought.RootMoves, Thinking().RootMoves) << "a hint has candidates of its own";
 
     StartGame(fixture, "", "W: a3; B: b4 c5");
