@@ -280,7 +280,7 @@ VariantsDialog::VariantsDialog(QWidget* parent, const VariantsForm& form, const 
     layout->addLayout(MakeHead());
     layout->addLayout(MakeFrames());
     layout->addLayout(bottom);
-    squares->addWidget(MakePromotions());
+    squares->addWidget(MakePromotions(), 1);
     squares->addWidget(MakeLink());
     bottom->addWidget(MakeMovements(), 1);
     layout->addWidget(MakeButtons());
@@ -304,6 +304,7 @@ QLayout* VariantsDialog::MakeHead() {
     label->setBuddy(Combo1);
     auto* head = new QHBoxLayout;
     for (QWidget* widget : std::initializer_list<QWidget*>{label, Combo1, Option1, Option2}) head->addWidget(widget);
+    head->insertSpacing(2, 10);
     head->addStretch();
     connect(Combo1, &QComboBox::activated, this, [this](int line) {
         const std::string name = Form.Variants[static_cast<std::size_t>(line)].Name;
@@ -385,7 +386,9 @@ QGroupBox* VariantsDialog::MakePromotions() {
     grid->setVerticalSpacing(4);
     for (int row = 0; row < 2; ++row) {
         const RuleMember& rule = kPromotionRows[row];
-        grid->addWidget(new QLabel(Text(RuleKeyOf(rule).Caption)), row, 0);
+        auto* caption = new QLabel(Text(RuleKeyOf(rule).Caption));
+        caption->setContentsMargins(0, 0, 4, 0);
+        grid->addWidget(caption, row, 0);
         for (int slot = 0; slot < kPromotionSlots; ++slot) {
             const int number = row * kPromotionSlots + slot;
             EntryField* field =
