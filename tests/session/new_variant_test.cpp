@@ -96,6 +96,25 @@ TEST(NewVariant, CancelKeepsWhatAPickHasRead) {
     EXPECT_EQ(fixture.Game.Variant.VariantFile, "Test");
 }
 
+TEST(NewVariant, BalanceIsThatOfTheSideThatBegins) {
+    const std::string setup = "Setup=" + std::string(24, '0') + "1111" + std::string(80, '0') + "22\r\n";
+    for (Long blackStarts : {0, 1}) {
+        ProgramFolder folder;
+        folder.WriteVariant("Test", setup + "BlackStarts=" + std::to_string(blackStarts) + "\r\n");
+        SessionFixture fixture(folder.Path);
+        for (bool picks : {true, false}) {
+            fixture.Screen.UseVariants = [&](VariantsForm form, const VariantsEvents& events) {
+                if (!picks) return;
+                events.PickVariant(form, "Test");
+                EXPECT_EQ(fixture.Pos->Tree.PlyValue[0], -200) << "as Black sees it, whoever begins";
+            };
+            NewVariant(fixture.Game);
+            EXPECT_EQ(fixture.Pos->Tree.PlyValue[0], blackStarts == 1 ? -200 : 200);
+            EXPECT_EQ(fixture.Pos->Tree.GameValue[0], fixture.Pos->Tree.PlyValue[0]);
+        }
+    }
+}
+
 TEST(FolderPicked, TheVariantInForceAlwaysHasADefinition) {
     ProgramFolder folder;
     SessionFixture fixture(folder.Path);
@@ -123,8 +142,7 @@ TEST(FolderPicked, TheVariantInForceAlwaysHasADefinition) {
     EXPECT_EQ(game.Variant.VariantFile, "D good");
     EXPECT_EQ(game.Pos.Rules.MulJumps, 0) << "in the dialog the first line counts";
 
-    std::filesystem::remove(own / "A no end.ini");
-    EXPECT_FALSE(VariantPicked(game, form, "A no end"));
+    EXPECT_FALSE(VariantPicked(game, form, "B ends early")) << "its next game would not begin";
     EXPECT_EQ(fixture.Screen.Messages.size(), 1u);
     EXPECT_EQ(game.Variant.VariantFile, "D good");
     EXPECT_EQ(fixture.Screen.Ended, 0);

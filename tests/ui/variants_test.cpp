@@ -73,6 +73,10 @@ private slots:
             std::vector<std::pair<const VariantControl*, std::string>> held;
             const auto use = [&](QDialog& dialog) {
                 for (const VariantControl& control : VariantControls()) {
+                    const RuleKey& key = RuleKeyOf(control.Rule);
+                    QVERIFY2(Held(dialog, control) == RuleValueText(game.Pos->Rules, key), key.Name.data());
+                }
+                for (const VariantControl& control : VariantControls()) {
                     QWidget& widget = Find(dialog, QLatin1String(control.Name));
                     // Random men and moves would be played before the game stands.
                     const bool draws = control.Rule == RuleMember(&RuleSet::DoMoves) ||

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -448,12 +449,11 @@ QDialogButtonBox* VariantsDialog::MakeButtons() {
         return button;
     };
     QPushButton* random = add("Random", "&Random", "Draws most of the rules at random.", QDialogButtonBox::ResetRole);
-    QPushButton* ok = add("OKButton", "OK", "Starts a game by these rules.", QDialogButtonBox::AcceptRole);
+    add("OKButton", "OK", "Starts a game by these rules.", QDialogButtonBox::AcceptRole);
     add("CancelButton", "Cancel", "Starts a game by the rules as they were last picked, drawn or applied.",
         QDialogButtonBox::RejectRole);
     QPushButton* apply = add("Variantsapply", "&Apply", "Takes these rules over, and the dialog stays open.",
                              QDialogButtonBox::ApplyRole);
-    ok->setDefault(true);
     connect(random, &QPushButton::clicked, this, [this] { Act(Events.Random); });
     connect(apply, &QPushButton::clicked, this, [this] { Apply(false); });
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
@@ -563,7 +563,12 @@ std::span<const VariantGreying> VariantGreyings() {
 }
 
 void EditVariants(QWidget* parent, const VariantsForm& form, const VariantsEvents& events) {
-    VariantsDialog(parent, form, events).exec();
+    VariantsDialog dialog(parent, form, events);
+    dialog.ensurePolished();
+    QRect place(QPoint(), dialog.sizeHint());
+    place.moveCenter(dialog.screen()->availableGeometry().center());
+    dialog.move(place.topLeft());
+    dialog.exec();
 }
 
 } // namespace tavlon12
