@@ -2,6 +2,7 @@
 
 #include "ui/shown_text.h"
 
+#include <QListView>
 #include <QStandardItemModel>
 #include <QTextDocument>
 
@@ -17,7 +18,11 @@ QString PlainTip(const QString& text) {
 } // namespace
 
 void ShowVariantList(QComboBox& combo, const std::vector<VariantLine>& variants) {
+    constexpr int kLinesShown = 20;
     combo.clear();
+    combo.setMaxVisibleItems(kLinesShown);
+    combo.setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }")); // a list with a scroll bar, no menu
+    if (auto* lines = qobject_cast<QListView*>(combo.view())) lines->setSpacing(1);
     const auto* model = qobject_cast<const QStandardItemModel*>(combo.model());
     for (const VariantLine& variant : variants) {
         combo.addItem(Shown(variant.Name));

@@ -294,7 +294,6 @@ VariantsDialog::VariantsDialog(QWidget* parent, const VariantsForm& form, const 
 QLayout* VariantsDialog::MakeHead() {
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setMinimumWidth(300);
-    Combo1->setMaxVisibleItems(20);
     Combo1->setAccessibleName(QStringLiteral("Choose variant"));
     Combo1->setToolTip(QStringLiteral("A variant that is picked here replaces all rules below."));
     Option1->setObjectName(QStringLiteral("Option1"));
@@ -566,8 +565,9 @@ void EditVariants(QWidget* parent, const VariantsForm& form, const VariantsEvent
     VariantsDialog dialog(parent, form, events);
     dialog.ensurePolished();
     QRect place(QPoint(), dialog.sizeHint());
-    place.moveCenter(dialog.screen()->availableGeometry().center());
-    dialog.move(place.topLeft());
+    const QRect screen = dialog.screen()->availableGeometry();
+    place.moveCenter(screen.center());
+    dialog.move(std::max(place.left(), screen.left()), std::max(place.top(), screen.top()));
     dialog.exec();
 }
 
