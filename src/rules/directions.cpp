@@ -51,6 +51,16 @@ void ParseMovement(std::string_view text, Long pieceType, DirectionTable& table)
     if (blank != std::string_view::npos) ParseSteps(text.substr(blank + 1), sign, captures);
 }
 
+bool IsDirectionList(std::string_view words) {
+    if (words.empty()) return true;
+    for (;;) {
+        const std::size_t end = words.find(';');
+        if (StepOfWord(words.substr(0, end)) == 0) return false;
+        if (end == std::string_view::npos) return true;
+        words.remove_prefix(end + 1);
+    }
+}
+
 DirectionTable DirectionsOf(const RuleSet& rules) {
     DirectionTable table;
     ParseMovement(rules.WhiteManMovement, 0, table);

@@ -22,6 +22,9 @@ using DirectionTable = std::array<DirectionRow, kDirectionRows>;
 /// Black's steps are negated, so that "NW" is always forward and left.
 void ParseMovement(std::string_view text, Long pieceType, DirectionTable& table);
 
+/// Whether every word of a list of directions, separated by semicolons, is known; an empty list is one.
+bool IsDirectionList(std::string_view words);
+
 /// The table of all four movement strings of a rule set.
 DirectionTable DirectionsOf(const RuleSet& rules);
 

@@ -13,11 +13,13 @@ namespace tavlon12 {
 
 using RuleMember = std::variant<Byte RuleSet::*, Long RuleSet::*, PromotionList RuleSet::*, std::string RuleSet::*>;
 
-/// One rule value: its key in every file, the member that holds it, and the text beside its control.
+/// One rule value: its key in every file, the member that holds it, the text beside its control and the sentence that
+/// explains it.
 struct RuleKey {
     std::string_view Name;
     RuleMember Member;
     std::string_view Caption;
+    std::string_view Tip;
     bool MarksModified; ///< a value that differs from the definition's marks the variant as modified
 };
 
@@ -26,6 +28,13 @@ std::span<const RuleKey> RuleKeys();
 
 /// The key spelled exactly so, or null.
 const RuleKey* FindRuleKey(std::string_view name);
+
+/// The key of a member of the rules.
+const RuleKey& RuleKeyOf(const RuleMember& member);
+
+// `NumberFriends` has a second control, a box for `kUnlimited`.
+inline constexpr std::string_view kUnlimitedCaption = "unlimited";
+inline constexpr std::string_view kUnlimitedTip = "A man jumps over any number of its own pieces.";
 
 /// How a list of promotion squares is written. The default is the form of definition files, "BbDbFb".
 struct PromotionForm {

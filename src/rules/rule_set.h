@@ -10,6 +10,9 @@ namespace tavlon12 {
 inline constexpr Long kPromotionSlots = 20;
 inline constexpr Long kUnusedSlot = -1;
 
+/// As `NumberFriends`: a run of any length.
+inline constexpr Long kUnlimited = -1;
+
 /// Board indices in list order; unused slots hold -1.
 using PromotionList = std::array<Long, kPromotionSlots>;
 

@@ -17,8 +17,6 @@ namespace tavlon12 {
 
 namespace {
 
-constexpr const char* kDefaultRules = "DEFAULT";
-
 /// A game that is opened, and how.
 struct PdnRequest {
     LoadSource Source;
@@ -42,7 +40,7 @@ std::vector<PdnGame> ListGames(Session& session, PdnReader& reader) {
 }
 
 std::optional<PdnChoice> AskForGame(Session& session, LoadSource source, const std::vector<PdnGame>& games,
-                                    const std::vector<std::string>& openAs) {
+                                    const std::vector<VariantLine>& openAs) {
     PdnChooser chooser;
     chooser.Title = source == LoadSource::Opening ? " Choose Opening" : " Open PDN game";
     chooser.OpenAs = openAs;
@@ -51,7 +49,7 @@ std::optional<PdnChoice> AskForGame(Session& session, LoadSource source, const s
 }
 
 std::optional<PdnChoice> ChooseGame(Session& session, LoadSource source, const std::vector<PdnGame>& games,
-                                    const std::vector<std::string>& openAs) {
+                                    const std::vector<VariantLine>& openAs) {
     const Long count = static_cast<Long>(games.size());
     if (source == LoadSource::User || session.Settings.BookRandom != 1) {
         return AskForGame(session, source, games, openAs);
@@ -217,8 +215,7 @@ bool LoadPdn(Session& session, LoadSource source, const std::filesystem::path& f
         ShowMessage(session, "No games found!", "Tavlon12", MessageKind::Plain);
         return false;
     }
-    std::vector<std::string> openAs = VariantNames(session);
-    openAs.insert(openAs.begin(), kDefaultRules);
+    const std::vector<VariantLine> openAs = FillPdnVariantList(session);
     const auto choice = ChooseGame(session, source, games, openAs);
     session.PdnGameChoice = choice ? choice->Game : -1;
     if (!choice || choice->Game < 1 || choice->Game > static_cast<Long>(games.size())) {
@@ -228,7 +225,7 @@ bool LoadPdn(Session& session, LoadSource source, const std::filesystem::path& f
     }
     PdnRequest request{source, file, games[static_cast<std::size_t>(choice->Game - 1)], "", choice->Variant > 0};
     request.MoveText = PdnMoveText(reader, request.Game);
-    if (request.AsVariant && !UseVariant(session, openAs[static_cast<std::size_t>(choice->Variant)])) return false;
+    if (request.AsVariant && !UseVariant(session, openAs[static_cast<std::size_t>(choice->Variant)].Name)) return false;
     return OpenGame(session, request);
 }
 

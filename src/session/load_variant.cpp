@@ -1,6 +1,35 @@
 #include "session/load_variant.h"
 
+#include "session/program_files.h"
+
 namespace tavlon12 {
+
+namespace {
+
+/// Why a definition cannot be read, in the dialog or at the start of a game.
+std::optional<FileFailure> FailureOf(const std::filesystem::path& file) {
+    for (FirstLine first : {FirstLine::Title, FirstLine::Key}) {
+        const auto definition =
+            ReadFileWith(file, [&](std::string_view bytes) { return ReadVariant(bytes, {}, {}, first); });
+        if (!definition) return definition.Failure();
+    }
+    return std::nullopt;
+}
+
+/// The definition as a change of some rules, which keeps the values that it does not name.
+Outcome<VariantDefinition> ReadOver(const std::filesystem::path& file, const RuleSet& kept) {
+    return ReadFileWith(file, [&](std::string_view bytes) { return ReadVariant(bytes, kept, {}, FirstLine::Key); });
+}
+
+/// The rules of the definition into those in force; the promotion squares stay.
+void TakeRules(Position& position, RuleSet&& rules) {
+    rules.PromoW = position.Rules.PromoW;
+    rules.PromoB = position.Rules.PromoB;
+    position.Rules = std::move(rules);
+    position.DirTable = DirectionsOf(position.Rules);
+}
+
+} // namespace
 
 void AdoptVariant(Session& session, VariantDefinition&& definition) {
     Position& position = session.Pos;
@@ -22,6 +51,45 @@ std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::
     if (!definition) return definition.Failure();
     AdoptVariant(session, std::move(*definition));
     return std::nullopt;
+}
+
+std::optional<FileFailure> ReadVariantForDialog(Session& session, const std::string& variantFile, Long useClassic,
+                                                PromotionLists& shown) {
+    Position& position = session.Pos;
+    VariantState& variant = session.Variant;
+    const std::filesystem::path file = VariantPath(session, variantFile, useClassic);
+    if (auto failure = FailureOf(file)) return failure;
+    RuleSet kept = position.Rules;
+    kept.PromoW = shown[0];
+    kept.PromoB = shown[1];
+    auto inForce = ReadOver(file, kept);
+    auto defined = ReadOver(file, variant.DefinedRules);
+    if (!inForce) return inForce.Failure();
+    if (!defined) return defined.Failure();
+
+    shown = {inForce->Rules.PromoW, inForce->Rules.PromoB};
+    TakeRules(position, std::move(inForce->Rules));
+    PlaceClassicStart(position);
+    defined->BalanceNegated = false;
+    variant.VariantFile = variantFile;
+    session.Settings.UseClassic = useClassic;
+    AdoptVariant(session, std::move(*defined));
+    return std::nullopt;
+}
+
+std::vector<VariantLine> FillVariantList(const Session& session) {
+    std::vector<VariantLine> lines;
+    for (const std::string& name : VariantNames(session)) {
+        const auto failure = FailureOf(VariantPath(session, name, session.Settings.UseClassic));
+        lines.push_back({name, failure ? failure->Message() : ""});
+    }
+    return lines;
+}
+
+std::vector<VariantLine> FillPdnVariantList(const Session& session) {
+    std::vector<VariantLine> lines = FillVariantList(session);
+    lines.insert(lines.begin(), {"DEFAULT", ""});
+    return lines;
 }
 
 } // namespace tavlon12

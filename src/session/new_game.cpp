@@ -1,16 +1,19 @@
 #include "session/new_game.h"
 
 #include "engine/evaluate.h"
+#include "engine/evaluation_tables.h"
 #include "files/game_file.h"
 #include "rules/generate_moves.h"
 #include "session/game_end.h"
 #include "session/input_move.h"
 #include "session/load_game.h"
+#include "session/move_texts.h"
 #include "session/position_setup.h"
 #include "session/program_files.h"
 #include "session/reset_game.h"
 #include "session/save_game.h"
 #include "session/screen.h"
+#include "session/variants.h"
 
 #include <algorithm>
 #include <optional>
@@ -77,19 +80,57 @@ void PlayAutomaticMoves(Session& session) {
     LoadGame(session, LoadSource::AutomaticMoves);
 }
 
-} // namespace
+/// The balance of the board, seen from the side that begins.
+void CountBalance(Position& position) {
+    const PieceCensus census = CountPieces(position.Board);
+    const Long ofBlack = (census.BlackSum - census.WhiteSum) * 100;
+    GameTree& tree = position.Tree;
+    tree.PlyValue[0] = tree.GameValue[0] = position.Rules.BlackStarts == 0 ? -ofBlack : ofBlack;
+}
 
-void NewGame(Session& session) {
+/// Makes the game one by the rules that the dialog has left. False when they have no list of moves.
+bool AdoptChosenRules(Session& session) {
+    Position& position = session.Pos;
+    session.Port.Board.LayoutWindow();
+    AdoptMovements(position);
+    if (position.Rules.PiecesOnBlack < 2) MatchPiecesToColour(position);
+    LeaveNumericNotation(session);
+    DrawBeginner(session);
+    CountBalance(position);
+    BuildEvaluationTables(position, session.Search.Tables);
+    ShowVariantName(session);
+    position.Tree.SideToMove = position.Rules.BlackStarts == 1 ? kBlack : kWhite;
+    session.Port.Status.SetStatusText(1, SideToMoveText(position));
+    StartTree(position);
+    RefreshLegalMoves(session);
+    return !position.Fault.Passed();
+}
+
+void StartGame(Session& session, bool askVariant) {
     if (session.Busy) return;
     if (session.Game.GameTouched && !AskYesNo(session, "Quit current game?", "Confirmation")) return;
     session.Variant.CustomSetup = false;
     if (!ResetGame(session)) return;
     session.ResultShown.clear();
+    if (askVariant) {
+        EditVariants(session);
+        if (session.Quitting || !AdoptChosenRules(session)) return;
+    }
     session.Port.Lists.ListClear(ListId::List3);
     if (session.Settings.ChooseOpening == 1) LoadGame(session, LoadSource::Opening);
     DrawBoard(session, 0);
     ApplyStartRules(session);
     PlaySound(session, "roll.wav");
+}
+
+} // namespace
+
+void NewGame(Session& session) {
+    StartGame(session, false);
+}
+
+void NewVariant(Session& session) {
+    StartGame(session, true);
 }
 
 void ApplyStartRules(Session& session) {

@@ -30,8 +30,12 @@ std::filesystem::path DataFile(const Session& session, std::string_view relative
 }
 
 std::filesystem::path VariantPath(const Session& session) {
-    const std::filesystem::path folder = VariantFolder("", session.Settings.UseClassic);
-    return DataFile(session, (folder / (session.Variant.VariantFile + ".ini")).generic_string());
+    return VariantPath(session, session.Variant.VariantFile, session.Settings.UseClassic);
+}
+
+std::filesystem::path VariantPath(const Session& session, const std::string& variantFile, Long useClassic) {
+    const std::filesystem::path file = VariantFolder("", useClassic) / (variantFile + ".ini");
+    return DataFile(session, file.generic_string());
 }
 
 std::vector<std::string> VariantNames(const Session& session) {

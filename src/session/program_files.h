@@ -22,8 +22,9 @@ inline constexpr const char* kAutomaticMovesFile = "domoves.tvl";
 /// in the user's folder when it is in neither.
 std::filesystem::path DataFile(const Session& session, std::string_view relative);
 
-/// The definition file of the variant in force.
+/// The definition file of the variant in force; of any variant, in the folder of `useClassic`.
 std::filesystem::path VariantPath(const Session& session);
+std::filesystem::path VariantPath(const Session& session, const std::string& variantFile, Long useClassic);
 
 /// The variants of the folder in force, the user's own and the installed ones, in the order of their names.
 std::vector<std::string> VariantNames(const Session& session);

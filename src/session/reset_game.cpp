@@ -33,13 +33,6 @@ void SetDefinedDefaults(RuleSet& defined) {
     defined.PromoB = defaults.PromoB;
 }
 
-void DrawBeginner(Session& session) {
-    RuleSet& rules = session.Pos.Rules;
-    if (rules.RndColor != 1) return;
-    rules.BlackStarts = std::bernoulli_distribution()(session.Search.Random) ? 1 : 0;
-    session.Variant.DefinedRules.BlackStarts = rules.BlackStarts;
-}
-
 bool BuildPosition(Session& session) {
     Position& position = session.Pos;
     PlaceClassicStart(position);
@@ -88,14 +81,20 @@ void ShowFreshGame(Session& session) {
     OpenNewGame(session);
 }
 
-/// A board that is played on all squares has no numbers.
+} // namespace
+
+void DrawBeginner(Session& session) {
+    RuleSet& rules = session.Pos.Rules;
+    if (rules.RndColor != 1) return;
+    rules.BlackStarts = std::bernoulli_distribution()(session.Search.Random) ? 1 : 0;
+    session.Variant.DefinedRules.BlackStarts = rules.BlackStarts;
+}
+
 void LeaveNumericNotation(Session& session) {
     if (session.Pos.Rules.PiecesOnBlack != 2 || session.Settings.Notation == kAlgebraic) return;
     session.Settings.Notation = kAlgebraic;
     ShowNotationMark(session);
 }
-
-} // namespace
 
 bool ResetGame(Session& session) {
     Position& position = session.Pos;

@@ -5,8 +5,10 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavlon12 {
@@ -172,15 +174,53 @@ struct FilePort {
     std::function<void(const std::string& address)> OpenDocument = [](const std::string&) {};
 };
 
+/// A variant in a list.
+struct VariantLine {
+    std::string Name;
+    std::string Problem; ///< why its definition cannot be read; empty when it can
+};
+
 /// The chooser of a game in a PDN file.
 struct PdnChooser {
     std::string Title;
     std::vector<std::array<std::string, 10>> Rows; ///< a game each: Event, Date, Black, White, Result, Site, ...
-    std::vector<std::string> OpenAs;               ///< "DEFAULT", then names of variants
+    std::vector<VariantLine> OpenAs;               ///< "DEFAULT", then variants
 };
 struct PdnChoice {
     Long Game = 1;    ///< from 1
     Long Variant = 0; ///< index into `OpenAs`
+};
+
+/// What the controls of the Variants dialog hold.
+struct VariantsForm {
+    std::vector<VariantLine> Variants;
+    std::string Variant; ///< the one that is chosen
+    Long UseClassic = 1;
+    /// By the key of a rule, the texts of its boxes: "1" or "0" of a flag, each slot of a list of promotion squares,
+    /// the two halves of a movement string.
+    std::map<std::string_view, std::vector<std::string>> Values;
+    bool ColourOpen = true; ///< the box of `PiecesOnBlack` may be clicked
+    std::string HelpLink;
+};
+
+/// A box of a rule's texts.
+struct VariantsBox {
+    std::string_view Key;
+    std::size_t Index = 0;
+
+    bool operator==(const VariantsBox&) const = default;
+};
+
+/// What acts on the Variants dialog. Each gets the form as it is filled in, and gives it back as it is to be shown.
+struct VariantsEvents {
+    std::function<void(VariantsForm&, const std::string& name)> PickVariant;
+    std::function<void(VariantsForm&, Long useClassic)> PickFolder;
+    std::function<void(VariantsForm&, bool on)> PickColour; ///< the box of `PiecesOnBlack` was clicked
+    std::function<void(VariantsForm&)> Random;
+    /// True when all entries are good; otherwise `mark` has been called for the first that is not. `JumpFriend` and
+    /// `NumberFriends` are taken only on request.
+    std::function<bool(const VariantsForm&, bool includeFriends, const std::function<void(VariantsBox)>& mark)> Apply;
+    std::function<void()> OpenHelp;
 };
 
 /// Boxes and dialogs that wait for the user.
@@ -189,6 +229,9 @@ struct DialogPort {
     std::function<std::optional<PdnChoice>(const PdnChooser&)> ChoosePdnGame = [](const PdnChooser&) {
         return std::optional<PdnChoice>();
     };
+    /// Returns when the dialog is closed. What was taken over has gone through the events.
+    std::function<void(const VariantsForm&, const VariantsEvents&)> EditVariants = [](const VariantsForm&,
+                                                                                      const VariantsEvents&) {};
     std::function<void(const std::string& text, const std::string& title, MessageKind kind)> ShowMessage =
         [](const std::string&, const std::string&, MessageKind) {};
     std::function<bool(const std::string& text, const std::string& title)> AskYesNo =

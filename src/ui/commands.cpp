@@ -22,7 +22,7 @@ namespace {
 // clang-format off
 constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::New1, "New1", 1, "New Game", "New Game", "New Game", "Ctrl+N", "new_game", false, false, NewGame},
-    {Command::NewVariant, "NewVariant", 2, "New Variant", "New Variant...", "New Variant", "Ctrl+V", "new_variant", false, false, nullptr},
+    {Command::NewVariant, "NewVariant", 2, "New Variant", "New Variant...", "New Variant", "Ctrl+V", "new_variant", false, false, NewVariant},
     {Command::Open1, "Open1", 4, "Open", "Open...", "Open", "Ctrl+O", "open", false, false, OpenCommand},
     {Command::Save, "Save", 5, "Save", "Save...", "Save", "Ctrl+S", "save", false, false, SaveCommand},
     {Command::Details, "Details", 0, "", "Details...", "", "Ctrl+D", "", false, false, nullptr},

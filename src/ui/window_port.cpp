@@ -3,6 +3,7 @@
 #include "session/play_modes.h"
 #include "ui/dialogs/file_dialog.h"
 #include "ui/dialogs/pdn_dialog.h"
+#include "ui/dialogs/variants_dialog.h"
 #include "ui/shown_text.h"
 #include "ui/study_windows.h"
 
@@ -25,7 +26,9 @@ namespace {
 
 QMessageBox::StandardButton Ask(QMainWindow& window, QMessageBox::Icon icon, const std::string& text,
                                 const std::string& title, QMessageBox::StandardButtons buttons) {
-    QMessageBox box(icon, Shown(title), Shown(text), buttons, &window);
+    // A box that a dialog's procedure shows belongs to the dialog.
+    QWidget* dialog = QApplication::activeModalWidget();
+    QMessageBox box(icon, Shown(title), Shown(text), buttons, dialog != nullptr ? dialog : &window);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
     for (QAbstractButton* button : box.buttons()) button->setIcon(QIcon());
@@ -213,6 +216,9 @@ void ConnectFiles(FilePort& port, QMainWindow& window) {
 
 void ConnectDialogs(DialogPort& port, QMainWindow& window) {
     port.ChoosePdnGame = [&window](const PdnChooser& chooser) { return ChoosePdnGame(&window, chooser); };
+    port.EditVariants = [&window](const VariantsForm& form, const VariantsEvents& events) {
+        EditVariants(&window, form, events);
+    };
     port.ShowMessage = [&window](const std::string& text, const std::string& title, MessageKind kind) {
         Ask(window, IconOf(kind), text, title, QMessageBox::Ok);
     };

@@ -114,6 +114,9 @@ UiPort RecordingPort::Port() {
         Choosers.push_back(chooser);
         return Choice;
     };
+    port.Dialogs.EditVariants = [this](const VariantsForm& form, const VariantsEvents& events) {
+        UseVariants(form, events);
+    };
     port.Files.PlaySound = [this](const std::filesystem::path& file) { Sounds.push_back(file); };
     port.Time.Clock = [this] { return Now += TickPerReading; };
     port.Time.Wait = [this](double seconds) {

@@ -80,10 +80,12 @@ struct RecordingPort {
     Long ProgressMaximum = 100;
     RecordedBoard Board;
     std::vector<std::filesystem::path> Sounds;
-    int LastFocus = -1;                                        ///< the list that has been given the focus, as a number
-    std::filesystem::path File;                                ///< the answer to file dialogs
-    std::optional<PdnChoice> Choice;                           ///< and to the chooser of a game
-    std::vector<PdnChooser> Choosers;                          ///< as they were shown
+    int LastFocus = -1;               ///< the list that has been given the focus, as a number
+    std::filesystem::path File;       ///< the answer to file dialogs
+    std::optional<PdnChoice> Choice;  ///< and to the chooser of a game
+    std::vector<PdnChooser> Choosers; ///< as they were shown
+    /// What the user does in the Variants dialog before it closes.
+    std::function<void(VariantsForm, const VariantsEvents&)> UseVariants = [](VariantsForm, const VariantsEvents&) {};
     std::optional<SetupEntry> Setup;                           ///< the answer to the set-up menu
     std::vector<std::pair<SetupEntry, SetupEntry>> SetupMarks; ///< the marks in it, each time it has opened
     RecordedStudy Study;

@@ -3,7 +3,6 @@
 #include "session/program_files.h"
 
 #include <QComboBox>
-#include <QDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -13,26 +12,6 @@ using namespace tavlon12;
 using namespace tavlon12::support;
 
 namespace {
-
-/// Runs `use` once a dialog of this name is open.
-class DialogUser : public QObject {
-public:
-    DialogUser(const char* name, std::function<void(QDialog&)> use) {
-        connect(&Timer, &QTimer::timeout, this, [this, name, use] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog == nullptr || !dialog->isVisible() || dialog->objectName() != QLatin1String(name)) return;
-            Timer.stop();
-            Used = true;
-            use(*dialog);
-        });
-        Timer.start(5);
-    }
-
-    bool Used = false;
-
-private:
-    QTimer Timer;
-};
 
 /// Types a path into a file dialog.
 DialogUser Choose(const std::filesystem::path& file) {

@@ -27,6 +27,18 @@ void BoxWatcher::Look() {
     Inside = false;
 }
 
+DialogUser::DialogUser(const char* name, std::function<void(QDialog&)> use) {
+    connect(&Timer, &QTimer::timeout, this, [this, name, use] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->isVisible() || dialog->objectName() != QLatin1String(name)) return;
+        Timer.stop();
+        Used = true;
+        use(*dialog);
+        if (QTest::currentTestFailed()) dialog->reject();
+    });
+    Timer.start(5);
+}
+
 GameWindow::GameWindow(const std::string& skinName, Long playMode)
     : Pos(std::make_unique<Position>()), Search(std::make_unique<SearchState>()), Game(*Pos, *Search) {
     Game.ProgramFolder = Folder.Path;

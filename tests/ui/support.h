@@ -5,10 +5,12 @@
 #include "support/temporary_folder.h"
 #include "ui/main_window.h"
 
+#include <QDialog>
 #include <QMessageBox>
 #include <QTimer>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,6 +50,17 @@ private:
 
     QTimer Timer;
     bool Inside = false;
+};
+
+/// Runs `use` once a dialog of this name is open. A dialog in which a comparison has failed is closed.
+class DialogUser : public QObject {
+public:
+    DialogUser(const char* name, std::function<void(QDialog&)> use);
+
+    bool Used = false;
+
+private:
+    QTimer Timer;
 };
 
 /// The whole program but its `main`: a session in its window, started from the project's data folder and shown. Between

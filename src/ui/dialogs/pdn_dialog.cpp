@@ -1,9 +1,9 @@
 #include "ui/dialogs/pdn_dialog.h"
 
+#include "ui/dialogs/variant_list.h"
 #include "ui/shown_text.h"
 
 #include <QAbstractTableModel>
-#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -75,7 +75,7 @@ QComboBox* MakeVariants(const PdnChooser& chooser) {
     auto* combo = new QComboBox;
     combo->setObjectName(QStringLiteral("Combo1"));
     combo->setToolTip(QStringLiteral("The rules by which the game is opened. DEFAULT: those that the game brings."));
-    for (const std::string& name : chooser.OpenAs) combo->addItem(Shown(name));
+    ShowVariantList(*combo, chooser.OpenAs);
     return combo;
 }
 

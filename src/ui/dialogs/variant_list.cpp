@@ -1,0 +1,36 @@
+#include "ui/dialogs/variant_list.h"
+
+#include "ui/shown_text.h"
+
+#include <QListView>
+#include <QStandardItemModel>
+#include <QTextDocument>
+
+namespace tavlon12 {
+
+namespace {
+
+/// A tool tip that shows marks of rich text as they are.
+QString PlainTip(const QString& text) {
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
+} // namespace
+
+void ShowVariantList(QComboBox& combo, const std::vector<VariantLine>& variants) {
+    constexpr int kLinesShown = 20;
+    combo.clear();
+    combo.setMaxVisibleItems(kLinesShown);
+    combo.setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }")); // a list with a scroll bar, no menu
+    if (auto* lines = qobject_cast<QListView*>(combo.view())) lines->setSpacing(1);
+    const auto* model = qobject_cast<const QStandardItemModel*>(combo.model());
+    for (const VariantLine& variant : variants) {
+        combo.addItem(Shown(variant.Name));
+        if (variant.Problem.empty()) continue;
+        QStandardItem* item = model->item(combo.count() - 1);
+        item->setEnabled(false);
+        item->setToolTip(PlainTip(Shown(variant.Problem)));
+    }
+}
+
+} // namespace tavlon12
