@@ -47,7 +47,8 @@ bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, O
         } else if (rules.JumpFriend() && board[target] == piece) {
             Long end;
             Long length = FriendRun(board, piece, target, step, end);
-            if (board[end] != kEmpty || (position.Rules.NumberFriends != kUnlimited && position.Rules.NumberFriends != length))
+            if (board[end] != kEmpty ||
+                (position.Rules.NumberFriends != kUnlimited && position.Rules.NumberFriends != length))
                 continue;
             bool promotes = man && IsPromotionSquare(position, side, end, kFriendJumpPromotionSlots);
             if (onQuiet(square, end, promotes)) return true;

@@ -207,20 +207,6 @@ INSTANTIATE_TEST_SUITE_P(ApplyVariant, Entries,
                          }),
                          support::kNameOfCase);
 
-TEST(ApplyVariant, TakesTheRulesOnFriendsOnRequestAlone) {
-    SessionFixture fixture;
-    VariantsForm form = FormOfRules(fixture.Game);
-    form.Values.at("JumpFriend")[0] = "1";
-    form.Values.at("NumberFriends")[0] = "3 men";
-    form.Values.at("NumberKings2")[0] = "many";
-    for (bool request : {false, true}) {
-        ASSERT_TRUE(ApplyVariant(fixture.Game, form, request, [](VariantsBox) {}));
-        EXPECT_EQ(fixture.Pos->Rules.JumpFriend, request ? 1 : 0);
-        EXPECT_EQ(fixture.Pos->Rules.NumberFriends, request ? 3 : 0);
-    }
-    EXPECT_EQ(fixture.Pos->Rules.NumberKings2, 0);
-}
-
 TEST(ColourPicked, MovesThePromotionSquaresOntoTheColour) {
     SessionFixture fixture;
     VariantsForm form = FormOfRules(fixture.Game);
