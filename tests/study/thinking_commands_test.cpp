@@ -51,6 +51,7 @@ TEST_P(CommandsThatMakeNoMove, LeaveTheGameAsItWasAlsoAfterACancel) {
             GoToMove(game, 3, false, false);
             const auto position = std::make_unique<Position>(*fixture.Pos);
             const auto record = std::make_unique<GameRecord>(game.Record);
+            game.Game.RateableGame = true;
             const GameState state = game.Game;
             const auto lists = fixture.Screen.Lists;
             fixture.Screen.Messages.clear();
