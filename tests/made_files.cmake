@@ -1,4 +1,4 @@
-# tools/make_variants.py writes what is in data/variants and docs/variants.md, byte for byte.
+# A script of tools writes the files that are kept (KEPT, a list of patterns below the project), byte for byte.
 
 find_program(PYTHON python3)
 if(NOT PYTHON)
@@ -7,8 +7,9 @@ if(NOT PYTHON)
 endif()
 
 file(REMOVE_RECURSE "${WORK_DIR}")
-execute_process(COMMAND "${PYTHON}" "${SOURCE_DIR}/tools/make_variants.py" "${WORK_DIR}" COMMAND_ERROR_IS_FATAL ANY)
-file(GLOB kept "${SOURCE_DIR}/data/variants/*.ini" "${SOURCE_DIR}/docs/variants.md")
+execute_process(COMMAND "${PYTHON}" "${SOURCE_DIR}/tools/${SCRIPT}" "${WORK_DIR}" COMMAND_ERROR_IS_FATAL ANY)
+list(TRANSFORM KEPT PREPEND "${SOURCE_DIR}/")
+file(GLOB kept ${KEPT})
 file(GLOB made "${WORK_DIR}/*")
 list(LENGTH kept kept_count)
 list(LENGTH made made_count)
