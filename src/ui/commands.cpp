@@ -150,10 +150,6 @@ std::span<const CommandRow> AllCommands() {
     return kCommands;
 }
 
-bool DoesSomething(const CommandRow& row) {
-    return row.Procedure != nullptr || row.Id == Command::Exit;
-}
-
 const CommandRow* RowAtButton(int place) {
     for (const CommandRow& row : kCommands)
         if (row.Button == place) return &row;

@@ -125,7 +125,6 @@ void MainWindow::RunInput(void (*procedure)(Session&)) {
 
 void MainWindow::RunCommand(Command command) {
     const CommandRow& row = RowOf(command);
-    if (!DoesSomething(row)) return;
     Run(
         [&] {
             EndBoardInput(Game);

@@ -44,7 +44,7 @@ TEST(Diagram, HasTheseLines) {
 TEST(Diagram, ATurnedBoardGivesTheRowsFromTheOtherEnd) {
     SessionFixture fixture;
     for (const char* colour : {"PiecesOnBlack=0", "PiecesOnBlack=1", "PiecesOnBlack=2"}) {
-        Random random(7);
+        support::Random random(7);
         support::StartGame(fixture, support::RulesWith(colour), random);
         const auto picturesOf = [&](Long turned) {
             fixture.Game.Settings.BoardTurned = turned;
@@ -58,8 +58,10 @@ TEST(Diagram, ATurnedBoardGivesTheRowsFromTheOtherEnd) {
         std::ranges::reverse(turned);
         EXPECT_EQ(turned.size(), 144u);
         EXPECT_EQ(picturesOf(0), turned);
-        const bool light =
-            std::ranges::any_of(turned, [](const auto& name) { return name.starts_with("pieces/lwhite"); });
+        const auto isLightPiece = [](const std::string& name) {
+            return name.starts_with("pieces/lwhite") || name.starts_with("pieces/lblack");
+        };
+        const bool light = std::ranges::any_of(turned, isLightPiece);
         EXPECT_EQ(light, fixture.Pos->Rules.PiecesOnBlack == 2);
     }
 }

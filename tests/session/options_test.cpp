@@ -85,18 +85,25 @@ TEST_F(Options, SkinAndRatingCountWithoutOk) {
 }
 
 TEST_F(Options, TheScreenFollowsWhenTheDialogIsGone) {
-    support::StartGame(Fixture, "", "W: c3; B: d4 Klb");
-    const SettingTexts byDepth{
-        {"FixedDepth", "1"}, {"DepthLimit", "4"}, {"StrengthStep", "3"}, {"UserName", "Ann"}, {"ColonCapture", "1"}};
-    Apply(byDepth);
-    EXPECT_EQ(Fixture.Screen.StrengthLine, "Strength: 7   Depth: 4 ply");
-    EXPECT_EQ(Fixture.Screen.List(ListId::List2).Lines, Names{"c3:e5"});
-    EXPECT_EQ(Fixture.Screen.Texts[Control::Label2], "Ann"); // White has the move, and Black began
-    EXPECT_EQ(Fixture.Screen.Texts[Control::Label1], "Computer");
-    Game.Settings.PlayMode = kPlayerPlayer;
-    Apply({{"FixedDepth", "0"}, {"TimeLimit", "30"}});
-    EXPECT_EQ(Fixture.Screen.StrengthLine, "Strength: 7   Time: 30 sec");
-    EXPECT_EQ(Fixture.Screen.Texts[Control::Label1], "Ann");
+    for (const bool blackStarts : {false, true}) {
+        support::StartGame(Fixture, blackStarts ? "BlackStarts=1" : "BlackStarts=0", "W: c3; B: d4 Klb");
+        Game.Settings.PlayMode = kPlayerComputer;
+        Apply({{"FixedDepth", "1"},
+               {"DepthLimit", "4"},
+               {"StrengthStep", "3"},
+               {"UserName", "A"},
+               {"ColonCapture", "1"}});
+        EXPECT_EQ(Fixture.Screen.StrengthLine, "Strength: 7   Depth: 4 ply");
+        EXPECT_EQ(Fixture.Screen.List(ListId::List2).Lines, Names{"c3:e5"});
+        // White has the move, so it is the user's; Label1 shows who has begun.
+        EXPECT_EQ(Fixture.Screen.Texts[blackStarts ? Control::Label2 : Control::Label1], "A");
+        EXPECT_EQ(Fixture.Screen.Texts[blackStarts ? Control::Label1 : Control::Label2], "Computer");
+        Game.Settings.PlayMode = kPlayerPlayer;
+        Apply({{"FixedDepth", "0"}, {"TimeLimit", "30"}});
+        EXPECT_EQ(Fixture.Screen.StrengthLine, "Strength: 7   Time: 30 sec");
+        EXPECT_EQ(Fixture.Screen.Texts[Control::Label1], "A");
+        EXPECT_EQ(Fixture.Screen.Texts[Control::Label2], "A");
+    }
 }
 
 } // namespace
