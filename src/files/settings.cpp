@@ -38,31 +38,32 @@ SettingRow::Value Variant(StoredSettings& stored) {
 constexpr auto kRule = nullptr;
 constexpr bool kWholeLine = true;
 
+// clang-format off
 const SettingRow kRows[] = {
-    {"PlayMode", User<&UserSettings::PlayMode>, 0, 2},
-    {"StrengthStep", Limit<&SearchLimits::StrengthStep>, 0, 9},
-    {"DepthLimit", Limit<&SearchLimits::DepthLimit>, 1, 20},
-    {"Notation", User<&UserSettings::Notation>, kAlgebraic, kNoLabels},
+    {"PlayMode", User<&UserSettings::PlayMode>, "", "", 0, 2},
+    {"StrengthStep", Limit<&SearchLimits::StrengthStep>, "Strength", "How well the computer plays: below \"Hard\" it blunders by chance.", 0, 9},
+    {"DepthLimit", Limit<&SearchLimits::DepthLimit>, "&Depth:", "The computer stops when it has looked this many half-moves ahead.", 1, 20},
+    {"Notation", User<&UserSettings::Notation>, "", "", kAlgebraic, kNoLabels},
     {"BoardTurned", User<&UserSettings::BoardTurned>},
     {"MaxCapMove", kRule},
     {"MulJumps", kRule},
-    {"ShowAvailableMoves", User<&UserSettings::ShowAvailableMoves>},
+    {"ShowAvailableMoves", User<&UserSettings::ShowAvailableMoves>, "&Show available moves", "Boxes the pieces that can move, and where the one in hand can go."},
     {"BlackStarts", kRule},
-    {"VariantFile", Variant, 0, 0, kWholeLine},
+    {"VariantFile", Variant, "", "", 0, 0, kWholeLine},
     {"PiecesOnBlack", kRule},
     {"AntiMode", kRule},
     {"WinAtPromo", kRule},
-    {"TimeLimit", Limit<&SearchLimits::TimeLimit>, 1, 180},
+    {"TimeLimit", Limit<&SearchLimits::TimeLimit>, "&Time:", "The computer stops after this many seconds.", 1, 180},
     {"FixedDepth", Limit<&SearchLimits::FixedDepth>},
-    {"ChessDraws", User<&UserSettings::ChessDraws>},
+    {"ChessDraws", User<&UserSettings::ChessDraws>, "Use Chess &drawing rules (position repetition and 50 moves rule)", "A position that comes for the third time, or too many moves without a capture or a promotion, is a draw."},
     {"MaxCapMoveKings", kRule},
     {"ManCapKing", kRule},
     {"KingCapMove", kRule},
-    {"UserName", User<&UserSettings::UserName>},
-    {"NotationCapitals", User<&UserSettings::NotationCapitals>},
-    {"AskExit", User<&UserSettings::AskExit>},
-    {"AskForDraw", User<&UserSettings::AskForDraw>},
-    {"ExtendedSearch", Search<&SearchOptions::ExtendedSearch>},
+    {"UserName", User<&UserSettings::UserName>, "Your &Name:", "Shown beside the board. Without a comma: the name would end there at the next start.", 0, 0},
+    {"NotationCapitals", User<&UserSettings::NotationCapitals>, "&Notation in capital letters", "The letters round the board are capitals."},
+    {"AskExit", User<&UserSettings::AskExit>, "Ask confirmation on e&xit", "The program asks before it ends."},
+    {"AskForDraw", User<&UserSettings::AskForDraw>, "As&k for draw if computer thinks it's a draw", "The computer may offer a draw when neither side gets on."},
+    {"ExtendedSearch", Search<&SearchOptions::ExtendedSearch>, "E&xtended search", "The computer looks further ahead after captures and promotions."},
     {"ManContJump", kRule},
     {"LongKings", kRule},
     {"ManContJumpCrowned", kRule},
@@ -73,23 +74,23 @@ const SettingRow kRows[] = {
     {"BlackManMovement", kRule},
     {"WhiteKingMovement", kRule},
     {"BlackKingMovement", kRule},
-    {"OpeningBook", User<&UserSettings::OpeningBook>},
-    {"MoveLimitCode", User<&UserSettings::MoveLimitCode>, 0, 4},
+    {"OpeningBook", User<&UserSettings::OpeningBook>, "&Opening book", "The computer plays the moves of the opening book while it has some."},
+    {"MoveLimitCode", User<&UserSettings::MoveLimitCode>, "Number of moves in 50 mo&ve rule:", "So many moves of each side without a capture or a promotion are a draw.", 0, 4},
     {"CalculationOn", User<&UserSettings::CalculationOn>},
-    {"CanadianBook", User<&UserSettings::CanadianBook>},
-    {"BruteForce", Search<&SearchOptions::BruteForce>},
+    {"CanadianBook", User<&UserSettings::CanadianBook>, "Ca&nadian Checkers book for other variants", "Variants with the same start position use that book too."},
+    {"BruteForce", Search<&SearchOptions::BruteForce>, "Brute &force", "The computer searches every move to the end. This is much slower."},
     {"KingFirst", kRule},
     {"ManCapMoveKing", kRule},
-    {"ColonCapture", User<&UserSettings::ColonCapture>},
+    {"ColonCapture", User<&UserSettings::ColonCapture>, "Ca&pture character:", "Stands between the squares of a capture."},
     {"KingWin", kRule},
     {"MaxCapMoveK", kRule},
-    {"Plys", Search<&SearchOptions::Plys>, 1, 6},
-    {"Balance", Search<&SearchOptions::Balance>, 1, 750},
+    {"Plys", Search<&SearchOptions::Plys>, "&Plys (default=3) :", "How many half-moves the extended search may go further: 1 to 6.", 1, 6},
+    {"Balance", Search<&SearchOptions::Balance>, "Ba&lance (default=150) :", "The search is extended only where the score is within this much of what is expected: 1 to 750, a man counts 100.", 1, 750},
     {"CapRequired", kRule},
-    {"ChooseOpening", User<&UserSettings::ChooseOpening>},
-    {"BookRandom", User<&UserSettings::BookRandom>},
-    {"UseRating", User<&UserSettings::UseRating>},
-    {"SkinMode", User<&UserSettings::SkinMode>, 0, 4},
+    {"ChooseOpening", User<&UserSettings::ChooseOpening>, "C&hoose opening", "When the program starts, a game of the opening file can be chosen to begin with."},
+    {"BookRandom", User<&UserSettings::BookRandom>, "&Random", "The opening is drawn at random instead of chosen."},
+    {"UseRating", User<&UserSettings::UseRating>, "Use &Rating", "Your games against the computer change your rating."},
+    {"SkinMode", User<&UserSettings::SkinMode>, "", "", 0, 4},
     {"NoLegalDraw", kRule},
     {"RemoveMen", kRule},
     {"NumberMen", kRule},
@@ -98,19 +99,19 @@ const SettingRow kRows[] = {
     {"LastCap", kRule},
     {"ManKing", kRule},
     {"KingMan", kRule},
-    {"AutoSave", User<&UserSettings::AutoSave>},
-    {"UseSound", User<&UserSettings::UseSound>},
+    {"AutoSave", User<&UserSettings::AutoSave>, "Auto &Save", "The game of the last run is on the board again at the next start."},
+    {"UseSound", User<&UserSettings::UseSound>, "&Use Sound", "Moves can be heard."},
     {"ChangeSide", kRule},
-    {"SkinName", User<&UserSettings::SkinName>, 0, 0, kWholeLine},
-    {"KingVersusKing", User<&UserSettings::KingVersusKing>},
+    {"SkinName", User<&UserSettings::SkinName>, "Choose a s&kin:", "The pieces and squares. Takes effect when the dialog closes, with Cancel too.", 0, 0, kWholeLine},
+    {"KingVersusKing", User<&UserSettings::KingVersusKing>, "Kin&g versus King", "One king against one, with nothing to capture, is a draw."},
     {"ThreeKings", kRule},
     {"NumberKings", kRule},
-    {"PdnAlgebraic", User<&UserSettings::PdnAlgebraic>},
+    {"PdnAlgebraic", User<&UserSettings::PdnAlgebraic>, "Save &PDN games in algebraic notation", "Squares in PDN files are written as c3 instead of as numbers."},
     {"CapReverse", kRule},
     {"RndColor", kRule},
-    {"PlyValueDepth", User<&UserSettings::PlyValueDepth>, 1, 20},
+    {"PlyValueDepth", User<&UserSettings::PlyValueDepth>, "Ply &Value Table Search :", "How deep the Ply Value Table goes: 1 to 20.", 1, 20},
     {"UseClassic", User<&UserSettings::UseClassic>},
-    {"TouchMove", User<&UserSettings::TouchMove>},
+    {"TouchMove", User<&UserSettings::TouchMove>, "Use T&ouch-Move rule", "A piece that has been touched must be moved."},
     {"JumpFriend", kRule},
     {"NumberFriends", kRule},
     {"TwoKings", kRule},
@@ -123,6 +124,7 @@ const SettingRow kRows[] = {
     {"ContractB1", kRule},
     {"ContractB2", kRule},
 };
+// clang-format on
 
 std::string Header() {
     return std::string("TAVLON12").append(kFormatVersion);
@@ -172,6 +174,22 @@ std::string RowText(const SettingRow& row, StoredSettings& stored, const Promoti
     return IsNumber(key) ? NumberText(text) : OwnText(text);
 }
 
+void Enter(std::string_view text, const SettingRow&, std::string& value) {
+    value = text;
+}
+
+template <typename Number> void Enter(std::string_view text, const SettingRow& row, Number& value) {
+    value = static_cast<Number>(RoundHalfEven(std::clamp<double>(ParseNumber(text), row.Least, row.Most)));
+}
+
+std::string EnteredText(const std::string& value) {
+    return value;
+}
+
+std::string EnteredText(Long value) {
+    return std::to_string(value);
+}
+
 std::string TextOf(StoredSettings stored, const PromotionForm& form) {
     std::string text = Header() + "\r\n";
     for (const SettingRow& row : kRows) text += RowText(row, stored, form) + "\r\n";
@@ -182,6 +200,21 @@ std::string TextOf(StoredSettings stored, const PromotionForm& form) {
 
 std::span<const SettingRow> SettingRows() {
     return kRows;
+}
+
+const SettingRow& SettingNamed(std::string_view name) {
+    return *std::ranges::find(kRows, name, &SettingRow::Name);
+}
+
+std::string SettingText(const UserSettings& settings, const SettingRow& row) {
+    StoredSettings stored{settings, {}};
+    return std::visit([](auto* value) { return EnteredText(*value); }, row.ValueIn(stored));
+}
+
+void SetSetting(UserSettings& settings, const SettingRow& row, std::string_view text) {
+    StoredSettings stored{settings, {}};
+    std::visit([&](auto* value) { Enter(text, row, *value); }, row.ValueIn(stored));
+    settings = stored.User;
 }
 
 Outcome<StoredSettings> ReadSettings(std::string_view bytes) {

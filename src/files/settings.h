@@ -57,6 +57,8 @@ struct SettingRow {
 
     std::string_view Name;
     Value (*ValueIn)(StoredSettings&); ///< null for a rule value, which has the name as its key
+    std::string_view Caption = {};     ///< beside its control, with "&" before its access key; empty where it has none
+    std::string_view Tip = {};         ///< what it does, in a sentence
     Long Least = 0;                    ///< of a number of the user's: what he can choose; a file may hold
     Long Most = 1;                     ///< any value of the kind
     bool WholeLine = false;            ///< a text that is read with its commas, leading blanks and quotes
@@ -64,6 +66,16 @@ struct SettingRow {
 
 /// The settings in the order of the file, from its second line on.
 std::span<const SettingRow> SettingRows();
+
+/// The row of a setting; the name must be one of the table.
+const SettingRow& SettingNamed(std::string_view name);
+
+/// The value of a setting of the user's, numbers without blanks.
+std::string SettingText(const UserSettings& settings, const SettingRow& row);
+
+/// Takes over a value that the user has entered: the number at the start of the text, 0 without one, drawn into the
+/// range of the setting.
+void SetSetting(UserSettings& settings, const SettingRow& row, std::string_view text);
 
 /// Reads the bytes of a settings file. A failure `BadValue` is a value out of the range of its kind; after any other
 /// (another header, too few lines) the file counts as unusable and the defaults take its place.

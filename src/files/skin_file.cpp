@@ -1,6 +1,7 @@
 #include "files/skin_file.h"
 
 #include "files/key_lines.h"
+#include "rules/board.h"
 
 #include <algorithm>
 #include <array>
@@ -51,6 +52,16 @@ void ReadLine(const KeyLine& line, Long number, SkinFile& skin) {
 
 } // namespace
 
+std::string_view KeyOf(SquareImage image) {
+    return kSquareKeys[static_cast<std::size_t>(image)];
+}
+
+SquareImage ImageOf(Long cell, Long value, Long piecesOnBlack) {
+    const bool dark = SquareColourShift(cell, piecesOnBlack).SquareIsDark || (value != kEmpty && piecesOnBlack < 2);
+    const Long piece = value == kEmpty ? 0 : (value > 0 ? 1 : 3) + (Magnitude(value) == kKing ? 1 : 0);
+    return static_cast<SquareImage>((dark ? 0 : static_cast<Long>(SquareImage::LightSquare)) + piece);
+}
+
 Outcome<SkinFile> ReadSkin(std::string_view bytes) {
     SkinFile skin;
     Long number = 0;
@@ -60,14 +71,6 @@ Outcome<SkinFile> ReadSkin(std::string_view bytes) {
         if (auto line = SplitKeyLine(text)) ReadLine(*line, number, skin);
     }
     return FileFailure{FileFailure::Kind::EndTooEarly, "", 0, "no line \"END\""};
-}
-
-std::vector<std::string> SkinNames(const std::filesystem::path& programFolder) {
-    std::vector<std::string> names{std::string(kClassicSmall), std::string(kClassicMedium)};
-    if (auto folder = FindFile(programFolder, "skins")) {
-        std::ranges::move(FileNames(*folder, ".ini"), std::back_inserter(names));
-    }
-    return names;
 }
 
 } // namespace tavlon12

@@ -2,7 +2,6 @@
 
 #include "files/file_text.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +25,13 @@ enum class SquareImage {
 
 inline constexpr std::size_t kSquareImages = 10;
 inline constexpr std::size_t kPieceCursors = 4; ///< in the order of the pieces
+
+/// The key of an image in a skin file: "dark_white_man".
+std::string_view KeyOf(SquareImage image);
+
+/// The image of a cell with a value of -2 to 2. A piece has a ground of the playing colour, except with `piecesOnBlack`
+/// 2.
+SquareImage ImageOf(Long cell, Long value, Long piecesOnBlack);
 
 struct SkinColour {
     Byte Red, Green, Blue;
@@ -56,8 +62,5 @@ Outcome<SkinFile> ReadSkin(std::string_view bytes);
 
 inline constexpr std::string_view kClassicSmall = "Classic Small";
 inline constexpr std::string_view kClassicMedium = "Classic Medium";
-
-/// The names to choose from: the two classic sets, then the skin files of the program folder.
-std::vector<std::string> SkinNames(const std::filesystem::path& programFolder);
 
 } // namespace tavlon12

@@ -40,7 +40,7 @@ std::vector<PdnGame> ListGames(Session& session, PdnReader& reader) {
 }
 
 std::optional<PdnChoice> AskForGame(Session& session, LoadSource source, const std::vector<PdnGame>& games,
-                                    const std::vector<VariantLine>& openAs) {
+                                    const std::vector<ListLine>& openAs) {
     PdnChooser chooser;
     chooser.Title = source == LoadSource::Opening ? " Choose Opening" : " Open PDN game";
     chooser.OpenAs = openAs;
@@ -49,7 +49,7 @@ std::optional<PdnChoice> AskForGame(Session& session, LoadSource source, const s
 }
 
 std::optional<PdnChoice> ChooseGame(Session& session, LoadSource source, const std::vector<PdnGame>& games,
-                                    const std::vector<VariantLine>& openAs) {
+                                    const std::vector<ListLine>& openAs) {
     const Long count = static_cast<Long>(games.size());
     if (source == LoadSource::User || session.Settings.BookRandom != 1) {
         return AskForGame(session, source, games, openAs);
@@ -215,7 +215,7 @@ bool LoadPdn(Session& session, LoadSource source, const std::filesystem::path& f
         ShowMessage(session, "No games found!", "Tavlon12", MessageKind::Plain);
         return false;
     }
-    const std::vector<VariantLine> openAs = FillPdnVariantList(session);
+    const std::vector<ListLine> openAs = FillPdnVariantList(session);
     const auto choice = ChooseGame(session, source, games, openAs);
     session.PdnGameChoice = choice ? choice->Game : -1;
     if (!choice || choice->Game < 1 || choice->Game > static_cast<Long>(games.size())) {

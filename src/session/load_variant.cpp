@@ -77,8 +77,8 @@ std::optional<FileFailure> ReadVariantForDialog(Session& session, const std::str
     return std::nullopt;
 }
 
-std::vector<VariantLine> FillVariantList(const Session& session) {
-    std::vector<VariantLine> lines;
+std::vector<ListLine> FillVariantList(const Session& session) {
+    std::vector<ListLine> lines;
     for (const std::string& name : VariantNames(session)) {
         const auto failure = FailureOf(VariantPath(session, name, session.Settings.UseClassic));
         lines.push_back({name, failure ? failure->Message() : ""});
@@ -86,8 +86,8 @@ std::vector<VariantLine> FillVariantList(const Session& session) {
     return lines;
 }
 
-std::vector<VariantLine> FillPdnVariantList(const Session& session) {
-    std::vector<VariantLine> lines = FillVariantList(session);
+std::vector<ListLine> FillPdnVariantList(const Session& session) {
+    std::vector<ListLine> lines = FillVariantList(session);
     lines.insert(lines.begin(), {"DEFAULT", ""});
     return lines;
 }

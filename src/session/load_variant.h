@@ -26,9 +26,9 @@ using PromotionLists = std::array<PromotionList, 2>;
 
 /// The variants of the folder in force with what keeps their definitions from being read: in the dialog, where the
 /// first line counts, or at the start of a game, where it does not.
-std::vector<VariantLine> FillVariantList(const Session& session);
+std::vector<ListLine> FillVariantList(const Session& session);
 
 /// The entry "DEFAULT", for the rules that a PDN game brings or those of plain PDN, and the same variants.
-std::vector<VariantLine> FillPdnVariantList(const Session& session);
+std::vector<ListLine> FillPdnVariantList(const Session& session);
 
 } // namespace tavlon12

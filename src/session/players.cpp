@@ -20,7 +20,7 @@ void SetPlayersOfNewGame(Session& session) {
     session.Players.WhitePlayerName = mode == kPlayerPlayer ? user : kComputerName;
 }
 
-void SetPlayersOfLoadedGame(Session& session) {
+void SetPlayersOfPosition(Session& session) {
     SetPlayersOfNewGame(session);
     if (session.Settings.PlayMode != kPlayerPlayer) SetPlayersWithUserToMove(session);
 }

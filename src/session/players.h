@@ -9,8 +9,8 @@ namespace tavlon12 {
 /// The names of a new game, by the mode of play: the user begins and the computer answers.
 void SetPlayersOfNewGame(Session& session);
 
-/// The names of a loaded game: the person is the one to move.
-void SetPlayersOfLoadedGame(Session& session);
+/// The names in the middle of a game: two persons, or the user with the side to move against the computer.
+void SetPlayersOfPosition(Session& session);
 
 /// The user against the computer, with the user to move.
 void SetPlayersWithUserToMove(Session& session);

@@ -19,6 +19,21 @@ void TellLogFailure(Session& session, const std::optional<FileFailure>& failure)
     TellFailure(session, *failure);
 }
 
+/// The names of the ".ini" files of a folder, the user's own and the installed ones, sorted without regard to case.
+std::vector<std::string> NamesInFolder(const Session& session, const std::filesystem::path& relative) {
+    std::vector<std::string> names;
+    for (const std::filesystem::path& folder : {session.ProgramFolder, session.InstalledFolder}) {
+        if (folder.empty()) continue;
+        const auto found = FileNames(FindFile(folder, relative.generic_string()).value_or(folder / relative), ".ini");
+        names.insert(names.end(), found.begin(), found.end());
+    }
+    const auto before = [](const std::string& a, const std::string& b) { return LowerCase(a) < LowerCase(b); };
+    const auto same = [](const std::string& a, const std::string& b) { return LowerCase(a) == LowerCase(b); };
+    std::stable_sort(names.begin(), names.end(), before);
+    names.erase(std::unique(names.begin(), names.end(), same), names.end());
+    return names;
+}
+
 } // namespace
 
 std::filesystem::path DataFile(const Session& session, std::string_view relative) {
@@ -39,21 +54,20 @@ std::filesystem::path VariantPath(const Session& session, const std::string& var
 }
 
 std::vector<std::string> VariantNames(const Session& session) {
-    std::vector<std::string> names;
-    for (const std::filesystem::path& folder : {session.ProgramFolder, session.InstalledFolder}) {
-        if (folder.empty()) continue;
-        const auto found = FileNames(VariantFolder(folder, session.Settings.UseClassic), ".ini");
-        names.insert(names.end(), found.begin(), found.end());
-    }
-    const auto before = [](const std::string& a, const std::string& b) { return LowerCase(a) < LowerCase(b); };
-    const auto same = [](const std::string& a, const std::string& b) { return LowerCase(a) == LowerCase(b); };
-    std::stable_sort(names.begin(), names.end(), before);
-    names.erase(std::unique(names.begin(), names.end(), same), names.end());
+    return NamesInFolder(session, VariantFolder("", session.Settings.UseClassic));
+}
+
+std::vector<std::string> SkinNames(const Session& session) {
+    std::vector<std::string> names{std::string(kClassicSmall), std::string(kClassicMedium)};
+    const std::vector<std::string> found = NamesInFolder(session, "skins");
+    names.insert(names.end(), found.begin(), found.end());
     return names;
 }
 
-void WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes) {
-    if (auto failure = ReplaceFile(file, bytes)) TellFailure(session, *failure);
+bool WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes) {
+    const auto failure = ReplaceFile(file, bytes);
+    if (failure) TellFailure(session, *failure);
+    return !failure;
 }
 
 void PlaySound(Session& session, std::string_view name) {

@@ -29,8 +29,11 @@ std::filesystem::path VariantPath(const Session& session, const std::string& var
 /// The variants of the folder in force, the user's own and the installed ones, in the order of their names.
 std::vector<std::string> VariantNames(const Session& session);
 
-/// Replaces a file of the program. A failure is told in a message, and nothing else comes of it.
-void WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes);
+/// The skins: the two of the program, then those of the folder of skins in the order of their names.
+std::vector<std::string> SkinNames(const Session& session);
+
+/// Replaces a file of the program. A failure is told in a message, and gives false.
+bool WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes);
 
 /// Plays a wave file of the folder of sounds, under `UseSound`.
 void PlaySound(Session& session, std::string_view name);

@@ -78,7 +78,7 @@ void FinishReplay(Session& session, LoadSource source, const std::filesystem::pa
     const std::string name = source == LoadSource::Opening ? "" : file.filename().string();
     InitGameTree(session.Pos);
     RefreshLegalMoves(session);
-    SetPlayersOfLoadedGame(session);
+    SetPlayersOfPosition(session);
     status.SetStatusText(1, "");
     if (source == LoadSource::User) {
         status.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion) + " - " + name);

@@ -131,18 +131,20 @@ std::string SideToMoveText(const Position& position) {
     return position.Tree.SideToMove == kBlack ? kBlackMoves : kWhiteMoves;
 }
 
-bool AskYesNo(Session& session, const std::string& text, const std::string& title) {
+void ShowWindow(Session& session, const std::function<void()>& run) {
     const double start = session.Port.Time.Clock();
-    const bool yes = session.Port.Dialogs.AskYesNo(text, title);
+    run();
     CountBoxTime(session, start);
+}
+
+bool AskYesNo(Session& session, const std::string& text, const std::string& title) {
+    bool yes = false;
+    ShowWindow(session, [&] { yes = session.Port.Dialogs.AskYesNo(text, title); });
     return yes;
 }
 
 void ShowMessage(Session& session, const std::string& text, const std::string& title, MessageKind kind) {
-    if (session.Quitting) return;
-    const double start = session.Port.Time.Clock();
-    session.Port.Dialogs.ShowMessage(text, title, kind);
-    CountBoxTime(session, start);
+    if (!session.Quitting) ShowWindow(session, [&] { session.Port.Dialogs.ShowMessage(text, title, kind); });
 }
 
 void WaitSeconds(Session& session, double seconds) {

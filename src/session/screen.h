@@ -2,6 +2,7 @@
 
 #include "session/session.h"
 
+#include <functional>
 #include <string>
 
 namespace tavlon12 {
@@ -33,6 +34,9 @@ void ShowStrengthLine(Session& session);
 
 /// "White moves" or "Black moves" by the side to move.
 std::string SideToMoveText(const Position& position);
+
+/// Runs a window that waits for the user. The clock of a search that is under way stands still meanwhile.
+void ShowWindow(Session& session, const std::function<void()>& run);
 
 /// A question. The clock of a search that is under way stands still meanwhile, as it does under a message.
 bool AskYesNo(Session& session, const std::string& text, const std::string& title);

@@ -15,6 +15,8 @@
 
 namespace tavlon12 {
 
+inline constexpr Long kFirstRating = 1200;
+
 inline constexpr const char* kComputerName = "Computer";
 
 inline constexpr Long kPlayerComputer = 0;
@@ -105,7 +107,7 @@ struct Session {
     std::filesystem::path InstalledFolder; ///< data found behind that of the program folder; empty for none
     GameLog Log;
     bool LogFailureTold = false;
-    Long Rating = 1200;
+    Long Rating = kFirstRating;
 
     GameRecord Record;
     GameState Game;

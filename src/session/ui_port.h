@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/skin_file.h"
 #include "rules/basics.h"
 
 #include <array>
@@ -134,6 +135,10 @@ struct CommandPort {
 struct BoardPort {
     std::function<void()> LayoutWindow = [] {}; ///< sizes and places everything for the skin and rules in force
     std::function<void()> LoadSkin = [] {};     ///< the skin named by `SkinName`; sets `SkinMode`
+    /// Why the skin of a name cannot be loaded; empty when it can.
+    std::function<std::string(const std::string& name)> SkinProblem = [](const std::string&) { return std::string(); };
+    /// A picture of the skin in force as a BMP file, as large as a square of the board.
+    std::function<std::string(SquareImage)> SquarePicture = [](SquareImage) { return std::string(); };
     /// All squares and coordinates; overlay 1: square numbers too.
     std::function<void(int overlay)> PaintBoard = [](int) {};
     std::function<void(Long view)> ShowSquare = [](Long) {}; ///< one square with its piece, without a highlight box
@@ -174,17 +179,17 @@ struct FilePort {
     std::function<void(const std::string& address)> OpenDocument = [](const std::string&) {};
 };
 
-/// A variant in a list.
-struct VariantLine {
+/// A variant or skin in a list to choose from.
+struct ListLine {
     std::string Name;
-    std::string Problem; ///< why its definition cannot be read; empty when it can
+    std::string Problem; ///< why its file cannot be used; empty when it can
 };
 
 /// The chooser of a game in a PDN file.
 struct PdnChooser {
     std::string Title;
     std::vector<std::array<std::string, 10>> Rows; ///< a game each: Event, Date, Black, White, Result, Site, ...
-    std::vector<VariantLine> OpenAs;               ///< "DEFAULT", then variants
+    std::vector<ListLine> OpenAs;                  ///< "DEFAULT", then variants
 };
 struct PdnChoice {
     Long Game = 1;    ///< from 1
@@ -193,7 +198,7 @@ struct PdnChoice {
 
 /// What the controls of the Variants dialog hold.
 struct VariantsForm {
-    std::vector<VariantLine> Variants;
+    std::vector<ListLine> Variants;
     std::string Variant; ///< the one that is chosen
     Long UseClassic = 1;
     /// By the key of a rule, the texts of its boxes: "1" or "0" of a flag, each slot of a list of promotion squares,
@@ -223,6 +228,45 @@ struct VariantsEvents {
     std::function<void()> OpenHelp;
 };
 
+/// The user's settings as texts, by their names: "1" or "0" of a flag.
+using SettingTexts = std::map<std::string_view, std::string>;
+
+/// What the Options dialog is filled from.
+struct OptionsForm {
+    SettingTexts Values;
+    std::vector<ListLine> Skins;
+    Long Rating = 0;
+};
+
+/// What acts on it while it is open.
+struct OptionsEvents {
+    /// OK or Apply: takes over the values of the controls, whatever the user has typed, and gives them as they are now.
+    std::function<SettingTexts(const SettingTexts&)> Apply;
+    std::function<void(const std::string& name)> PickSkin; ///< counts at once
+    std::function<Long()> ResetRating;                     ///< counts at once; gives the new rating
+};
+
+/// The tags of a game that the user edits.
+struct DetailsForm {
+    std::string Event, Site, Date, Black, White;
+
+    bool operator==(const DetailsForm&) const = default;
+};
+
+/// The rules of a variant, to be read.
+struct RulesText {
+    std::string Title;
+    std::string Text;
+    std::string Link; ///< shown under the text; empty for none
+};
+
+/// What is said about the program.
+struct AboutText {
+    std::string Name, Line, Version, Notice, WebPage, MailAddress;
+};
+
+using OpenAddress = std::function<void(const std::string& address)>;
+
 /// Boxes and dialogs that wait for the user.
 struct DialogPort {
     /// Nothing when the user cancels.
@@ -232,6 +276,16 @@ struct DialogPort {
     /// Returns when the dialog is closed. What was taken over has gone through the events.
     std::function<void(const VariantsForm&, const VariantsEvents&)> EditVariants = [](const VariantsForm&,
                                                                                       const VariantsEvents&) {};
+    std::function<void(const OptionsForm&, const OptionsEvents&)> EditOptions = [](const OptionsForm&,
+                                                                                   const OptionsEvents&) {};
+    /// The same; `apply` gets the tags at OK and at Apply.
+    std::function<void(const DetailsForm&, const std::function<void(const DetailsForm&)>& apply)> EditDetails =
+        [](const DetailsForm&, const std::function<void(const DetailsForm&)>&) {};
+    // `open` gets the address of a link that was clicked.
+    std::function<void(const RulesText&, const OpenAddress& open)> ShowRules = [](const RulesText&,
+                                                                                  const OpenAddress&) {};
+    std::function<void(const AboutText&, const OpenAddress& open)> ShowAbout = [](const AboutText&,
+                                                                                  const OpenAddress&) {};
     std::function<void(const std::string& text, const std::string& title, MessageKind kind)> ShowMessage =
         [](const std::string&, const std::string&, MessageKind) {};
     std::function<bool(const std::string& text, const std::string& title)> AskYesNo =

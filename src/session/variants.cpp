@@ -185,7 +185,7 @@ void FolderPicked(Session& session, VariantsForm& form, Long useClassic) {
     const Long before = std::exchange(inForce, useClassic);
     form.UseClassic = useClassic;
     form.Variants = FillVariantList(session);
-    const auto first = std::ranges::find(form.Variants, "", &VariantLine::Problem);
+    const auto first = std::ranges::find(form.Variants, "", &ListLine::Problem);
     if (first == form.Variants.end() || !VariantPicked(session, form, first->Name)) inForce = before;
 }
 

@@ -102,11 +102,7 @@ void BoardView::ShowSquare(Long view) {
     square.Boxed = false;
     square.Number = 0;
     // A piece that is marked as jumped keeps the picture that it had.
-    if (Magnitude(value) <= kKing) {
-        Byte colour = Game.Pos.Rules.PiecesOnBlack;
-        bool dark = SquareColourShift(cell, colour).SquareIsDark;
-        square.Image = ImageOf(dark || (value != kEmpty && colour < 2), value);
-    }
+    if (Magnitude(value) <= kKing) square.Image = ImageOf(cell, value, Game.Pos.Rules.PiecesOnBlack);
     update(SquareRect(view).adjusted(-1, -1, 1, 1));
 }
 
@@ -119,8 +115,7 @@ void BoardView::DrawHighlightBox(Long view) {
 
 void BoardView::LiftPiece(Long view) {
     Long cell = CellOfView(view, Game.Settings.BoardTurned);
-    bool dark = SquareColourShift(cell, Game.Pos.Rules.PiecesOnBlack).SquareIsDark;
-    Squares[static_cast<std::size_t>(view)] = {ImageOf(dark, kEmpty)};
+    Squares[static_cast<std::size_t>(view)] = {ImageOf(cell, kEmpty, Game.Pos.Rules.PiecesOnBlack)};
     update(SquareRect(view).adjusted(-1, -1, 1, 1));
 }
 

@@ -18,7 +18,7 @@ QAction* MakeAction(const CommandRow& row, QMainWindow& window) {
     if (*row.Shortcut != '\0') action->setShortcut(QKeySequence(QLatin1String(row.Shortcut)));
     if (*row.Icon != '\0') action->setIcon(ArtIcon(QStringLiteral("toolbar/") + QLatin1String(row.Icon)));
     action->setCheckable(row.Checkable);
-    action->setEnabled(DoesSomething(row) && row.Id != Command::mnu_Play_Cancel);
+    action->setEnabled(row.Id != Command::mnu_Play_Cancel);
     return action;
 }
 
@@ -105,7 +105,7 @@ void FillToolbar(CommandBar& bar) {
 } // namespace
 
 void CommandBar::SetEnabled(Command command, bool on) {
-    ActionOf(command).setEnabled(on && DoesSomething(RowOf(command)));
+    ActionOf(command).setEnabled(on);
 }
 
 void CommandBar::SetChecked(Command command, bool on) {

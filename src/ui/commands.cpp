@@ -2,10 +2,13 @@
 
 #include "session/analysis.h"
 #include "session/game_end.h"
+#include "session/help.h"
 #include "session/hint.h"
+#include "session/html_diagram.h"
 #include "session/load_game.h"
 #include "session/navigation.h"
 #include "session/new_game.h"
+#include "session/options.h"
 #include "session/play_modes.h"
 #include "session/rating.h"
 #include "session/save_game.h"
@@ -25,7 +28,7 @@ constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::NewVariant, "NewVariant", 2, "New Variant", "New Variant...", "New Variant", "Ctrl+V", "new_variant", false, false, NewVariant},
     {Command::Open1, "Open1", 4, "Open", "Open...", "Open", "Ctrl+O", "open", false, false, OpenCommand},
     {Command::Save, "Save", 5, "Save", "Save...", "Save", "Ctrl+S", "save", false, false, SaveCommand},
-    {Command::Details, "Details", 0, "", "Details...", "", "Ctrl+D", "", false, false, nullptr},
+    {Command::Details, "Details", 0, "", "Details...", "", "Ctrl+D", "", false, false, ShowDetails},
     {Command::Exit, "Exit", 0, "", "Exit", "", "Ctrl+X", "", false, true, nullptr},
     {Command::Compute, "Compute", 7, "Compute", "Compute", "Compute", "Ctrl+C", "compute", false, false, ComputeCommand},
     {Command::mnu_Play_Cancel, "mnu_Play_Cancel", 8, "Cancel", "Cancel", "Cancel Computing", "Ctrl+E", "cancel", false, true, CancelCommand},
@@ -39,20 +42,20 @@ constexpr std::array<CommandRow, kCommandCount> kCommands{{
     {Command::Cplayer, "Cplayer", 19, "ComputerPlayer", "Player-Computer", "Computer-Player", "", "computer_player", true, false, PlayComputerPlayer},
     {Command::Pplayer, "Pplayer", 20, "PlayerPlayer", "Player-Player", "Player-Player", "", "player_player", true, false, PlayPlayerPlayer},
     {Command::mnu_Play_Ccomputer, "mnu_Play_Ccomputer", 21, "ComputerComputer", "Computer-Computer", "Computer-Computer", "", "computer_computer", true, false, PlayComputerComputer},
-    {Command::Options, "Options", 23, "Options", "Options...", "Options", "", "options", false, false, nullptr},
+    {Command::Options, "Options", 23, "Options", "Options...", "Options", "", "options", false, false, ShowOptions},
     {Command::Analyze, "Analyze", 25, "Analyze", "Analyze", "Analyze", "Ctrl+A", "analyze", false, false, AnalyzeCommand},
     {Command::Turn, "Turn", 27, "TurnBoard", "Turn Board", "Turn Board", "Ctrl+T", "turn_board", false, false, TurnBoard},
     {Command::Nonotation, "Nonotation", 0, "", "None", "", "", "", true, false, ShowNoNotation},
     {Command::mnu_Board_Notation_Chess, "mnu_Board_Notation_Chess", 0, "", "Algebraic", "", "", "", true, false, ShowAlgebraicNotation},
     {Command::mnu_Board_Notation_Checkers, "mnu_Board_Notation_Checkers", 0, "", "Numeric", "", "", "", true, false, ShowNumericNotation},
-    {Command::CreateHtml, "CreateHtml", 0, "", "Create Diagram...", "", "", "", false, false, nullptr},
+    {Command::CreateHtml, "CreateHtml", 0, "", "Create Diagram...", "", "", "", false, false, CreateDiagram},
     {Command::calculation, "calculation", 0, "", "Calculation", "", "", "", true, true, ToggleCalculation},
     {Command::rating, "rating", 0, "", "Rating...", "", "", "", false, true, ShowRating},
     {Command::plyvaluetable, "plyvaluetable", 0, "", "Show Ply Value Table", "", "", "", false, false, ShowPlyValueTable},
     {Command::problems, "problems", 0, "", "Find Problems/Combinations", "", "", "", false, false, FindProblems},
-    {Command::QuickRules, "QuickRules", 0, "", "Quick Rules", "", "", "", false, true, nullptr},
-    {Command::Rules, "Rules", 0, "", "Rules", "", "F1", "", false, true, nullptr},
-    {Command::mnu_Help_About, "mnu_Help_About", 0, "", "About", "", "", "", false, true, nullptr},
+    {Command::QuickRules, "QuickRules", 0, "", "Quick Rules", "", "", "", false, true, ShowQuickRules},
+    {Command::Rules, "Rules", 0, "", "Rules", "", "F1", "", false, true, ShowRules},
+    {Command::mnu_Help_About, "mnu_Help_About", 0, "", "About", "", "", "", false, true, ShowAbout},
 }};
 // clang-format on
 
@@ -145,10 +148,6 @@ const CommandRow& RowOf(Command command) {
 
 std::span<const CommandRow> AllCommands() {
     return kCommands;
-}
-
-bool DoesSomething(const CommandRow& row) {
-    return row.Procedure != nullptr || row.Id == Command::Exit;
 }
 
 const CommandRow* RowAtButton(int place) {

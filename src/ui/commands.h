@@ -18,15 +18,12 @@ struct CommandRow {
     const char* Icon;     ///< of the toolbar's pictures, without extension
     bool Checkable;
     bool WhileThinking;          ///< may run while another command still does
-    void (*Procedure)(Session&); ///< null for the command Exit, which is the window's, and where nothing is done yet
+    void (*Procedure)(Session&); ///< null for the command Exit, which is the window's
 };
 
 /// In the order of `Command`.
 const CommandRow& RowOf(Command command);
 std::span<const CommandRow> AllCommands();
-
-/// Whether the command may be open at all.
-bool DoesSomething(const CommandRow& row);
 
 inline constexpr int kToolbarPlaces = 27;
 

@@ -2,6 +2,7 @@
 
 #include "session/board_input.h"
 #include "session/exit.h"
+#include "session/help.h"
 #include "session/human_move.h"
 #include "session/navigation.h"
 #include "ui/art.h"
@@ -19,8 +20,6 @@
 namespace tavlon12 {
 
 namespace {
-
-constexpr const char* kProductLine = " Tavlon12  free draughts on 12 by 12, by the Tavlon12 team";
 
 /// Of the shortcuts only these edit a text, as they do everywhere.
 bool EditsText(int key) {
@@ -114,7 +113,7 @@ void MainWindow::LayoutWindow() {
              std::max(frame.top(), on->availableGeometry().top()));
     }
     for (QLabel* panel : Panel.StatusPanels) panel->clear();
-    Panel.StatusPanels[0]->setText(QLatin1String(kProductLine));
+    Panel.StatusPanels[0]->setText(QStringLiteral(" Tavlon12  ") + QLatin1String(kMakersNotice));
 }
 
 void MainWindow::RunInput(void (*procedure)(Session&)) {
@@ -126,7 +125,6 @@ void MainWindow::RunInput(void (*procedure)(Session&)) {
 
 void MainWindow::RunCommand(Command command) {
     const CommandRow& row = RowOf(command);
-    if (!DoesSomething(row)) return;
     Run(
         [&] {
             EndBoardInput(Game);

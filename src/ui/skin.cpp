@@ -1,8 +1,10 @@
 #include "ui/skin.h"
 
+#include "session/program_files.h"
 #include "session/screen.h"
 #include "ui/shown_text.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QPainter>
 
@@ -12,6 +14,12 @@
 namespace tavlon12 {
 
 namespace {
+
+constexpr Long kSkinFile = 4; ///< `SkinMode`
+
+Long ModeOf(const std::string& name) {
+    return name == kClassicSmall ? 0 : name == kClassicMedium ? 2 : kSkinFile;
+}
 
 std::size_t PieceIndex(Long value) {
     return (value < 0 ? 2u : 0u) + (Magnitude(value) == kKing ? 1u : 0u);
@@ -62,15 +70,14 @@ std::string LoadImages(const std::filesystem::path& folder, const std::vector<Sk
 }
 
 /// Why a skin file cannot be used; empty when it can.
-std::string UseSkinFile(const std::filesystem::path& programFolder, const std::string& name, Skin& skin) {
+std::string UseSkinFile(const Session& session, const std::string& name, Skin& skin) {
     const std::string relative = "skins/" + name;
-    const auto found = FindFile(programFolder, relative + ".ini").value_or(programFolder / (relative + ".ini"));
-    auto file = ReadFileWith(found, ReadSkin);
+    auto file = ReadFileWith(DataFile(session, relative + ".ini"), ReadSkin);
     if (!file) return file.Failure().Message();
     skin.BoardCustomSize = file->BoardCustomSize;
     skin.DarkHighlight = ShownColour(file->DarkHighlight);
     skin.LightHighlight = ShownColour(file->LightHighlight);
-    const auto folder = FindFile(programFolder, relative).value_or(programFolder / relative);
+    const std::filesystem::path folder = DataFile(session, relative);
     auto loadSquare = [&](const QString& image, std::size_t index) { return skin.Images[index].load(image); };
     std::string failure = LoadImages(folder, file->Squares, loadSquare);
     if (!failure.empty()) return failure;
@@ -78,30 +85,28 @@ std::string UseSkinFile(const std::filesystem::path& programFolder, const std::s
                       [&](const QString& image, std::size_t index) { return ReadCursor(image, skin.Cursors[index]); });
 }
 
-} // namespace
-
-SquareImage ImageOf(bool dark, Long value) {
-    int image = static_cast<int>(dark ? SquareImage::DarkSquare : SquareImage::LightSquare);
-    if (value != kEmpty) image += 1 + static_cast<int>(PieceIndex(value));
-    return static_cast<SquareImage>(image);
+/// Fills an empty skin; why it cannot, empty when it can.
+std::string UseSkin(const Session& session, const std::string& name, Skin& skin) {
+    if (ModeOf(name) == kSkinFile) return UseSkinFile(session, name, skin);
+    const QString folder = name == kClassicSmall ? QStringLiteral("small") : QStringLiteral("medium");
+    return ReadPictures(skin, folder) ? "" : "the program's own pictures cannot be read";
 }
 
+} // namespace
+
 bool LoadSkin(Session& session, Skin& skin) {
-    const std::string& name = session.Settings.SkinName;
-    const bool small = name == kClassicSmall;
-    const bool medium = name == kClassicMedium;
-    session.Settings.SkinMode = small ? 0 : medium ? 2 : 4;
+    session.Settings.SkinMode = ModeOf(session.Settings.SkinName);
     skin = Skin();
-    std::string failure;
-    if (!small && !medium) {
-        failure = UseSkinFile(session.ProgramFolder, name, skin);
-    } else if (!ReadPictures(skin, small ? QStringLiteral("small") : QStringLiteral("medium"))) {
-        failure = "the program's own pictures cannot be read";
-    }
+    const std::string failure = UseSkin(session, session.Settings.SkinName, skin);
     if (failure.empty()) return true;
     std::cerr << failure << '\n';
     FatalEnd(session);
     return false;
+}
+
+std::string SkinProblem(const Session& session, const std::string& name) {
+    Skin skin;
+    return UseSkin(session, name, skin);
 }
 
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height) {
@@ -126,6 +131,13 @@ const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height
     painter.end();
     cached = pixmap;
     return cached;
+}
+
+std::string SquareBmp(Skin& skin, SquareImage image, int edge) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    SquarePixmap(skin, image, edge, edge).toImage().convertToFormat(QImage::Format_RGB32).save(&buffer, "BMP");
+    return bytes.toStdString();
 }
 
 PieceCursor CursorOf(const Skin& skin, Long value, int edge, qreal ratio) {

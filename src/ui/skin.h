@@ -23,9 +23,6 @@ constexpr bool IsEmptySquareImage(SquareImage image) {
     return image == SquareImage::DarkSquare || image == SquareImage::LightSquare;
 }
 
-/// The image for a cell value of -2 to 2 on a dark or a light square.
-SquareImage ImageOf(bool dark, Long value);
-
 /// The cursor while a piece is carried, as a skin file brings it.
 struct PieceCursor {
     QPixmap Picture;
@@ -46,12 +43,18 @@ struct Skin {
 };
 
 /// Takes the skin of `SkinName` and sets `SkinMode` by it: 0 "Classic Small", 2 "Classic Medium", 4 for the name of a
-/// file in the folder skins of the program folder. When file or picture cannot be had, it shows the message of a
+/// file in a folder "skins". When file or picture cannot be had, it shows the message of a
 /// failure that cannot be repaired, ends the program and gives false.
 bool LoadSkin(Session& session, Skin& skin);
 
+/// Why the skin of that name cannot be loaded: file, line and reason; empty when it can.
+std::string SkinProblem(const Session& session, const std::string& name);
+
 /// The picture of a square, `width` by `height` device pixels.
 const QPixmap& SquarePixmap(Skin& skin, SquareImage image, int width, int height);
+
+/// The picture of a square as a BMP file.
+std::string SquareBmp(Skin& skin, SquareImage image, int edge);
 
 /// The cursor that carries the piece of a cell value, for squares `edge` pixels wide at the device pixel ratio given.
 PieceCursor CursorOf(const Skin& skin, Long value, int edge, qreal ratio);

@@ -52,6 +52,53 @@ bool ShortLabel::event(QEvent* event) {
     return QLabel::event(event);
 }
 
+LinkLabel::LinkLabel(const QString& address, QWidget* parent) : ShortLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    SetAddress(address);
+}
+
+void LinkLabel::SetAddress(const QString& address) {
+    setText(address);
+    setFocusPolicy(address.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+    setCursor(address.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, address.isEmpty() ? QColor(Qt::black) : QColor(0, 0, 192));
+    setPalette(colours);
+}
+
+void LinkLabel::Underline(bool on) {
+    QFont underlined = font();
+    underlined.setUnderline(on && !text().isEmpty());
+    setFont(underlined);
+}
+
+void LinkLabel::Click() {
+    if (text().isEmpty()) return;
+    Clicked();
+    Underline(false);
+}
+
+void LinkLabel::enterEvent(QEnterEvent*) {
+    Underline(true);
+}
+
+void LinkLabel::leaveEvent(QEvent*) {
+    Underline(false);
+}
+
+void LinkLabel::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) Click();
+}
+
+void LinkLabel::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
+        Click();
+    } else {
+        ShortLabel::keyPressEvent(event);
+    }
+}
+
 void VectorPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

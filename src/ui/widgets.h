@@ -36,6 +36,26 @@ protected:
     bool event(QEvent* event) override;
 };
 
+/// An address that a click, the space bar or Enter opens. It is underlined under the mouse.
+class LinkLabel : public ShortLabel {
+public:
+    explicit LinkLabel(const QString& address = {}, QWidget* parent = nullptr);
+    std::function<void()> Clicked = [] {};
+
+    /// Without an address it cannot be clicked.
+    void SetAddress(const QString& address);
+
+protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Underline(bool on);
+    void Click();
+};
+
 /// A vector picture, drawn as large as its place allows.
 class VectorPicture : public QWidget {
 public:

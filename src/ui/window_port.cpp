@@ -1,8 +1,12 @@
 #include "ui/window_port.h"
 
 #include "session/play_modes.h"
+#include "ui/dialogs/about_window.h"
+#include "ui/dialogs/details_dialog.h"
 #include "ui/dialogs/file_dialog.h"
+#include "ui/dialogs/options_dialog.h"
 #include "ui/dialogs/pdn_dialog.h"
+#include "ui/dialogs/rules_window.h"
 #include "ui/dialogs/variants_dialog.h"
 #include "ui/shown_text.h"
 #include "ui/study_windows.h"
@@ -185,6 +189,8 @@ void ConnectBoard(BoardPort& port, const WindowParts& parts) {
     BoardView& board = parts.Board;
     port.LayoutWindow = parts.LayoutWindow;
     port.LoadSkin = [&game = parts.Game, &board] { LoadSkin(game, board.Pictures); };
+    port.SkinProblem = [&game = parts.Game](const std::string& name) { return SkinProblem(game, name); };
+    port.SquarePicture = [&board](SquareImage image) { return SquareBmp(board.Pictures, image, board.SquareEdge()); };
     port.PaintBoard = [&board](int overlay) { board.PaintBoard(overlay); };
     port.ShowSquare = [&board](Long view) { board.ShowSquare(view); };
     port.DrawHighlightBox = [&board](Long view) { board.DrawHighlightBox(view); };
@@ -218,6 +224,16 @@ void ConnectDialogs(DialogPort& port, QMainWindow& window) {
     port.ChoosePdnGame = [&window](const PdnChooser& chooser) { return ChoosePdnGame(&window, chooser); };
     port.EditVariants = [&window](const VariantsForm& form, const VariantsEvents& events) {
         EditVariants(&window, form, events);
+    };
+    port.EditOptions = [&window](const OptionsForm& form, const OptionsEvents& events) {
+        EditOptions(&window, form, events);
+    };
+    port.EditDetails = [&window](const DetailsForm& form, const auto& apply) { EditDetails(&window, form, apply); };
+    port.ShowRules = [&window](const RulesText& text, const OpenAddress& open) {
+        ShowRulesWindow(&window, text, open);
+    };
+    port.ShowAbout = [&window](const AboutText& text, const OpenAddress& open) {
+        ShowAboutWindow(&window, text, open);
     };
     port.ShowMessage = [&window](const std::string& text, const std::string& title, MessageKind kind) {
         Ask(window, IconOf(kind), text, title, QMessageBox::Ok);

@@ -1,5 +1,4 @@
 #include "files/skin_file.h"
-#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -19,13 +18,6 @@ TEST(ReadSkin, ReadsItsKeysUpToTheEnd) {
               (std::vector<SkinImage>{{0, "a.png", 1}, {5, "c=d.png", 4}, {9, "f.png", 7}, {0, "h.png", 9}}));
     EXPECT_EQ(skin->Cursors, (std::vector<SkinImage>{{2, "g.cur", 8}}));
     EXPECT_FALSE(ReadSkin("dark_square=a.png\r\nend\r\n"));
-}
-
-TEST(SkinNames, ListsTheClassicSetsFirst) {
-    TemporaryFolder folder;
-    EXPECT_EQ(SkinNames(folder.Path), (std::vector<std::string>{"Classic Small", "Classic Medium"}));
-    for (const char* name : {"Skins/Oak.INI", "Skins/ash.ini", "Skins/Oak/a.png"}) WriteFile(folder.Path / name, "");
-    EXPECT_EQ(SkinNames(folder.Path), (std::vector<std::string>{"Classic Small", "Classic Medium", "ash", "Oak"}));
 }
 
 } // namespace

@@ -133,7 +133,7 @@ TEST(FolderPicked, TheVariantInForceAlwaysHasADefinition) {
     WriteFile(own / "D good.ini", "MulJumps=0\r\nEND\r\nEND\r\n");
     FolderPicked(game, form, 0);
     std::vector<bool> readable;
-    for (const VariantLine& line : form.Variants) readable.push_back(line.Problem.empty());
+    for (const ListLine& line : form.Variants) readable.push_back(line.Problem.empty());
     EXPECT_EQ(readable, (std::vector<bool>{false, false, false, true}));
     EXPECT_EQ(form.Variants[2].Problem,
               (own / "C key in the title.ini").string() + ", line 1: value out of range: MulJumps=999");

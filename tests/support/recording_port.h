@@ -86,9 +86,17 @@ struct RecordingPort {
     std::vector<PdnChooser> Choosers; ///< as they were shown
     /// What the user does in the Variants dialog before it closes.
     std::function<void(VariantsForm, const VariantsEvents&)> UseVariants = [](VariantsForm, const VariantsEvents&) {};
+    std::vector<std::string> Opened;                           ///< documents and addresses
     std::optional<SetupEntry> Setup;                           ///< the answer to the set-up menu
     std::vector<std::pair<SetupEntry, SetupEntry>> SetupMarks; ///< the marks in it, each time it has opened
     RecordedStudy Study;
+    /// What the user does in the dialogs before they close, and the texts that the windows have shown.
+    std::function<void(const OptionsForm&, const OptionsEvents&)> UseOptions = [](const auto&, const auto&) {};
+    std::function<void(DetailsForm, const std::function<void(const DetailsForm&)>&)> UseDetails = [](auto,
+                                                                                                     const auto&) {};
+    std::vector<RulesText> Rules;
+    std::vector<AboutText> About;
+    std::vector<std::string> BoardCalls; ///< "LoadSkin", "LayoutWindow"
     PlayerMark Mark = PlayerMark::None;
     int Ended = 0; ///< how often the end of the program was asked for
 

@@ -5,10 +5,7 @@
 using namespace tavlon12;
 using namespace tavlon12::support;
 
-namespace {
-
-
-} // namespace
+namespace {} // namespace
 
 class PlayTest : public QObject {
     Q_OBJECT

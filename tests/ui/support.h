@@ -5,8 +5,11 @@
 #include "support/temporary_folder.h"
 #include "ui/main_window.h"
 
+#include <QCheckBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QRadioButton>
 #include <QTimer>
 #include <QtTest>
 
@@ -62,6 +65,30 @@ public:
 private:
     QTimer Timer;
 };
+
+/// A control of a dialog by its name.
+template <typename Widget = QWidget> Widget& Find(const QDialog& dialog, const QString& name) {
+    return *dialog.findChild<Widget*>(name);
+}
+
+/// A click on a control as a mouse makes it: on a check box or button, on what is drawn.
+inline void ClickOn(QWidget& widget) {
+    const bool box = qobject_cast<QCheckBox*>(&widget) || qobject_cast<QRadioButton*>(&widget);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, box ? QPoint(10, widget.height() / 2) : widget.rect().center());
+}
+
+inline void ClickOn(const QDialog& dialog, const QString& name) {
+    ClickOn(Find(dialog, name));
+}
+
+/// Types a text in the place of what a field holds.
+inline void Type(const QDialog& dialog, const QString& name, const QString& text) {
+    QLineEdit& field = Find<QLineEdit>(dialog, name);
+    ClickOn(field);
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClicks(&field, text);
+}
 
 /// The whole program but its `main`: a session in its window, started from the project's data folder and shown. Between
 /// moves it does not pause.

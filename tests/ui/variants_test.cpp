@@ -15,28 +15,6 @@ using namespace tavlon12::support;
 
 namespace {
 
-template <typename Widget = QWidget> Widget& Find(const QDialog& dialog, const QString& name) {
-    return *dialog.findChild<Widget*>(name);
-}
-
-/// A click on a control as a mouse makes it: on a check box or button, on what is drawn.
-void ClickOn(QWidget& widget) {
-    const bool box = qobject_cast<QCheckBox*>(&widget) || qobject_cast<QRadioButton*>(&widget);
-    QTest::mouseClick(&widget, Qt::LeftButton, {}, box ? QPoint(10, widget.height() / 2) : widget.rect().center());
-}
-
-void ClickOn(const QDialog& dialog, const QString& name) {
-    ClickOn(Find(dialog, name));
-}
-
-void Type(const QDialog& dialog, const QString& name, const QString& text) {
-    QLineEdit& field = Find<QLineEdit>(dialog, name);
-    ClickOn(field);
-    field.selectAll();
-    QTest::keyClick(&field, Qt::Key_Delete);
-    QTest::keyClicks(&field, text);
-}
-
 bool IsOn(const QDialog& dialog, const QString& name) {
     return Find<QCheckBox>(dialog, name).isChecked();
 }

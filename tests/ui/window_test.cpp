@@ -100,11 +100,11 @@ private slots:
         QCOMPARE(bar.Menus.back()->objectName(), "Help");
     }
 
-    void CommandsWithoutProcedureStayGrey() {
+    void EveryCommandDoesSomethingAndCanBeGreyed() {
         GameWindow game;
         for (const CommandRow& row : AllCommands()) {
             game.Game.Port.Commands.SetCommandEnabled(row.Id, true);
-            QCOMPARE(game.IsOn(row.Id), DoesSomething(row));
+            QVERIFY2(game.IsOn(row.Id) && (row.Procedure != nullptr || row.Id == Command::Exit), row.Name);
             game.Game.Port.Commands.SetCommandEnabled(row.Id, false);
             QVERIFY2(!game.IsOn(row.Id), row.Name);
         }

@@ -96,7 +96,7 @@ std::optional<PdnChoice> Choose(const GamesOptions& options, const PdnChooser& c
                            std::to_string(chooser.Rows.size()) + " games";
         return std::nullopt;
     }
-    const auto variant = std::ranges::find(chooser.OpenAs, options.As, &VariantLine::Name);
+    const auto variant = std::ranges::find(chooser.OpenAs, options.As, &ListLine::Name);
     if (variant == chooser.OpenAs.end()) {
         screen.BadChoice = "--as " + Quoted(options.As) + ": no variant has this name";
         return std::nullopt;

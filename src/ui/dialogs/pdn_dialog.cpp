@@ -1,6 +1,6 @@
 #include "ui/dialogs/pdn_dialog.h"
 
-#include "ui/dialogs/variant_list.h"
+#include "ui/dialogs/line_list.h"
 #include "ui/shown_text.h"
 
 #include <QAbstractTableModel>
@@ -75,7 +75,7 @@ QComboBox* MakeVariants(const PdnChooser& chooser) {
     auto* combo = new QComboBox;
     combo->setObjectName(QStringLiteral("Combo1"));
     combo->setToolTip(QStringLiteral("The rules by which the game is opened. DEFAULT: those that the game brings."));
-    ShowVariantList(*combo, chooser.OpenAs);
+    ShowLines(*combo, chooser.OpenAs);
     return combo;
 }
 

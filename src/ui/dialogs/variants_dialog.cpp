@@ -1,22 +1,18 @@
 #include "ui/dialogs/variants_dialog.h"
 
-#include "ui/dialogs/variant_list.h"
+#include "ui/dialogs/dialog_parts.h"
+#include "ui/dialogs/line_list.h"
 #include "ui/shown_text.h"
 #include "ui/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QEnterEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -132,15 +128,6 @@ const RuleMember kMovementRows[] = {&RuleSet::WhiteManMovement, &RuleSet::BlackM
                                     &RuleSet::BlackKingMovement};
 constexpr const char* kMovementColumns[] = {"Normal Moves", "Capture Moves"};
 
-QString Text(std::string_view text) {
-    return Shown(std::string(text));
-}
-
-/// A caption as a name that is read out: without its colon.
-QString Spoken(std::string_view caption) {
-    return Text(caption).remove(QLatin1Char(':'));
-}
-
 /// A text field that shows a wrong entry white on black, until it is clicked or changed.
 class EntryField : public QLineEdit {
 public:
@@ -168,31 +155,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override {
         SetWrong(false);
         QLineEdit::mousePressEvent(event);
-    }
-};
-
-/// An address that a click or the space bar opens; underlined under the mouse.
-class LinkLabel : public ShortLabel {
-public:
-    std::function<void()> Clicked = [] {};
-
-protected:
-    void Underline(bool on) {
-        QFont underlined = font();
-        underlined.setUnderline(on);
-        setFont(underlined);
-    }
-    void enterEvent(QEnterEvent*) override { Underline(true); }
-    void leaveEvent(QEvent*) override { Underline(false); }
-    void mousePressEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::LeftButton) Clicked();
-    }
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Space) {
-            Clicked();
-        } else {
-            ShortLabel::keyPressEvent(event);
-        }
     }
 };
 
@@ -428,9 +390,6 @@ QGroupBox* VariantsDialog::MakeMovements() {
 QGroupBox* VariantsDialog::MakeLink() {
     auto* frame = new QGroupBox(QStringLiteral("Ru&les"));
     Label10->setObjectName(QStringLiteral("Label10"));
-    Label10->setTextFormat(Qt::PlainText);
-    Label10->setForegroundRole(QPalette::Link);
-    Label10->setCursor(Qt::PointingHandCursor);
     Label10->setAccessibleName(QStringLiteral("Rules"));
     Label10->setAccessibleDescription(QStringLiteral("Opens the rules of the variant."));
     Label10->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -441,18 +400,13 @@ QGroupBox* VariantsDialog::MakeLink() {
 
 QDialogButtonBox* VariantsDialog::MakeButtons() {
     auto* buttons = new QDialogButtonBox;
-    const auto add = [&](const char* name, const char* caption, const char* tip, QDialogButtonBox::ButtonRole role) {
-        QPushButton* button = buttons->addButton(QLatin1String(caption), role);
-        button->setObjectName(QLatin1String(name));
-        button->setToolTip(QLatin1String(tip));
-        return button;
-    };
-    QPushButton* random = add("Random", "&Random", "Draws most of the rules at random.", QDialogButtonBox::ResetRole);
-    add("OKButton", "OK", "Starts a game by these rules.", QDialogButtonBox::AcceptRole);
-    add("CancelButton", "Cancel", "Starts a game by the rules as they were last picked, drawn or applied.",
-        QDialogButtonBox::RejectRole);
-    QPushButton* apply = add("Variantsapply", "&Apply", "Takes these rules over, and the dialog stays open.",
-                             QDialogButtonBox::ApplyRole);
+    QPushButton* random =
+        AddButton(*buttons, "Random", "&Random", "Draws most of the rules at random.", QDialogButtonBox::ResetRole);
+    AddButton(*buttons, "OKButton", "OK", "Starts a game by these rules.", QDialogButtonBox::AcceptRole);
+    AddButton(*buttons, "CancelButton", "Cancel",
+              "Starts a game by the rules as they were last picked, drawn or applied.", QDialogButtonBox::RejectRole);
+    QPushButton* apply = AddButton(*buttons, "Variantsapply", "&Apply",
+                                   "Takes these rules over, and the dialog stays open.", QDialogButtonBox::ApplyRole);
     connect(random, &QPushButton::clicked, this, [this] { Act(Events.Random); });
     connect(apply, &QPushButton::clicked, this, [this] { Apply(false); });
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
@@ -484,7 +438,7 @@ void VariantsDialog::SetFocusOrder() {
 
 /// The list, without a line for a variant that is not in it: its name stands there alone.
 void VariantsDialog::ShowList() {
-    ShowVariantList(*Combo1, Form.Variants);
+    ShowLines(*Combo1, Form.Variants);
     const QString name = Shown(Form.Variant);
     Combo1->setPlaceholderText(name);
     Combo1->setCurrentIndex(Combo1->findText(name, Qt::MatchFixedString));
@@ -503,8 +457,7 @@ void VariantsDialog::ShowForm() {
     const bool unlimited = friends == std::to_string(kUnlimited);
     Control(kUnlimitedBox).setChecked(unlimited);
     if (unlimited) Control<QLineEdit>("Text6").clear();
-    Label10->setText(Shown(Form.HelpLink));
-    Label10->setFocusPolicy(Form.HelpLink.empty() ? Qt::NoFocus : Qt::TabFocus);
+    Label10->SetAddress(Shown(Form.HelpLink));
     Grey();
 }
 
@@ -563,12 +516,7 @@ std::span<const VariantGreying> VariantGreyings() {
 
 void EditVariants(QWidget* parent, const VariantsForm& form, const VariantsEvents& events) {
     VariantsDialog dialog(parent, form, events);
-    dialog.ensurePolished();
-    QRect place(QPoint(), dialog.sizeHint());
-    const QRect screen = dialog.screen()->availableGeometry();
-    place.moveCenter(screen.center());
-    dialog.move(std::max(place.left(), screen.left()), std::max(place.top(), screen.top()));
-    dialog.exec();
+    RunCentred(dialog);
 }
 
 } // namespace tavlon12

@@ -1,4 +1,4 @@
-#include "ui/dialogs/variant_list.h"
+#include "ui/dialogs/line_list.h"
 
 #include "ui/shown_text.h"
 
@@ -17,19 +17,19 @@ QString PlainTip(const QString& text) {
 
 } // namespace
 
-void ShowVariantList(QComboBox& combo, const std::vector<VariantLine>& variants) {
+void ShowLines(QComboBox& combo, const std::vector<ListLine>& lines) {
     constexpr int kLinesShown = 20;
     combo.clear();
     combo.setMaxVisibleItems(kLinesShown);
     combo.setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }")); // a list with a scroll bar, no menu
-    if (auto* lines = qobject_cast<QListView*>(combo.view())) lines->setSpacing(1);
+    if (auto* view = qobject_cast<QListView*>(combo.view())) view->setSpacing(1);
     const auto* model = qobject_cast<const QStandardItemModel*>(combo.model());
-    for (const VariantLine& variant : variants) {
-        combo.addItem(Shown(variant.Name));
-        if (variant.Problem.empty()) continue;
+    for (const ListLine& line : lines) {
+        combo.addItem(Shown(line.Name));
+        if (line.Problem.empty()) continue;
         QStandardItem* item = model->item(combo.count() - 1);
         item->setEnabled(false);
-        item->setToolTip(PlainTip(Shown(variant.Problem)));
+        item->setToolTip(PlainTip(Shown(line.Problem)));
     }
 }
 
