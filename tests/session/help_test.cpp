@@ -41,31 +41,5 @@ TEST(ShowRules, OpensTheDocumentOfTheCommandElseTheWindow) {
     }
 }
 
-TEST(ShowAbout, NamesTheVersionAndOpensItsLinks) {
-    SessionFixture fixture;
-    ShowAbout(fixture.Game);
-    EXPECT_EQ(fixture.Screen.About[0].Version, "Version 1.13");
-    EXPECT_EQ(fixture.Screen.Opened, (Texts{"https://tavlon12.example", "mailto:tavlon12team@tavlon12.example"}));
-}
-
-TEST(ShowDetails, WritesTheFieldsAndNothingElse) {
-    SessionFixture fixture;
-    fixture.Game.Pdn.Event = "Open";
-    fixture.Game.Pdn.Round = "3";
-    PdnTags expected = fixture.Game.Pdn;
-    fixture.Screen.UseDetails = [](DetailsForm form, const std::function<void(const DetailsForm&)>&) {
-        form.Site = "x";
-    };
-    ShowDetails(fixture.Game);
-    EXPECT_EQ(fixture.Game.Pdn, expected);
-    fixture.Screen.UseDetails = [](const DetailsForm& form, const std::function<void(const DetailsForm&)>& apply) {
-        apply({form.Event + "!", "s", "d", "b", "w"});
-    };
-    ShowDetails(fixture.Game);
-    expected.Event = "Open!";
-    std::tie(expected.Site, expected.Date, expected.Black, expected.White) = std::tuple("s", "d", "b", "w");
-    EXPECT_EQ(fixture.Game.Pdn, expected);
-}
-
 } // namespace
 } // namespace tavlon12

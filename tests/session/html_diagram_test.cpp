@@ -44,8 +44,7 @@ TEST(Diagram, HasTheseLines) {
 TEST(Diagram, ATurnedBoardGivesTheRowsFromTheOtherEnd) {
     SessionFixture fixture;
     for (const char* colour : {"PiecesOnBlack=0", "PiecesOnBlack=1", "PiecesOnBlack=2"}) {
-        support::Random random(7);
-        support::StartGame(fixture, support::RulesWith(colour), random);
+        support::StartGame(fixture, colour, "W: c3 Kf2 a2 Kl9; B: d4 Kf6 e1 Kg3"); // on squares of both colours
         const auto picturesOf = [&](Long turned) {
             fixture.Game.Settings.BoardTurned = turned;
             const std::string page = DiagramText(fixture.Game, "");

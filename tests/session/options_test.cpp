@@ -86,7 +86,8 @@ TEST_F(Options, SkinAndRatingCountWithoutOk) {
 
 TEST_F(Options, TheScreenFollowsWhenTheDialogIsGone) {
     for (const bool blackStarts : {false, true}) {
-        support::StartGame(Fixture, blackStarts ? "BlackStarts=1" : "BlackStarts=0", "W: c3; B: d4 Klb");
+        support::StartGame(Fixture, "", "W: c3; B: d4 Klb");
+        Game.Pos.Rules.BlackStarts = blackStarts;
         Game.Settings.PlayMode = kPlayerComputer;
         Apply({{"FixedDepth", "1"},
                {"DepthLimit", "4"},

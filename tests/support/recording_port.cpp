@@ -120,12 +120,7 @@ UiPort RecordingPort::Port() {
     port.Dialogs.EditOptions = [this](const OptionsForm& form, const OptionsEvents& events) {
         UseOptions(form, events);
     };
-    port.Dialogs.EditDetails = [this](const DetailsForm& form, const auto& apply) { UseDetails(form, apply); };
     port.Dialogs.ShowRules = [this](const RulesText& text, const OpenAddress&) { Rules.push_back(text); };
-    port.Dialogs.ShowAbout = [this](const AboutText& text, const OpenAddress& open) {
-        About.push_back(text);
-        for (const std::string& link : {text.WebPage, text.MailAddress}) open(link);
-    };
     port.Board.LoadSkin = [this] { BoardCalls.emplace_back("LoadSkin"); };
     port.Board.LayoutWindow = [this] { BoardCalls.emplace_back("LayoutWindow"); };
     port.Board.SquarePicture = [](SquareImage image) { return std::string(KeyOf(image)); };

@@ -90,12 +90,9 @@ struct RecordingPort {
     std::optional<SetupEntry> Setup;                           ///< the answer to the set-up menu
     std::vector<std::pair<SetupEntry, SetupEntry>> SetupMarks; ///< the marks in it, each time it has opened
     RecordedStudy Study;
-    /// What the user does in the dialogs before they close, and the texts that the windows have shown.
+    /// What the user does in the Options dialog before it closes.
     std::function<void(const OptionsForm&, const OptionsEvents&)> UseOptions = [](const auto&, const auto&) {};
-    std::function<void(DetailsForm, const std::function<void(const DetailsForm&)>&)> UseDetails = [](auto,
-                                                                                                     const auto&) {};
-    std::vector<RulesText> Rules;
-    std::vector<AboutText> About;
+    std::vector<RulesText> Rules;        ///< as they were shown
     std::vector<std::string> BoardCalls; ///< "LoadSkin", "LayoutWindow"
     PlayerMark Mark = PlayerMark::None;
     int Ended = 0; ///< how often the end of the program was asked for

@@ -77,7 +77,7 @@ private slots:
         GameWindow game(Skin.toStdString());
         game.Game.InstalledFolder.clear(); // the page is not opened in the user's browser
         game.Game.Settings.BoardTurned = Turned;
-        game.Place(Keys.toStdString(), "W: c3 Ke5 a1; B: d4 Kf6 lb");
+        game.Place(Keys.toStdString(), "W: c3 Ke5 a2 Kl9; B: d4 Kf6 e1 Kg3");
         game.Window->Panel.Text1->setPlainText(Comment);
         game.Window->Bar.ActionOf(Command::CreateHtml).trigger();
         QCOMPARE(game.Boxes.Seen, (std::vector<SeenBox>{{"Diagram", "DIAGRAM.HTML created", QMessageBox::Warning}}));

@@ -1,5 +1,6 @@
 #include "support.h"
 
+#include "session/game_end.h"
 #include "ui/dialogs/options_dialog.h"
 
 #include <QAccessible>
@@ -119,6 +120,12 @@ private slots:
             for (const auto& [name, text] : entered)
                 QVERIFY2(SettingText(game.Game.Settings, SettingNamed(name)) == text, name.data());
         }
+        for (const OptionControl& control : OptionControls()) {
+            if (control.Setting != "MoveLimitCode") continue;
+            game.Game.Settings.MoveLimitCode = static_cast<Byte>(control.Value);
+            const Long halfMoves = 2 * std::stoi(control.Text);
+            QVERIFY(!CheckMoveLimit(game.Game, halfMoves - 2) && CheckMoveLimit(game.Game, halfMoves - 1));
+        }
         for (const SettingRow& row : SettingRows())
             QVERIFY2(row.Tip.empty() || entered.contains(row.Name), row.Name.data());
     }
@@ -227,24 +234,25 @@ private slots:
             ClickOn(link);
             QVERIFY(!link.font().underline());
         };
-        game.Game.Variant.Texts = {"<b>&Jump</b>", "", ""};
+        game.Game.Variant.Texts = {"<b>&Jump</b>", "a document", ""};
+        game.Key(Qt::Key_F1);
         for (const char* link : {"", "https://rules.example"}) {
             game.Game.Variant.Texts.HelpLink = link;
             QVERIFY(UseDialog(game, Command::QuickRules, "frmRules", [&](QDialog& dialog) {
                 QCOMPARE(dialog.windowTitle(), " Rules for Canadian Checkers");
                 QCOMPARE(Find<QLabel>(dialog, "Label2").text(), "Canadian Checkers\r\n\r\n<b>&Jump</b>");
                 click(dialog, "Label1");
-                QTest::keyClick(&dialog, Qt::Key_Return);
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
             }));
         }
         QVERIFY(UseDialog(game, Command::mnu_Help_About, "frmAbout", [&](QDialog& dialog) {
+            QCOMPARE(Find<QLabel>(dialog, "Label3").text(), "Version 1.13");
             click(dialog, "Label9");
             click(dialog, "Label10");
             ClickOn(dialog, "cmdOK");
         }));
-        game.Key(Qt::Key_F1);
-        QCOMPARE(opened, (std::vector<std::string>{"https://rules.example", "https://tavlon12.example",
-                                                   "mailto:tavlon12team@tavlon12.example", "https://rules.example"}));
+        QCOMPARE(opened, (std::vector<std::string>{"a document", "https://rules.example", "https://tavlon12.example",
+                                                   "mailto:tavlon12team@tavlon12.example"}));
     }
 };
 

@@ -22,13 +22,15 @@ QScrollArea* MakeText(const std::string& text) {
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setMargin(10);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QFont font(QStringLiteral("Arial"));
     font.setPixelSize(kTextPixels);
     label->setFont(font);
 
     auto* area = new QScrollArea;
     area->setObjectName(QStringLiteral("TextArea"));
+    area->setAccessibleName(QStringLiteral("Rules"));
+    area->setFocusPolicy(Qt::StrongFocus); // the keys of the arrows scroll
     area->setWidget(label);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
