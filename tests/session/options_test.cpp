@@ -64,6 +64,7 @@ TEST_F(Options, FormAndSettingsAreTheSameValues) {
 }
 
 TEST_F(Options, SkinAndRatingCountWithoutOk) {
+    Game.InstalledFolder.clear(); // with its own skins
     WriteFile(Fixture.Folder.Path / "Skins" / "Oak.INI", "");
     WriteFile(Fixture.Folder.Path / "Skins" / "ash.ini", "");
     Game.Port.Board.SkinProblem = [](const std::string& name) { return name == "ash" ? "torn" : ""; };

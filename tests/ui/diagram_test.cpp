@@ -66,7 +66,7 @@ private slots:
         QTest::newRow("turned") << ""
                                 << "Classic Small" << 1 << "";
         QTest::newRow("all squares, a comment") << "PiecesOnBlack=2"
-                                                << "Classic Medium" << 0 << comment;
+                                                << "Walnut Medium" << 0 << comment;
     }
 
     void TheBrowserShowsTheBoard() {
