@@ -89,6 +89,7 @@ void AdoptHead(Session& session, const GameHead& head) {
 void UseDefinition(Session& session, const GameFile& game, LoadSource source) {
     if (!game.AtUseClassic) return;
     AdoptHead(session, *game.AtUseClassic);
+    if (HasKey(game, "PiecesOnBlack")) session.Variant.DefinedRules.PiecesOnBlack = game.Head.Rules.PiecesOnBlack;
     if (LoadVariant(session, VariantPath(session))) {
         session.Variant.VariantName = session.Variant.VariantFile;
         session.Variant.DefinedRules = game.Head.Rules;
@@ -118,26 +119,25 @@ bool MakeMoves(Session& session, const GameFile& game, LoadSource source) {
 }
 
 bool LoadGameFile(Session& session, LoadSource source, const std::filesystem::path& file) {
-    const auto read = [&] {
-        return ReadFileWith(file, [&](std::string_view bytes) { return ReadGameFile(bytes, HeadOfGame(session)); });
+    std::string bytes;
+    const auto read = [&](std::string_view whole) {
+        bytes = whole;
+        return ReadGameFile(whole, HeadOfGame(session));
     };
-    if (const auto first = read(); !first) { // the game on the board stays
+    if (const auto first = ReadFileWith(file, read); !first) {
         TellFailure(session, file, first.Failure());
-        session.Port.Fields.SetText(Control::Text1, session.Record.MoveComments[session.Pos.Tree.TreeIndex]);
-        RefreshLegalMoves(session);
+        ShowKeptGame(session);
         return false;
     }
     if (!ResetGame(session)) return false;
-    const auto game = read(); // what it does not name is as the new game has it
-    if (!game) return false;
-    const Long lines = static_cast<Long>(game->Lines.size());
+    const auto game = ReadGameFile(bytes, HeadOfGame(session)); // what it does not name is as the new game has it
+    const Long lines = GameLineCount(bytes);
     if (lines > 0) session.Port.Status.SetProgressRange(0, lines);
     UseDefinition(session, *game, source);
     AdoptHead(session, game->Head);
     BeginReplay(session, source, !HasKey(*game, "PromoW"), lines > 0);
     if (session.Quitting || !MakeMoves(session, *game, source)) return false;
-    FinishReplay(session, source, file);
-    if (source == LoadSource::User) session.Port.Status.SetProgress(lines);
+    FinishReplay(session, source, file, lines);
     return true;
 }
 

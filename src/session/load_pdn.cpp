@@ -190,29 +190,38 @@ bool OpenGame(Session& session, const PdnRequest& request) {
     const Moves moves = MakeMoves(session, request);
     if (moves == Moves::Failed || moves == Moves::ProgramEnds) return false;
     if (session.Game.ResultText.empty()) session.Game.ResultText = tags.Result;
-    FinishReplay(session, request.Source, request.File);
+    FinishReplay(session, request.Source, request.File, static_cast<Long>(request.MoveText.size()));
     if (request.Source == LoadSource::User) ShowTags(session, tags, moves == Moves::MadeWithComments);
     return true;
+}
+
+/// The text of a PDN file; nothing, and a message, when the file is none.
+std::optional<std::string> ReadPdn(Session& session, const std::filesystem::path& file) {
+    const auto bytes = ReadWholeFile(file);
+    if (!bytes) {
+        ShowMessage(session, bytes.Failure().Message(), "Error", MessageKind::Exclamation);
+        return std::nullopt;
+    }
+    std::string text = PdnText(*bytes);
+    if (IsPdnText(text)) return text;
+    ShowMessage(session, file.filename().string() + " is not a PDN file", "Tavlon12", MessageKind::Exclamation);
+    return std::nullopt;
 }
 
 } // namespace
 
 bool LoadPdn(Session& session, LoadSource source, const std::filesystem::path& file) {
-    const auto bytes = ReadWholeFile(file);
-    if (!bytes) {
-        ShowMessage(session, bytes.Failure().Message(), "Error", MessageKind::Exclamation);
+    const auto text = ReadPdn(session, file);
+    if (!text) {
+        ShowKeptGame(session);
         return false;
     }
-    const std::string text = PdnText(*bytes);
-    if (!IsPdnText(text)) {
-        ShowMessage(session, file.filename().string() + " is not a PDN file", "Tavlon12", MessageKind::Exclamation);
-        return false;
-    }
-    PdnReader reader(text);
+    PdnReader reader(*text);
     const std::vector<PdnGame> games = ListGames(session, reader);
     if (session.Quitting) return false;
     if (games.empty()) {
         ShowMessage(session, "No games found!", "Tavlon12", MessageKind::Plain);
+        ShowKeptGame(session);
         return false;
     }
     const std::vector<ListLine> openAs = FillPdnVariantList(session);
@@ -220,7 +229,7 @@ bool LoadPdn(Session& session, LoadSource source, const std::filesystem::path& f
     session.PdnGameChoice = choice ? choice->Game : -1;
     if (!choice || choice->Game < 1 || choice->Game > static_cast<Long>(games.size())) {
         DrawBoard(session, 0);
-        RefreshLegalMoves(session);
+        ShowKeptGame(session);
         return false;
     }
     PdnRequest request{source, file, games[static_cast<std::size_t>(choice->Game - 1)], "", choice->Variant > 0};

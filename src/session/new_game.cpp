@@ -65,7 +65,18 @@ std::optional<std::string> MakeRandomMove(Session& session) {
     return key;
 }
 
-/// Plays the first moves of a game. They are written as a game and loaded, so that they stand in the record.
+/// Takes back moves that are in no record.
+void RestoreStart(Session& session) {
+    Position& position = session.Pos;
+    position.Board = position.InitialBoard;
+    position.Tree.SideToMove = position.Rules.BlackStarts == 1 ? kBlack : kWhite;
+    session.Variant.CustomSetup = true;
+    AdoptPosition(session);
+    session.Variant.CustomSetup = false;
+}
+
+/// Plays the first moves of a game. They are written as a game and loaded, so that they stand in the record; where they
+/// cannot be written, the game begins without them.
 void PlayAutomaticMoves(Session& session) {
     const GameHead head = HeadOfGame(session);
     std::vector<GameFileLine> lines;
@@ -75,9 +86,12 @@ void PlayAutomaticMoves(Session& session) {
         lines.push_back({GameFileLine::Kind::Move, *key, i});
     }
     if (session.Quitting) return;
-    WriteProgramFile(session, session.ProgramFolder / kAutomaticMovesFile,
-                     GameFileText(head, lines, PromotionSlots::All));
-    LoadGame(session, LoadSource::AutomaticMoves);
+    const std::filesystem::path file = session.ProgramFolder / kAutomaticMovesFile;
+    if (WriteProgramFile(session, file, GameFileText(head, lines, PromotionSlots::All))) {
+        LoadGame(session, LoadSource::AutomaticMoves);
+    } else {
+        RestoreStart(session);
+    }
 }
 
 /// The balance of the board, seen from the side that begins.
@@ -118,6 +132,7 @@ void StartGame(Session& session, bool askVariant) {
     }
     session.Port.Lists.ListClear(ListId::List3);
     if (session.Settings.ChooseOpening == 1) LoadGame(session, LoadSource::Opening);
+    if (session.Quitting) return;
     DrawBoard(session, 0);
     ApplyStartRules(session);
     PlaySound(session, "roll.wav");

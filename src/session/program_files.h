@@ -32,7 +32,7 @@ std::vector<std::string> VariantNames(const Session& session);
 /// The skins: the two of the program, then those of the folder of skins in the order of their names.
 std::vector<std::string> SkinNames(const Session& session);
 
-/// Replaces a file of the program. A failure is told in a message, and gives false.
+/// Replaces a file of the program. On a failure, which is told in a message, the old file stays, and it returns false.
 bool WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes);
 
 /// Plays a wave file of the folder of sounds, under `UseSound`.

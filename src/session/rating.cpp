@@ -20,23 +20,20 @@ std::string FirstKind(const GameRecord& record, Long column) {
     return "";
 }
 
-/// Average depth of the computer's moves, 1 when it made none; nothing when the players of the game have changed.
+/// Average depth of the computer's moves before the last half-move, 1 when it made none; nothing when the players of
+/// the game have changed.
 std::optional<double> AverageDepth(const Session& session) {
     const GameRecord& record = session.Record;
     const std::string first[] = {FirstKind(record, KindColumn(1)), FirstKind(record, KindColumn(2))};
     if (first[0] != kByComputer && first[1] != kByComputer) return std::nullopt;
     double sum = 0;
     Long count = 0;
-    for (Long halfMove = 1; halfMove <= session.Pos.Tree.TreeIndex; ++halfMove) {
+    for (Long halfMove = 1; halfMove < session.Pos.Tree.TreeIndex; ++halfMove) {
         const auto& row = record.GameRows[RowOfHalfMove(halfMove)];
         const std::string& kind = row[KindColumn(halfMove)];
         const std::string& firstOfSide = first[TextColumn(halfMove)];
         if (kind == kFromFile) continue;
-        if (kind != firstOfSide) {
-            // The half-move that ends the game is rated before it is entered.
-            if (row[TextColumn(halfMove)].empty()) continue;
-            return std::nullopt;
-        }
+        if (kind != firstOfSide) return std::nullopt;
         if (firstOfSide != kByComputer) continue;
         sum += ParseNumber(row[kStrengthColumn]);
         ++count;

@@ -15,6 +15,8 @@
 #include "session/screen.h"
 #include "session/thinking.h"
 
+#include <algorithm>
+
 namespace tavlon12 {
 
 void PlaceLoadedStart(Session& session, std::string_view digits, LoadSource source) {
@@ -73,7 +75,7 @@ bool ReplayMove(Session& session, std::string_view key) {
     return !session.Quitting;
 }
 
-void FinishReplay(Session& session, LoadSource source, const std::filesystem::path& file) {
+void FinishReplay(Session& session, LoadSource source, const std::filesystem::path& file, Long progress) {
     StatusPort& status = session.Port.Status;
     const std::string name = source == LoadSource::Opening ? "" : file.filename().string();
     InitGameTree(session.Pos);
@@ -81,11 +83,19 @@ void FinishReplay(Session& session, LoadSource source, const std::filesystem::pa
     SetPlayersOfPosition(session);
     status.SetStatusText(1, "");
     if (source == LoadSource::User) {
+        const Long full = std::max<Long>(progress, 1); // a game without moves is loaded whole too
+        status.SetProgressRange(0, full);
+        status.SetProgress(full);
         status.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion) + " - " + name);
     }
     session.Game.GameFileName = name;
     session.Port.Fields.SetText(Control::Text1, session.Record.MoveComments[session.Pos.Tree.TreeIndex]);
     ReleaseWindow(session);
+}
+
+void ShowKeptGame(Session& session) {
+    session.Port.Fields.SetText(Control::Text1, session.Record.MoveComments[session.Pos.Tree.TreeIndex]);
+    RefreshLegalMoves(session);
 }
 
 void AbandonReplay(Session& session, const std::string& message) {

@@ -27,10 +27,15 @@ void BeginReplay(Session& session, LoadSource source, bool promotionsFromDefinit
 /// ends.
 bool ReplayMove(Session& session, std::string_view key);
 
-/// The end of a load that has got through, with the names and texts of a game file.
-void FinishReplay(Session& session, LoadSource source, const std::filesystem::path& file);
+/// The end of a load that has got through, with the names and texts of a game file; `progress` is the length of the
+/// whole in the progress bar.
+void FinishReplay(Session& session, LoadSource source, const std::filesystem::path& file, Long progress);
 
-/// The end of a load that has failed behind the start of a new game: message, and a new game.
+/// The end of a load that has failed before a new game was started: the lists and fields of the game on the board are
+/// filled again.
+void ShowKeptGame(Session& session);
+
+/// The end of a load that has failed after the start of a new game: message, and a new game.
 void AbandonReplay(Session& session, const std::string& message);
 
 /// The last steps of every load: the window answers again.

@@ -82,13 +82,13 @@ void AddToPdn(Session& session, const std::filesystem::path& path) {
     WriteProgramFile(session, path, WithGameAdded(file, game));
 }
 
-/// Asks for a name; empty when the user does not want to save.
+/// Asks for a name; empty when the user does not want to save. The title shows what he has answered, whatever it is.
 std::filesystem::path ChoosePath(Session& session) {
     const std::filesystem::path path = session.Port.Files.ChooseFile({true, "Save Game", kGameFilter});
-    if (path.empty()) return path;
     const std::string name = NameOf(path);
     session.Game.GameFileName = name;
     session.Port.Status.SetWindowTitle(" Tavlon12 " + std::string(kProgramVersion) + " Beta - " + name);
+    if (path.empty()) return path;
     std::error_code error;
     const bool asks = !IsPdnName(path) && std::filesystem::exists(path, error);
     if (asks && !AskYesNo(session, name + " already exists, overwrite?", "Confirmation")) return {};

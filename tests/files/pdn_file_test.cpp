@@ -90,20 +90,6 @@ TEST(PdnFile, FindsTheGames) {
     EXPECT_EQ(Games("[Event \"A\"]\n\n1. 9-14\n22-18 *"), List{"A|1. 9-14"}) << "what follows the last LF is lost";
     EXPECT_EQ(Games("[Event \"A\"]\r\n\r\n1. 9-14\r\n22-18 *"), List{"A|1. 9-14 22-18 *"});
     EXPECT_EQ(Games("[Event \"A\"]\r\n\r\n"), List{});
-
-    std::string many;
-    for (int i = 1; i <= 10000; ++i) many += "[Event \"" + std::to_string(i) + "\"]\n\n1. 9-14 22-18 *\n\n";
-    const List games = Games(many);
-    ASSERT_EQ(games.size(), 10000U);
-    EXPECT_EQ(games.back(), "10000|1. 9-14 22-18 *");
-}
-
-TEST(PdnFile, ShowsTheTagsInTheOrderOfTheChooser) {
-    PdnTags tags{"e", "d", "b", "w", "s", "1-0", "", "be", "we", "1", "f", "eco", "own"};
-    using Row = std::array<std::string, kPdnColumns>;
-    EXPECT_EQ(PdnRow(tags), (Row{"e", "d", "b", "w", "1-0", "s", "1", "eco", "be", "we"}));
-    tags.Round = "3";
-    EXPECT_EQ(PdnRow(tags)[0], "e 3");
 }
 
 // The own tag
@@ -211,16 +197,12 @@ TEST(PdnFile, BreaksALineBehindMoreThan70Characters) {
     std::vector<PdnHalfMove> moves(100, {{29, 43}, false, ""});
     moves[50].CommentBefore = std::string(80, 'c');
     const std::string text = PdnGameText({}, moves, kNumeric);
-    std::vector<std::string_view> lines = SplitLines(std::string_view(text).substr(text.find("1. ")));
-    EXPECT_TRUE(lines.back().empty());
-    lines.pop_back();
-    EXPECT_TRUE(lines.back().ends_with(" *"));
-    EXPECT_LE(lines.back().size(), 71U);
-    lines.pop_back();
-    for (std::string_view line : lines) {
-        EXPECT_TRUE(line.size() > 70 && line.ends_with(' ')) << line;
-        EXPECT_TRUE(line.size() <= 80 || line.find('c') != std::string_view::npos) << line;
+    const std::vector<std::string_view> lines = SplitLines(std::string_view(text).substr(text.find("1. ")));
+    for (std::size_t i = 0; i + 2 < lines.size(); ++i) {
+        const bool commented = lines[i].find('c') != std::string_view::npos;
+        EXPECT_TRUE(lines[i].size() > 70 && (lines[i].size() <= 80 || commented) && lines[i].ends_with(' '));
     }
+    EXPECT_TRUE(lines[lines.size() - 2].ends_with(" *") && lines.back().empty());
 }
 
 // Moves

@@ -28,18 +28,6 @@ struct VariantFileTest : testing::Test {
     VariantTexts Texts;
 };
 
-TEST_F(VariantFileTest, ReadsEveryRuleKey) {
-    for (const RuleKey& key : RuleKeys()) {
-        SCOPED_TRACE(key.Name);
-        for (const char* text : {"0", "1", "7", "C5D6", "NW WW", "normal"}) {
-            RuleSet expected = Kept;
-            ASSERT_TRUE(SetRuleValue(expected, key, text));
-            Kept = ReadLines(std::string(key.Name) + "=" + text + "\r\n").Rules;
-            EXPECT_EQ(Kept, expected) << text;
-        }
-    }
-}
-
 TEST_F(VariantFileTest, KnowsItsKeysByExactSpelling) {
     struct Row {
         const char* Lines;
@@ -134,19 +122,6 @@ TEST_F(VariantFileTest, TellsWhatIsWrong) {
         ASSERT_FALSE(definition) << row.Text;
         EXPECT_EQ(definition.Failure().Reason, row.Reason) << row.Text;
         EXPECT_EQ(definition.Failure().Line, row.Line) << row.Text;
-    }
-}
-
-TEST_F(VariantFileTest, ACutFileIsReadWholeOrNotAtAll) {
-    const std::string text = ReadFile(ShippedDefaultVariant());
-    const std::size_t complete = text.rfind("END") + 3;
-    Kept.NumberMen = 77;
-    for (std::size_t size = text.size(); size-- > 0;) {
-        auto definition = Read(std::string_view(text).substr(0, size));
-        ASSERT_EQ(static_cast<bool>(definition), size >= complete) << size;
-        if (definition) {
-            ASSERT_EQ(definition->Rules, RuleSet()) << size;
-        }
     }
 }
 

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 namespace tavlon12 {
 namespace {
@@ -85,10 +86,64 @@ TEST(StartRules, RemoveMenAndPlayMoves) {
         }
         EXPECT_FALSE(std::filesystem::exists(fixture.Folder.Path / kAutomaticMovesFile));
         EXPECT_TRUE(fixture.Screen.Messages.empty());
+
+        game.ProgramFolder = fixture.Folder.Path / "missing";
+        NewGame(game);
+        EXPECT_EQ(fixture.Screen.Messages.size(), 1u) << "the moves cannot be written";
+        EXPECT_EQ(game.Record.LastMoveIndex, 0);
+        EXPECT_EQ(game.Pos.Board, game.Pos.InitialBoard);
     }
 }
 
 // PDN of other programs
+
+const std::string kTwoOpenings = "[Event \"A\"]\r\n\r\n1. 44-38 *\r\n\r\n[Event \"B\"]\r\n\r\n1. 44-38 25-31 *\r\n";
+
+TEST(Openings, ServeTheClassicStartAlone) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.Settings.ChooseOpening = 1;
+    game.Settings.PlayMode = kPlayerPlayer;
+    NewGame(game);
+    EXPECT_TRUE(fixture.Screen.Choosers.empty()) << "there is no file";
+    WriteFile(fixture.Folder.Path / "opening.pdn", kTwoOpenings);
+    fixture.Screen.Choice = PdnChoice{2, 0};
+    NewGame(game);
+    ASSERT_EQ(fixture.Screen.Choosers.size(), 1u);
+    EXPECT_EQ(fixture.Screen.Choosers[0].Title, " Choose Opening");
+    EXPECT_EQ(game.Record.LastMoveIndex, 2);
+    EXPECT_EQ(game.Game.GameFileName, "");
+    EXPECT_EQ(game.Variant.VariantName, kDefaultVariant);
+    game.Settings.BookRandom = 1;
+    std::set<Long> drawn;
+    for (Long round = 0; round < 12; ++round) {
+        fixture.Screen.Now += 1; // the seed of a game
+        NewGame(game);
+        drawn.insert(game.Record.LastMoveIndex);
+    }
+    EXPECT_EQ(drawn, (std::set<Long>{1, 2}));
+    EXPECT_EQ(fixture.Screen.Choosers.size(), 1u);
+    game.Pos.Rules.AntiMode = 1;
+    NewGame(game);
+    EXPECT_EQ(game.Record.LastMoveIndex, 0);
+}
+
+TEST(Pdn, TheWindowLivesWhileGamesAreListed) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    ASSERT_TRUE(ResetGame(game));
+    fixture.Screen.File = fixture.Folder.Path / "game.pdn";
+    WriteFile(fixture.Screen.File, kTwoOpenings);
+    Long yields = 0;
+    fixture.Screen.OnYield = [&] { ++yields; };
+    OpenCommand(game);
+    EXPECT_EQ(yields, 2);
+    EXPECT_EQ(fixture.Screen.Choosers.size(), 1u);
+    EXPECT_FALSE(fixture.Screen.List(ListId::List2).Lines.empty()) << "nothing was chosen";
+    fixture.Screen.OnYield = [&] { CloseRequested(game); };
+    OpenCommand(game);
+    EXPECT_EQ(fixture.Screen.Choosers.size(), 1u) << "the program ends";
+}
 
 TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
     struct Row {
@@ -111,7 +166,7 @@ TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
         {"no game", "[Event \"x\"]\n", "No games found!", ""},
         {"FEN that is none", "[Event \"x\"]\n[FEN \"?\"]\n\n1. 25-31 *\n", "Illegal Setup!", ""},
         {"illegal", head + "1. 25-31 44-38 2. 1-2 *\n", " 1 2: Illegal move!", ""},
-        {"no move", head + "1. 25-31 what 2. 1-2 *\n", "Error in loading PDN file!", ""},
+        {"word", head + "1. 25-31 what 2. 1-2 *\n", "Error in loading PDN file!", ""},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.Name);
@@ -123,10 +178,16 @@ TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
         fixture.Screen.File = fixture.Folder.Path / "game.pdn";
         fixture.Screen.Choice = PdnChoice{row.Name == "second of two" ? 2 : 1, 0};
         WriteFile(fixture.Screen.File, row.Bytes);
+        support::Play(game, "4438");
+        game.Record.MoveComments[1] = "mine";
         OpenCommand(game);
         EXPECT_FALSE(game.Busy || game.Quitting);
         EXPECT_TRUE(fixture.Screen.List(ListId::List2).Enabled);
+        EXPECT_FALSE(fixture.Screen.List(ListId::List2).Lines.empty());
         if (row.Status.empty()) {
+            const bool kept = row.Name.starts_with("no ta") || row.Name.starts_with("no ga");
+            EXPECT_EQ(game.Record.LastMoveIndex, kept ? 1 : 0);
+            EXPECT_EQ(fixture.Screen.Texts[Control::Text1], kept ? "mine" : "");
             EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{std::string(row.Lines)});
             continue;
         }
@@ -136,6 +197,7 @@ TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
             lines += (lines.empty() ? "" : "|") + line;
         EXPECT_EQ(lines, row.Lines);
         EXPECT_EQ(fixture.Screen.Status[1], row.Status);
+        EXPECT_EQ(fixture.Screen.Progress, fixture.Screen.ProgressMaximum);
     }
 }
 
@@ -174,24 +236,38 @@ TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
 
 TEST(Rating, FollowsTheScaleOfElo) {
     struct Row {
-        Long Rating, Depth;
+        Long Rating;
+        std::string_view Kinds; ///< of the half-moves: "1" computer, "2" person, "3" file
+        Long Depth;
         double Score;
         Long New;
     };
-    for (const Row& row : {Row{1200, 5, 1, 1215}, Row{1200, 5, 0.5, 1200}, Row{1200, 5, 0, 1185},
-                           Row{2000, 13, 1, 2015}, Row{2100, 14, 1, 2112}, Row{2100, 14, 0, 2088},
-                           Row{2400, 17, 1, 2405}, Row{2401, 17, 1, 2406}, Row{800, 0, 1, 815}}) {
+    const Row rows[] = {
+        {1200, "212", 5, 1, 1215},    {1200, "212", 5, 0.5, 1200},
+        {1200, "212", 5, 0, 1185},    {2000, "212", 13, 1, 2015},
+        {2100, "212", 14, 1, 2112},   {2100, "212", 14, 0, 2088},
+        {2400, "212", 17, 1, 2405},   {2401, "212", 17, 1, 2406},
+        {800, "21", 9, 1, 815},                                    // the last half-move is not counted
+        {1200, "333212", 5, 1, 1215}, {1200, "21222", 5, 1, 1200}, // the players have changed
+        {1200, "2222", 5, 1, 1200},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.Kinds);
         SessionFixture fixture;
         Session& game = fixture.Game;
         StartGame(fixture, "", "W: c3; B: j8");
-        game.Pos.Tree.TreeIndex = 2;
-        game.Record.GameRows[1] = {"c3d4", "j8k7", kByPerson, kByComputer, std::to_string(row.Depth)};
-        if (row.Depth == 0) game.Record.GameRows[1] = {"", "", "", kByComputer, ""}, game.Pos.Tree.TreeIndex = 0;
+        for (const char kind : row.Kinds) {
+            auto& cells = game.Record.GameRows[RowOfHalfMove(++game.Pos.Tree.TreeIndex)];
+            cells[TextColumn(game.Pos.Tree.TreeIndex)] = "c3d4";
+            cells[KindColumn(game.Pos.Tree.TreeIndex)] = kind;
+            if (kind == '1') cells[kStrengthColumn] = std::to_string(row.Depth);
+        }
         game.Game.RateableGame = true;
-        game.Rating = row.Rating;
+        game.Rating = static_cast<Integer>(row.Rating);
         const std::string note = UpdateRating(game, row.Score);
         EXPECT_EQ(game.Rating, row.New) << row.Rating << " " << row.Score;
-        EXPECT_EQ(note.starts_with("  Great game\n\nYour previous rating was"), row.Score == 1) << note;
+        const bool praised = row.Score == 1 && row.New != row.Rating;
+        EXPECT_EQ(note.starts_with("  Great game\n\nYour previous rating was"), praised) << note;
         game.Settings.UseRating = 0;
         EXPECT_EQ(UpdateRating(game, 1), "");
     }

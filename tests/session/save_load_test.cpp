@@ -132,5 +132,60 @@ TEST(SaveAndLoadSlow, AGameComesBackWhateverItsRulesAndNotation) {
     EXPECT_GT(ended, 0) << "games that have ended must be among them";
 }
 
+TEST(Load, OpensAGameFileOrTellsWhy) {
+    struct Row {
+        std::string Body; ///< behind the head; a whole file that begins with "!"
+        Long LastMoveIndex;
+        std::string_view Message;
+        Long Progress; ///< lines behind the head
+    };
+    const Row rows[] = {
+        {"", 0, "", 1},
+        {"c5d6\r\n{why}\r\nb8a7\r\n", 2, "", 3},
+        {"c5d6\r\n\r\nb8a7\r\n", 1, "", 3},
+        {"c5d6\r\nc5d6\r\n", 0, "C5D6: Illegal move!", 2},
+        {"!no game", 3, "game.tvl is not an Tavlon12 file", 0},
+        {"!TAVLON12 Version=0.88\r\nSTART\r\n", 3, "Incorrect game file!\nNeed version 0.89", 0},
+        {"!TAVLON12 Version=0.89\r\nAntiMode=1\r\n", 3, "", 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.Body);
+        SessionFixture fixture;
+        Session& game = fixture.Game;
+        game.Settings.PlayMode = kPlayerPlayer;
+        ASSERT_TRUE(ResetGame(game));
+        const std::string head = GameFileText(HeadOfGame(game), {});
+        Play(game, "c5d6 b8a7 d6e7");
+        game.Record.MoveComments[3] = "mine";
+        fixture.Screen.File = fixture.Folder.Path / "game.tvl";
+        WriteFile(fixture.Screen.File, row.Body.starts_with('!') ? row.Body.substr(1) : head + row.Body);
+        OpenCommand(game);
+        EXPECT_EQ(game.Record.LastMoveIndex, row.LastMoveIndex);
+        EXPECT_EQ(Texts(fixture.Screen.Messages),
+                  row.Message.empty() ? std::vector<std::string>() : std::vector{std::string(row.Message)});
+        EXPECT_EQ(game.Pos.Rules.AntiMode, 0);
+        EXPECT_FALSE(game.Busy);
+        EXPECT_FALSE(fixture.Screen.List(ListId::List2).Lines.empty());
+        EXPECT_EQ(fixture.Screen.Texts[Control::Text1], row.LastMoveIndex == 3 ? "mine" : "");
+        if (row.Progress == 0) continue;
+        EXPECT_EQ(fixture.Screen.ProgressMaximum, row.Progress);
+        EXPECT_EQ(fixture.Screen.Progress, row.Message.empty() ? row.Progress : 0);
+    }
+}
+
+TEST(Load, TheColourOfAGameIsDefinedWhereItsDefinitionNamesNone) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    ASSERT_TRUE(ResetGame(game));
+    WriteFile(fixture.Folder.Path / "variants" / "Light.ini", "Title\r\nEND\r\n");
+    GameHead head = HeadOfGame(game);
+    head.VariantFile = "Light";
+    head.Rules.PiecesOnBlack = 0;
+    fixture.Screen.File = fixture.Folder.Path / "game.tvl";
+    WriteFile(fixture.Screen.File, GameFileText(head, {}));
+    OpenCommand(game);
+    EXPECT_EQ(game.Variant.DefinedRules.PiecesOnBlack, 0);
+}
+
 } // namespace
 } // namespace tavlon12

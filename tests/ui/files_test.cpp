@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QTimer>
 #include <QTreeView>
 
 using namespace tavlon12;
@@ -56,16 +57,20 @@ private slots:
     void AGameIsChosenFromMany() {
         GameWindow game;
         std::string games;
-        for (int i = 1; i <= 300; ++i) {
+        for (int i = 1; i <= 10000; ++i) {
             games += "[Event \"Cup\"]\r\n[White \"Player " + std::to_string(i) + "\"]\r\n\r\n1. " +
-                     (i == 77 ? "26-32" : "25-31") + " *\r\n\r\n";
+                     (i == 7777 ? "26-32" : "25-31") + " *\r\n\r\n";
         }
         WriteFile(game.Folder.Path / "many.pdn", games);
+        QTimer clock;
+        int ticks = 0; // while the games are listed and the one is loaded
+        QObject::connect(&clock, &QTimer::timeout, &clock, [&] { ticks += QApplication::overrideCursor() != nullptr; });
+        clock.start(1);
         const DialogUser file = Choose(game.Folder.Path / "many.pdn");
         const DialogUser chooser("dlgPDN", [](QDialog& dialog) {
             auto* list = dialog.findChild<QTreeView*>(QStringLiteral("ListView1"));
-            QCOMPARE(list->model()->rowCount(), 300);
-            QTest::keyClicks(dialog.findChild<QLineEdit*>(QStringLiteral("Find")), QStringLiteral("player 77"));
+            QCOMPARE(list->model()->rowCount(), 10000);
+            QTest::keyClicks(dialog.findChild<QLineEdit*>(QStringLiteral("Find")), QStringLiteral("player 7777"));
             QCOMPARE(list->model()->rowCount(), 1);
             QCOMPARE(dialog.findChild<QComboBox*>(QStringLiteral("Combo1"))->currentText(), QStringLiteral("DEFAULT"));
             const QRect row = list->visualRect(list->model()->index(0, 0));
@@ -74,8 +79,9 @@ private slots:
         });
         game.ClickButton("Open");
         QVERIFY(chooser.Used);
-        QCOMPARE(game.Game.PdnGameChoice, 77);
-        QCOMPARE(game.Game.Players.WhitePlayerName, "Player 77");
+        QVERIFY2(ticks > 0, "the window lives meanwhile");
+        QCOMPARE(game.Game.PdnGameChoice, 7777);
+        QCOMPARE(game.Game.Players.WhitePlayerName, "Player 7777");
     }
 
     void WhatIsPlayedIsThereAtTheNextStart() {
