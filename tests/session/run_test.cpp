@@ -33,6 +33,9 @@ TEST(Run, KeepsSettingsRatingAndGameFromOneStartToTheNext) {
         game.ProgramFolder = folder.Path;
         ASSERT_TRUE(StartUp(game));
         EXPECT_TRUE(fixture.Screen.Messages.empty());
+        if (start == 0) {
+            EXPECT_EQ(ReadFile(folder.Path / kSettingsFile), DefaultSettingsText());
+        }
         EXPECT_EQ(game.Rating, 1200 + 10 * start);
         EXPECT_EQ(game.Settings.Limits.TimeLimit, 2 + start);
         EXPECT_EQ(game.Record.LastMoveIndex, start);
@@ -54,17 +57,18 @@ TEST(Run, KeepsSettingsRatingAndGameFromOneStartToTheNext) {
 TEST(Run, AFileThatIsNoneIsReplacedAndAWrongValueEndsTheProgram) {
     for (const auto& [name, bytes, starts] :
          {std::tuple(kSettingsFile, "TAVLON120.88\r\n 0 \r\n", true), std::tuple(kSettingsFile, "", true),
-          std::tuple(kSettingsFile, "TAVLON120.89\r\n 99999999999 \r\n", false),
+          std::tuple(kRatingFile, "", true), std::tuple(kSettingsFile, "TAVLON120.89\r\n 99999999999 \r\n", false),
           std::tuple(kRatingFile, "99999999999\r\n", false)}) {
         SessionFixture fixture;
         WriteFile(fixture.Folder.Path / name, bytes);
         EXPECT_EQ(StartUp(fixture.Game), starts) << bytes;
         EXPECT_EQ(fixture.Screen.Ended, starts ? 0 : 1);
+        EXPECT_EQ(fixture.Game.Rating, name == kRatingFile && starts ? 0 : 1200);
         CloseMainWindow(fixture.Game);
         if (!starts) {
             EXPECT_EQ(ReadFile(fixture.Folder.Path / name), bytes) << "nothing is repaired";
         } else {
-            EXPECT_TRUE(ReadSettings(ReadFile(fixture.Folder.Path / name)));
+            EXPECT_TRUE(ReadSettings(ReadFile(fixture.Folder.Path / kSettingsFile)));
         }
     }
 }
@@ -215,9 +219,9 @@ TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
     book += "\r\nstart\r\n4438w2531b4339w\r\nnames\r\n4438 2531'The Test'\r\nend\r\n";
     WriteFile(fixture.Folder.Path / "books" / "Canadian Checkers.bok", book);
     RefreshLegalMoves(game);
+    const auto isMarked = [](const std::string& line) { return line.ends_with("b"); };
     std::vector<std::string> marked;
-    for (const std::string& line : fixture.Screen.List(ListId::List2).Lines)
-        if (line.ends_with("b")) marked.push_back(line);
+    std::ranges::copy_if(fixture.Screen.List(ListId::List2).Lines, std::back_inserter(marked), isMarked);
     EXPECT_EQ(marked, std::vector<std::string>{"c5-d6b"});
     ComputeCommand(game);
     ComputeCommand(game);
@@ -228,6 +232,17 @@ TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
     EXPECT_EQ(game.Record.GameRows[1][kStrengthColumn], "1");
     EXPECT_EQ(fixture.Screen.SearchLine.substr(fixture.Screen.SearchLine.find("Main: ")), "Main: Book");
 
+    // A book of Black's moves serves White, who begins: 25-31 turned by 180 degrees.
+    WriteFile(fixture.Folder.Path / "books" / "Canadian Checkers.bok",
+              "TAVLON12 Version=0.89\r\nVariant=American Checkers 12x12\r\nstart\r\n2531b4438w\r\nend\r\n");
+    NewGame(game);
+    EXPECT_TRUE(std::ranges::none_of(fixture.Screen.List(ListId::List2).Lines, isMarked)) << "another variant's";
+    game.Settings.CanadianBook = 1;
+    NewGame(game);
+    ComputeCommand(game);
+    EXPECT_EQ(lines, std::vector<std::string>{"   1. k5-l6b"});
+
+    game.Settings.CanadianBook = 0;
     WriteFile(fixture.Folder.Path / "books" / "Canadian Checkers.bok", "no book\r\n");
     for (Long again = 0; again < 2; ++again) ConsultBook(game, false);
     EXPECT_EQ(Texts(fixture.Screen.Messages),
