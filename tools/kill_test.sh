@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# tests/kill_test.sh [rounds]: ends the headless tool and the program by SIGKILL at random moments while they save, and
+# tools/kill_test.sh [rounds]: ends the headless tool and the program by SIGKILL at random moments while they save, and
 # lets both save to a full disk. Their files must be whole each time: the old ones or the new ones. No part of ./test.
 # Takes the programs of build/release/bin, or of TAVLON12_BIN.
 
-. "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../tools/packages.sh"
+. "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/packages.sh"
 
 rounds=${1:-200}
 bin=${TAVLON12_BIN:-$build_dir/bin}
