@@ -18,8 +18,7 @@
 namespace tavlon12 {
 namespace {
 
-using support::StartGame;
-using support::Texts;
+using namespace support;
 
 // Starts and ends of the program
 
@@ -39,7 +38,7 @@ TEST(Run, KeepsSettingsRatingAndGameFromOneStartToTheNext) {
         game.Settings.AutoSave = 1;
         game.Settings.Limits.TimeLimit = static_cast<Integer>(3 + start);
         game.Rating += 10;
-        support::Play(game, start == 0 ? "c5d6" : start == 1 ? "b8a7" : "e5f6");
+        Play(game, start == 0 ? "c5d6" : start == 1 ? "b8a7" : "e5f6");
         fixture.Screen.Answers = {false, true};
         EXPECT_FALSE(CloseRequested(game));
         EXPECT_TRUE(CloseRequested(game));
@@ -144,7 +143,7 @@ TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
 TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
     SessionFixture fixture;
     Session& game = fixture.Game;
-    support::LimitDepth(fixture, 2);
+    LimitDepth(fixture, 2);
     game.Settings.OpeningBook = 1;
     ASSERT_TRUE(ResetGame(game));
     std::string book = "TAVLON12 Version=0.89\r\nVariant=Canadian Checkers\r\nSetup=" + PositionString(ClassicStart());
