@@ -51,6 +51,10 @@ TEST_P(EndOfGame, IsToldOnceWithItsResult) {
     game.Settings.PlayMode = test.Moves.empty() ? kPlayerComputer : kPlayerPlayer;
     game.Settings.KingVersusKing = 1;
     StartGame(fixture, test.Rules, test.Placement, test.SideToMove);
+    game.Port.Time.Wait = [&, wait = game.Port.Time.Wait](double seconds) {
+        EXPECT_TRUE(game.Busy) << "nothing else is done in a pause";
+        wait(seconds);
+    };
     if (test.Moves.empty()) {
         ComputeCommand(game);
     } else {

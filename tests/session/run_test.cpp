@@ -4,6 +4,7 @@
 #include "session/book_lookup.h"
 #include "session/exit.h"
 #include "session/load_game.h"
+#include "session/navigation.h"
 #include "session/new_game.h"
 #include "session/play_modes.h"
 #include "session/program_files.h"
@@ -163,7 +164,11 @@ TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
     EXPECT_EQ(lines[1], "      b8-a7b");
     EXPECT_EQ(fixture.Screen.Status[3], "The Test");
     EXPECT_EQ(game.Record.GameRows[1][kStrengthColumn], "1");
-    EXPECT_EQ(fixture.Screen.SearchLine.substr(fixture.Screen.SearchLine.find("Main: ")), "Main: Book");
+    EXPECT_TRUE(fixture.Screen.SearchLine.ends_with("\nMain: Book"));
+    GoBack(game);
+    EXPECT_EQ(fixture.Screen.Status[3], "");
+    GoForward(game);
+    EXPECT_EQ(fixture.Screen.Status[3], "The Test");
 
     WriteFile(fixture.Folder.Path / "books" / "Canadian Checkers.bok", "no book\r\n");
     for (Long again = 0; again < 2; ++again) ConsultBook(game, false);

@@ -50,6 +50,7 @@ TEST_P(CommandsThatMakeNoMove, LeaveTheGameAsItWasAlsoAfterACancel) {
 
             Long yields = 0;
             fixture.Screen.OnYield = [&] {
+                EXPECT_FALSE(fixture.Screen.ControlEnabled.at(Control::mnu_Board1));
                 if (++yields == cancelAt) CancelCommand(game);
             };
             GetParam().Run(game);
