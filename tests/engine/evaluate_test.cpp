@@ -50,64 +50,33 @@ TEST_P(EvaluationTerm, HasItsWorth) {
         << "only the positional part turns with the side";
 }
 
-// The man on j0 and its opposite c3 stand on no square of any term.
+// The man on j0 and its opposite c3 stand on no square of any term. d(c5, j0) = 12, d(c3, j0) = 14. With a white
+// promotion square on bb and a black one on a1 White's square values are bb 30, aa and ca 20, b0 and d0 10, Black's
+// only a1 -30, and the lines of the back rank lead from bb over aa or ca, then off the board, to b0 or d0.
 INSTANTIATE_TEST_SUITE_P(
-    Pieces, EvaluationTerm,
-    testing::Values(TermRow{"centre man", "", "W: d6; B: j0", kTerms, 20},
-                    TermRow{"centre on all squares", "PiecesOnBlack=2", "W: l6; B: j0", kTerms, 20},
-                    TermRow{"the two middle columns are no centre", "PiecesOnBlack=2", "W: f6 g6; B: j0", kTerms, 100},
-                    TermRow{"flying king", "", "W: Kc5; B: j0", kTerms, 100 + 75},
-                    TermRow{"short king", "LongKings=0", "W: Kc5; B: j0", kTerms, 100 + 25},
-                    TermRow{"short king in the corner", "LongKings=0", "W: Ka1; B: j0", kTerms, 100 + 5},
-                    TermRow{"king safe from men", "ManCapKing=0", "W: Kc5; B: j0", kTerms, 100 + 100},
-                    TermRow{"flying king on the main line", "", "W: Kc3; B: j0", kTerms, 100 + 125},
-                    TermRow{"flying king on a bad square", "", "W: Kg1; B: j0", kTerms, 100 + 50},
-                    TermRow{"home man in an even slot", "", "W: a1; B: j0", kTerms, 10},
-                    TermRow{"home man in an odd slot", "", "W: c1; B: j0", kTerms, 20},
-                    TermRow{"home man in the seventh slot", "PromoB=A1C1E1G1I1K1B2", "W: b2; B: j0", kTerms, 0},
-                    TermRow{"twelfth slot on all squares", "PiecesOnBlack=2 | PromoB=A1B1C1D1E1F1G1H1I1J1K1L1",
-                            "W: l1; B: j0", kTerms, 20},
-                    TermRow{"man past its cone", "PromoW=BB | PromoB=A1", "W: k9; B: j0", kTerms, -75}));
-
-// d(c5, j0) = 12, d(c3, j0) = 14.
-INSTANTIATE_TEST_SUITE_P(Goals, EvaluationTerm,
-                         testing::Values(TermRow{"return of a king, way of a man",
-                                                 "WinAtPromo=1 | PromoW=BB | PromoB=A1", "W: Kc5; B: j0", kTerms,
-                                                 100 + 75 + 2 * (46 - 6) - (23 - 18)},
-                                         TermRow{"race to the first king", "KingWin=1 | PromoW=BB | PromoB=A1",
-                                                 "W: c5; B: j0", kTerms, 2 * (23 - 8) - 2 * (23 - 18)},
-                                         // Every black man is 13 from a1, and 1.95 * 10 = 19.5 leaves a tie each time:
-                                         // 22 -> 2.5, 2; -17.5, -18 + 10; -27.5, -28 + 20; -27.5, -28 + 30.
-                                         TermRow{"uneven race with ties", "KingWin=1 | PromoW=BB | PromoB=",
-                                                 "W: a1; B: h7 g8 f9 e0", kTerms, -300 + 2}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Nearness, EvaluationTerm,
-    testing::Values(TermRow{"support multiplies", "", "W: b2 d2 c3; B: j0", kNear, 200 + 7 + 9 + 5 * 9 - 9},
-                    TermRow{"Black's last man is the target", "", "W: c5; B: h0 j0", kNear, -100 + 13 - 13 - 11},
-                    // Without promotion squares every man is past its cone.
-                    TermRow{"not where squares win", "WinAtPromo=1 | PromoW= | PromoB=", "W: c5 e5; B: j0", kNear,
-                            100 - 75 - 75 + 75}));
-
-// With these rules White's values are bb 30, aa and ca 20, b0 and d0 10, Black's only a1 -30.
-INSTANTIATE_TEST_SUITE_P(SquareValues, EvaluationTerm,
-                         testing::Values(TermRow{"empty squares count half", "PromoW=BB | PromoB=A1", "W: c3; B: j0",
-                                                 kValues, 45 - 15},
-                                         TermRow{"a piece doubles its square", "PromoW=BB | PromoB=A1", "W: ca; B: j0",
-                                                 kValues, 45 - 15 - 10 + 20},
-                                         TermRow{"in White's opening", "PromoW=BB | PromoB=A1", "W: ca; B: j0", kValues,
-                                                 90 - 20 + 40 - 15, 0, 6}));
-
-// Lines from bb: aa or ca, then off the board, b0 or d0. From a1 the first step leaves the board.
-INSTANTIATE_TEST_SUITE_P(
-    BackRank, EvaluationTerm,
+    Terms, EvaluationTerm,
     testing::Values(
-        TermRow{"open", "PromoW=BB | PromoB=A1", "W: c3; B: j0", kBackRank, 30 + 30 + 30 + 20, 0, 6},
-        TermRow{"a king on the square", "PromoW=BB | PromoB=A1", "W: c3; B: Kbb", kBackRank, -100 - 75, 0, 6},
-        TermRow{"White's line", "PromoW=BB | PromoB=A1", "W: bb ca d0; B: j0", kBackRank, 200 + 30, 0, 6},
-        TermRow{"Black's back rank", "PromoW=BB | PromoB=C1", "W: c3; B: j0", kBackRank, -30 - 20 - 20 - 30, 6, 0},
-        TermRow{"no line from a sideways step on", "PiecesOnBlack=2 | PromoW=BB | PromoB=A1 | BlackManMovement=W;NW W",
-                "W: c3; B: j0", kBackRank, 0, 0, 6}));
+        TermRow{"centre man", "", "W: d6; B: j0", kTerms, 20},
+        TermRow{"the two middle columns are no centre", "PiecesOnBlack=2", "W: f6 g6; B: j0", kTerms, 100},
+        TermRow{"short king", "LongKings=0", "W: Kc5; B: j0", kTerms, 100 + 25},
+        TermRow{"king safe from men", "ManCapKing=0", "W: Kc5; B: j0", kTerms, 100 + 100},
+        TermRow{"flying king on the main line", "", "W: Kc3; B: j0", kTerms, 100 + 125},
+        TermRow{"flying king on a bad square", "", "W: Kg1; B: j0", kTerms, 100 + 50},
+        TermRow{"home man in an even slot", "", "W: a1; B: j0", kTerms, 10},
+        TermRow{"twelfth slot on all squares", "PiecesOnBlack=2 | PromoB=A1B1C1D1E1F1G1H1I1J1K1L1", "W: l1; B: j0",
+                kTerms, 20},
+        TermRow{"man past its cone", "PromoW=BB | PromoB=A1", "W: k9; B: j0", kTerms, -75},
+        TermRow{"return of a king, way of a man", "WinAtPromo=1 | PromoW=BB | PromoB=A1", "W: Kc5; B: j0", kTerms,
+                100 + 75 + 2 * (46 - 6) - (23 - 18)},
+        // Every black man is 13 from a1, and 1.95 * 10 = 19.5 leaves a tie each time:
+        // 22 -> 2.5, 2; -17.5, -18 + 10; -27.5, -28 + 20; -27.5, -28 + 30.
+        TermRow{"uneven race with ties", "KingWin=1 | PromoW=BB | PromoB=", "W: a1; B: h7 g8 f9 e0", kTerms, -300 + 2},
+        TermRow{"support multiplies", "", "W: b2 d2 c3; B: j0", kNear, 200 + 7 + 9 + 5 * 9 - 9},
+        TermRow{"Black's last man is the target", "", "W: c5; B: h0 j0", kNear, -100 + 13 - 13 - 11},
+        TermRow{"empty squares count half", "PromoW=BB | PromoB=A1", "W: c3; B: j0", kValues, 45 - 15},
+        TermRow{"in White's opening", "PromoW=BB | PromoB=A1", "W: ca; B: j0", kValues, 90 - 20 + 40 - 15, 0, 6},
+        TermRow{"open back rank", "PromoW=BB | PromoB=A1", "W: c3; B: j0", kBackRank, 30 + 30 + 30 + 20, 0, 6},
+        TermRow{"a king on the square", "PromoW=BB | PromoB=A1", "W: c3; B: Kbb", kBackRank, -100 - 75, 0, 6}));
 
 TEST(Evaluate, NoiseStaysWithinItsRange) {
     for (bool family : {false, true}) {
@@ -221,7 +190,6 @@ TEST(Evaluate, RepetitionIsADrawAndIsNotStored) {
     Engine engine("", "W: Kc5; B: Kj0 h0");
     Position& position = *engine.Pos;
     const PositionKey key = KeyOf(position.Board);
-    const PositionKey other = KeyOf(BoardOf("W: Kc5; B: Kj0"));
     struct Row {
         Long TreeIndex;
         Long KeyAt;
@@ -229,15 +197,13 @@ TEST(Evaluate, RepetitionIsADrawAndIsNotStored) {
         bool Stored;
     };
     for (const Row& row : {Row{10, 0, true, false}, Row{10, 8, true, false}, Row{10, 9, false, true},
-                           Row{10, 11, false, true}, Row{1, 0, false, true}, Row{0, 0, false, false}}) {
+                           Row{1, 0, false, true}, Row{0, 0, false, false}}) {
         SCOPED_TRACE(testing::Message() << row.TreeIndex << " " << row.KeyAt);
-        position.PositionKeys.fill(other);
+        position.PositionKeys.fill(KeyOf(BoardOf("W: Kc5; B: Kj0")));
         position.PositionKeys[row.KeyAt] = key;
         position.Tree.TreeIndex = row.TreeIndex;
         EXPECT_EQ(Evaluate(position, *engine.State, -kWin, kWin, kWhite) == 0, row.Draw);
-        if (row.TreeIndex > 0) {
-            EXPECT_EQ(position.PositionKeys[row.TreeIndex - 1] == key, row.Stored);
-        }
+        EXPECT_EQ(row.TreeIndex > 0 && position.PositionKeys[row.TreeIndex - 1] == key, row.Stored);
         EXPECT_EQ(Evaluate(position, *engine.State, 3000, 3001, kWhite), position.Tree.PlyValue[0])
             << "far from the window the material comes first";
     }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <vector>
 
 namespace tavlon12 {
@@ -58,12 +59,10 @@ struct Thinking : Engine {
         return Result.LastScore;
     }
 
-    std::map<std::pair<Long, Long>, Long> ScoreByMove() const {
-        std::map<std::pair<Long, Long>, Long> scores;
-        for (Long i = 0; i < MoveCount(Pos->Tree); ++i) {
-            const RootMove& move = (*Scores)[static_cast<std::size_t>(i)];
-            scores[{move.From, move.To}] = move.Score;
-        }
+    /// The scores of the list's moves, by their texts.
+    std::map<std::string, Long> ScoreByMove() const {
+        std::map<std::string, Long> scores;
+        for (Long i = 0; i < MoveCount(Pos->Tree); ++i) scores[MoveText(Pos->Moves[i])] = (*Scores)[i].Score;
         return scores;
     }
 };
@@ -78,9 +77,8 @@ TEST(RootSearch, KeepsListAndScoresTogether) {
         GenerateLegalMoves(*thinking.Pos);
         Long moves = MoveCount(thinking.Pos->Tree);
         auto texts = [&] {
-            std::vector<std::string> list;
-            for (Long i = 0; i < moves; ++i) list.push_back(MoveText(thinking.Pos->Moves[i]));
-            std::sort(list.begin(), list.end());
+            std::multiset<std::string> list;
+            for (Long i = 0; i < moves; ++i) list.insert(MoveText(thinking.Pos->Moves[i]));
             return list;
         };
         const auto before = texts();
@@ -116,15 +114,13 @@ TEST(RootSearch, ARepeatedPositionIsWorthADraw) {
     position.PositionKeys[1] = KeyOf(repeated);
     for (Long depth = 1; depth <= 3; ++depth) {
         EXPECT_GT(thinking.Think(depth), 100);
-        auto scores = thinking.ScoreByMove();
-        EXPECT_EQ((scores[{SquareOf("c5"), SquareOf("d6")}]), 0) << depth;
-        EXPECT_NE(thinking.MoveAt(0), (SquarePair{SquareOf("c5"), SquareOf("d6")}));
+        EXPECT_EQ(thinking.ScoreByMove().at("c5-d6"), 0) << depth;
         EXPECT_EQ(thinking.State->RepeatCount, 0);
     }
     // With the key behind the root it is no repetition of the game.
     position.PositionKeys[4] = std::exchange(position.PositionKeys[1], PositionKey());
     thinking.Think(1);
-    EXPECT_NE((thinking.ScoreByMove()[{SquareOf("c5"), SquareOf("d6")}]), 0);
+    EXPECT_NE(thinking.ScoreByMove().at("c5-d6"), 0);
 }
 
 TEST(RootSearch, PastTheMoveLimitEveryMoveIsADraw) {
@@ -153,6 +149,29 @@ TEST(RootSearch, StopsOnTimeBetweenRootMoves) {
     EXPECT_EQ(thinking.Seconds.back(), 5);
     EXPECT_LT(thinking.Finished.size(), thinking.Started.size()) << "the iteration under way is not finished";
     EXPECT_EQ(thinking.Tried.size(), thinking.Seconds.size());
+}
+
+TEST(RootSearch, OutOfTimeOnlyAFallenScoreLetsItGoOn) {
+    Random random(43);
+    Long fallen = 0;
+    for (Long i = 0; i < 60; ++i) {
+        Thinking thinking{Engine(StartPosition(RuleSet()))};
+        PlayAtRandom(*thinking.Pos, 20, random);
+        SetManThresholds(*thinking.Pos, *thinking.State);
+        thinking.Input.StopsByTime = true;
+        thinking.Input.TimeLimit = 1;
+        std::size_t bests = 0;
+        thinking.Hooks.IterationStarted = [&](Long iteration) {
+            thinking.Now = iteration == 3;
+            bests = thinking.Bests.size();
+            thinking.Tried.clear();
+        };
+        thinking.Think(3);
+        const bool falls = thinking.BestScores.at(bests) < thinking.BestScores.at(bests - 1) - 50;
+        EXPECT_EQ(thinking.Tried.size() > 1, falls && MoveCount(thinking.Pos->Tree) > 1);
+        fallen += falls;
+    }
+    EXPECT_GT(fallen, 2);
 }
 
 TEST(RootSearch, CancelKeepsTheBestSoFar) {

@@ -59,4 +59,14 @@ inline std::string Digits(const std::vector<std::pair<std::string, char>>& piece
     return digits;
 }
 
+/// A flying king that can jump in all directions on a full board: its captures pass every limit.
+inline const std::string kRunaway = [] {
+    std::string crowd(144, '0');
+    for (std::size_t i = 1; i < crowd.size(); i += 2) crowd[i] = '4';
+    crowd.back() = '3';
+    return " --rule RemovePieces=0 --rule CapReverse=1 --rule MaxCapMove=0 --rule PiecesOnBlack=2 --rule "
+           "'WhiteKingMovement=N;NE;E;SE N;NE;E;SE;S;SW;W;NW' --setup " +
+           crowd;
+}();
+
 } // namespace tavlon12::lab

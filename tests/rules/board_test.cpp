@@ -1,9 +1,13 @@
 #include "rules/board.h"
 
 #include "rules/position.h"
+#include "rules/position_key.h"
 #include "support/positions.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace tavlon12 {
 
@@ -32,7 +36,6 @@ TEST(PositionString, RoundTripOfRandomBoards) {
 TEST(PositionString, ShortLongAndForeignTexts) {
     EXPECT_EQ(PlacementOf(ReadPositionString("1304")), "W: a1 Kb1; B: Kd1");
     EXPECT_EQ(PlacementOf(ReadPositionString("15x2")), "W: a1; B: d1");
-    EXPECT_EQ(ReadPositionString(""), EmptyBoard());
     EXPECT_EQ(ReadPositionString(std::string(kClassic) + "111111"), ClassicStart());
 }
 
@@ -42,12 +45,6 @@ TEST(ShiftPieces, BetweenTheColoursAndBack) {
     EXPECT_EQ(PlacementOf(position->Board), "W: b1 a2 Kd3 kb; B: la");
     ShiftPieces(*position, true);
     EXPECT_EQ(PlacementOf(position->Board), "W: a1 b2 Kc3 lb; B: ka");
-    position->Board = ClassicStart();
-    ShiftPieces(*position, false);
-    EXPECT_EQ(position->Board[kFirstSquare], kEmpty);
-    EXPECT_EQ(PositionString(position->Board).substr(0, 24), "010101010101101010101010");
-    ShiftPieces(*position, true);
-    EXPECT_EQ(position->Board, ClassicStart());
 }
 
 TEST(MatchPiecesToColour, ByTheFirstPiece) {
@@ -80,15 +77,48 @@ TEST(NewPosition, OfASetup) {
         auto position = StartPosition(
             RulesWith("canContract=1 | ContractNumber=4 | BlackStarts=" + blackStarts + " | Setup=" + setup));
         EXPECT_EQ(PlacementOf(position->Board), "W: a1 Kc1; B: ib kb Klb") << "nothing is shifted";
-        EXPECT_EQ(position->InitialBoard, position->Board);
         EXPECT_EQ(position->WhiteMen, 1);
         EXPECT_EQ(position->BlackMen, 2);
-        EXPECT_EQ(position->PieceSum, 7);
         EXPECT_EQ(position->Tree.PlyMaterial[0], 700);
         EXPECT_EQ(position->Tree.SideToMove, blackStarts == "1" ? kBlack : kWhite);
         EXPECT_EQ(position->Tree.WhiteOffBoard, 4);
         EXPECT_EQ(position->Tree.BlackOffBoard, 4);
     }
+}
+
+TEST(PositionKey, IdentifiesThePlacementExactly) {
+    EXPECT_EQ(KeyOf(EmptyBoard()), PositionKey());
+    std::vector<PositionKey> keys = {KeyOf(EmptyBoard())};
+    for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
+        for (Long piece : {1, 2, -1, -2}) {
+            BoardCells board = EmptyBoard();
+            if (!IsSquare(square)) continue;
+            board[square] = piece;
+            keys.push_back(KeyOf(board));
+            ASSERT_EQ(std::count(keys.begin(), keys.end(), keys.back()), 1) << NameOf(square) << piece;
+        }
+    }
+}
+
+TEST(FindRepetition, CountsTheKeysUpToTheIndex) {
+    auto position = MakePosition(RuleSet(), "W: c3; B: d8", kWhite);
+    PositionKey here = KeyOf(position->Board);
+    PositionKey other = KeyOf(BoardOf("W: c3; B: e7"));
+    const PositionKey keys[] = {here, other, here, other, here};
+    for (Long i = 0; i < 5; ++i) position->PositionKeys[i] = keys[i];
+    const Long counts[] = {0, 1, 1, 2, 2, 3}; // for the index -1 and on
+    for (Long index = -1; index < 5; ++index) {
+        EXPECT_EQ(FindRepetition(*position, index).RepeatCount, counts[index + 1]) << index;
+    }
+    position->Tree.SideToMove = kBlack;
+    EXPECT_EQ(FindRepetition(*position, 4).RepeatCount, 3) << "the side to move is no part of the key";
+}
+
+TEST(FindRepetition, OneKingEach) {
+    const std::pair<const char*, bool> rows[] = {
+        {"W: Kc3; B: Kd8", true}, {"W: a1 c3; B: Kd8", false}, {"W: Ka1 Kc3; B: Kd8", false}, {"", false}};
+    for (const auto& [placement, found] : rows)
+        EXPECT_EQ(FindRepetition(*MakePosition(RuleSet(), placement), -1).KingsOnlyFound, found) << placement;
 }
 
 } // namespace

@@ -26,13 +26,13 @@ void DropMenBesideKings(Position& position) {
     GameTree& tree = position.Tree;
     auto first = position.Moves.begin() + tree.PlyFirstMove[tree.Ply];
     auto last = position.Moves.begin() + tree.NextMoveSlot;
-    auto captures = [&](Long piece) {
-        return [&position, piece](const MoveRecord& move) {
+    const auto captures = [&](Long piece) {
+        return [&, piece](const MoveRecord& move) {
             return move.IsCapture() && Magnitude(position.Board[move.From]) == piece;
         };
     };
-    if (std::none_of(first, last, captures(kKing))) return;
-    tree.NextMoveSlot = static_cast<Long>(std::remove_if(first, last, captures(kMan)) - position.Moves.begin());
+    if (std::any_of(first, last, captures(kKing)))
+        tree.NextMoveSlot = static_cast<Long>(std::remove_if(first, last, captures(kMan)) - position.Moves.begin());
 }
 
 class FamilyGenerator : public testing::TestWithParam<Family> {};

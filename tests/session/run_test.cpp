@@ -4,6 +4,7 @@
 #include "session/book_lookup.h"
 #include "session/exit.h"
 #include "session/load_game.h"
+#include "session/navigation.h"
 #include "session/new_game.h"
 #include "session/play_modes.h"
 #include "session/program_files.h"
@@ -19,8 +20,7 @@
 namespace tavlon12 {
 namespace {
 
-using support::StartGame;
-using support::Texts;
+using namespace support;
 
 // Starts and ends of the program
 
@@ -43,7 +43,7 @@ TEST(Run, KeepsSettingsRatingAndGameFromOneStartToTheNext) {
         game.Settings.AutoSave = 1;
         game.Settings.Limits.TimeLimit = static_cast<Integer>(3 + start);
         game.Rating += 10;
-        support::Play(game, start == 0 ? "c5d6" : start == 1 ? "b8a7" : "e5f6");
+        Play(game, start == 0 ? "c5d6" : start == 1 ? "b8a7" : "e5f6");
         fixture.Screen.Answers = {false, true};
         EXPECT_FALSE(CloseRequested(game));
         EXPECT_TRUE(CloseRequested(game));
@@ -210,7 +210,7 @@ TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
 TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
     SessionFixture fixture;
     Session& game = fixture.Game;
-    support::LimitDepth(fixture, 2);
+    LimitDepth(fixture, 2);
     game.Settings.OpeningBook = 1;
     ASSERT_TRUE(ResetGame(game));
     std::string book = "TAVLON12 Version=0.89\r\nVariant=Canadian Checkers\r\nSetup=" + PositionString(ClassicStart());
@@ -230,7 +230,11 @@ TEST(Book, MarksItsMovesAndPlaysThemForTheComputer) {
     EXPECT_EQ(lines[1], "      b8-a7b");
     EXPECT_EQ(fixture.Screen.Status[3], "The Test");
     EXPECT_EQ(game.Record.GameRows[1][kStrengthColumn], "1");
-    EXPECT_EQ(fixture.Screen.SearchLine.substr(fixture.Screen.SearchLine.find("Main: ")), "Main: Book");
+    EXPECT_TRUE(fixture.Screen.SearchLine.ends_with("\nMain: Book"));
+    GoBack(game);
+    EXPECT_EQ(fixture.Screen.Status[3], "");
+    GoForward(game);
+    EXPECT_EQ(fixture.Screen.Status[3], "The Test");
 
     // A book of Black's moves serves White, who begins: 25-31 turned by 180 degrees.
     WriteFile(fixture.Folder.Path / "books" / "Canadian Checkers.bok",

@@ -19,7 +19,7 @@ using namespace support;
 struct Kept {
     std::string Board, Start, Lines, Cells, Comments, Rules;
     Long SideToMove, LastMoveIndex, DrawReason, WhiteOffBoard, Value;
-    bool GameOver;
+    bool GameOver, BookOpen;
 
     bool operator==(const Kept&) const = default;
 };
@@ -43,6 +43,7 @@ Kept Look(SessionFixture& fixture, bool withLastComment) {
     kept.LastMoveIndex = game.Record.LastMoveIndex;
     kept.DrawReason = game.Game.DrawReason;
     kept.GameOver = game.Game.GameOver;
+    kept.BookOpen = withLastComment && game.Game.BookOpen; // PDN does not hold it
     kept.WhiteOffBoard = tree.WhiteOffBoard;
     kept.Value = tree.PlyValue[tree.Ply];
     for (const std::string& line : fixture.Screen.List(ListId::List1).Lines) kept.Lines += line + "|";
@@ -96,6 +97,7 @@ TEST(SaveAndLoadSlow, AGameComesBackWhateverItsRulesAndNotation) {
         game.Settings.Notation = game.Pos.Rules.PiecesOnBlack == 2 ? kAlgebraic : static_cast<Byte>(round % 3);
         PlaySome(fixture, random, true);
         if (game.Quitting) continue;
+        game.Game.BookOpen = round % 2 == 0;
         if (game.Pos.Tree.TreeIndex < game.Record.LastMoveIndex) GoLast(game);
         ended += game.Game.GameOver;
         for (const Format& format : formats) {

@@ -57,23 +57,11 @@ TEST(ShownVariantName, MarksModifiedRules) {
         {[](VariantState&, RuleSet& r) { r.NumberFriends = -1; }, plain},
         {[](VariantState&, RuleSet& r) { r.Setup = "1"; }, plain},
         {[](VariantState& v, RuleSet&) { v.CustomSetup = true; }, marked},
-        {[](VariantState& v, RuleSet& r) {
-             v.CustomSetup = true;
-             r.RemoveMen = v.DefinedRules.RemoveMen = 1;
-         },
-         plain},
-        {[](VariantState& v, RuleSet& r) {
-             v.CustomSetup = true;
-             r.DoMoves = v.DefinedRules.DoMoves = 1;
-         },
-         plain},
+        {[](VariantState& v, RuleSet& r) { v.CustomSetup = true, r.RemoveMen = v.DefinedRules.RemoveMen = 1; }, plain},
+        {[](VariantState& v, RuleSet& r) { v.CustomSetup = true, r.DoMoves = v.DefinedRules.DoMoves = 1; }, plain},
         {[](VariantState& v, RuleSet&) { v.VariantName = "Go 12X12"; }, "Go"},
         {[](VariantState& v, RuleSet&) { v.VariantName = "Go12x12"; }, "Go12x12"},
-        {[](VariantState& v, RuleSet& r) {
-             v.VariantName = "Go 12x12";
-             r.MulJumps = 0;
-         },
-         "Go 12x12 (M)"},
+        {[](VariantState& v, RuleSet& r) { v.VariantName = "Go 12x12", r.MulJumps = 0; }, "Go 12x12 (M)"},
     };
     for (const Row& row : rows) {
         VariantState variant;
@@ -81,15 +69,6 @@ TEST(ShownVariantName, MarksModifiedRules) {
         row.Change(variant, rules);
         EXPECT_EQ(ShownVariantName(variant, rules), row.Name) << &row - rows;
     }
-}
-
-TEST(ShowStrengthLine, TellsTheLimit) {
-    SessionFixture fixture;
-    ShowStrengthLine(fixture.Game);
-    EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 9   Time: 2 sec");
-    fixture.Game.Settings.Limits = {9, 20, 1, 180};
-    ShowStrengthLine(fixture.Game);
-    EXPECT_EQ(fixture.Screen.StrengthLine, "Strength: 1   Depth: 20 ply");
 }
 
 TEST(EndOnGeneratorFault, ShowsTheLimitAndEndsTheProgram) {

@@ -13,6 +13,8 @@
 namespace tavlon12 {
 namespace {
 
+using namespace support;
+
 /// Starts a game by a shipped definition, as if it had been chosen.
 void StartVariant(SessionFixture& fixture, const std::string& name) {
     Session& game = fixture.Game;
@@ -53,9 +55,9 @@ bool ManCanPromote(const Position& position, Long side) {
 }
 
 TEST(Variants, AreGamesOfTheirOwnThatBeginAsTheirFilesSay) {
-    EXPECT_GE(support::ShippedRules().size(), 100u);
+    EXPECT_GE(ShippedRules().size(), 100u);
     std::map<std::string, std::string> seen;
-    for (const auto& [name, rules] : support::ShippedRules()) {
+    for (const auto& [name, rules] : ShippedRules()) {
         SCOPED_TRACE(name);
         SessionFixture fixture;
         Session& game = fixture.Game;
@@ -90,15 +92,47 @@ TEST(Variants, TheFourFamiliesAreRecognised) {
 }
 
 TEST(VariantsSlow, RandomGamesStayFarFromTheLimits) {
-    support::Random random(11);
-    for (const support::NamedRules& variant : support::ShippedRules()) {
-        const auto start = support::StartPosition(variant.Rules);
-        for (Long round = 0; round < support::Scaled(100); ++round) {
+    Random random(11);
+    for (const NamedRules& variant : ShippedRules()) {
+        const auto start = StartPosition(variant.Rules);
+        for (Long round = 0; round < Scaled(100); ++round) {
             const auto position = std::make_unique<Position>(*start);
-            support::PlayAtRandom(*position, 400, random);
-            ASSERT_FALSE(position->Fault.Passed()) << variant.Name << "\n" << support::DescribePosition(*position);
+            PlayAtRandom(*position, 400, random);
+            ASSERT_FALSE(position->Fault.Passed()) << variant.Name << "\n" << DescribePosition(*position);
         }
     }
+}
+
+TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
+    ProgramFolder folder;
+    SessionFixture fixture(folder.Path);
+    Position& position = *fixture.Pos;
+    PlaceClassicStart(position);
+    fixture.Game.Variant.VariantFile = "Test";
+    fixture.Game.Variant.VariantName = "before";
+    const std::filesystem::path variants = folder.Path / "variants";
+    const BoardCells before = position.Board;
+    WriteFile(variants / "TEST.ini", "Title\r\nMulJumps=0\r\nSetup=3001\r\nHelp=x\r\n");
+    const auto failure = LoadVariant(fixture.Game, VariantPath(fixture.Game));
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Message(), (variants / "TEST.ini").string() + ": ends too early: no line \"END\"");
+    EXPECT_EQ(position.Board, before);
+    EXPECT_EQ(fixture.Game.Variant.DefinedRules, RuleSet());
+    EXPECT_EQ(fixture.Game.Variant.VariantName, "before");
+    EXPECT_EQ(fixture.Game.Variant.Texts.VariantHelp, "");
+
+    WriteFile(variants / "TEST.ini", "Title\r\nMulJumps=0\r\nSetup=3001\r\nBlackStarts=0\r\nHelp=x\r\nEND\r\n");
+    ASSERT_FALSE(LoadVariant(fixture.Game, VariantPath(fixture.Game)));
+    EXPECT_EQ(PositionString(position.Board), "3001" + std::string(140, '0'));
+    EXPECT_EQ(position.InitialBoard, position.Board);
+    EXPECT_EQ(position.WhiteMen, 1);
+    EXPECT_EQ(position.PieceSum, 3);
+    EXPECT_EQ(position.Tree.PlyValue[0], 300) << "White to move, three men ahead";
+    EXPECT_EQ(position.Tree.GameValue[0], 300);
+    EXPECT_EQ(position.Rules.MulJumps, 1) << "the rules in force are not the file's business";
+    EXPECT_EQ(fixture.Game.Variant.DefinedRules.MulJumps, 0);
+    EXPECT_EQ(fixture.Game.Variant.VariantName, "Test");
+    EXPECT_EQ(fixture.Game.Variant.Texts.VariantHelp, "x");
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <cctype>
 #include <filesystem>
 #include <ostream>
+#include <ranges>
 #include <stdexcept>
 #include <vector>
 
@@ -20,20 +21,10 @@ namespace {
 
 constexpr std::string_view kRankCharacters = "1234567890ab";
 
-std::string_view Trimmed(std::string_view text) {
-    std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::vector<std::string_view> Split(std::string_view text, char separator) {
     std::vector<std::string_view> parts;
-    for (;;) {
-        std::size_t end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return parts;
-        text.remove_prefix(end + 1);
-    }
+    for (const auto part : std::views::split(text, separator)) parts.emplace_back(part.begin(), part.end());
+    return parts;
 }
 
 std::unique_ptr<Position> NewPosition(const RuleSet& rules) {
@@ -47,13 +38,12 @@ std::unique_ptr<Position> NewPosition(const RuleSet& rules) {
 
 RuleSet RulesWith(std::string_view changedKeys) {
     RuleSet rules;
-    if (Trimmed(changedKeys).empty()) return rules;
+    if (changedKeys.empty()) return rules;
     for (std::string_view part : Split(changedKeys, '|')) {
         // The blank before the words of a movement string without quiet words belongs to the value.
-        std::size_t equals = part.find('=');
-        if (equals == std::string_view::npos) throw std::invalid_argument("no value in " + std::string(part));
-        std::string_view name = Trimmed(part.substr(0, equals));
-        std::string_view value = part.substr(equals + 1);
+        part.remove_prefix(std::min(part.find_first_not_of(' '), part.size()));
+        const std::string_view name = part.substr(0, part.find('='));
+        std::string_view value = part.substr(std::min(name.size() + 1, part.size()));
         while (!value.empty() && value.back() == ' ') value.remove_suffix(1);
         const RuleKey* key = FindRuleKey(name);
         if (key == nullptr) throw std::invalid_argument("unknown key " + std::string(name));
@@ -81,8 +71,7 @@ Long SquareOf(std::string_view name) {
 }
 
 std::string NameOf(Long square) {
-    if (square < 29 || square > 194 || square % 14 < 1 || square % 14 > 12)
-        return std::string("?").append(std::to_string(square));
+    if (square < 29 || square > 194 || square % 14 < 1 || square % 14 > 12) return "?" + std::to_string(square);
     return {static_cast<char>('a' + square % 14 - 1), kRankCharacters[static_cast<std::size_t>(square / 14 - 2)]};
 }
 
@@ -90,13 +79,11 @@ BoardCells BoardOf(std::string_view placement) {
     if (placement.size() == kSquareCount) return ReadPositionString(placement);
     BoardCells board = EmptyBoard();
     for (std::string_view part : Split(placement, ';')) {
-        part = Trimmed(part);
-        if (part.empty()) continue;
-        Long side = part[0] == 'W' ? kWhite : part[0] == 'B' ? kBlack : 0;
-        if (side == 0 || part.size() < 2 || part[1] != ':')
-            throw std::invalid_argument("no side in " + std::string(part));
-        for (std::string_view name : Split(part.substr(2), ' ')) {
-            if (name.empty()) continue;
+        Long side = 0;
+        for (std::string_view name : Split(part, ' ')) {
+            if (name == "W:" || name == "B:") side = name == "W:" ? kWhite : kBlack;
+            if (name.empty() || name.back() == ':') continue;
+            if (side == 0) throw std::invalid_argument("no side in " + std::string(part));
             bool king = name[0] == 'K';
             Long square = SquareOf(king ? name.substr(1) : name);
             if (square == 0) throw std::invalid_argument("no square: " + std::string(name));
@@ -258,46 +245,37 @@ PromotionList DrawPromotions(Random& random, const PromotionList& normal) {
 
 RuleSet RandomRules(Random& random) {
     RuleSet rules;
-    rules.MulJumps = DrawFlag(random, 7);
-    rules.MaxCapMove = DrawFlag(random, 5);
-    rules.MaxCapMoveKings = DrawFlag(random, 3);
-    rules.MaxCapMoveK = DrawFlag(random, 5);
-    rules.CapRequired = DrawFlag(random, 6);
-    rules.KingCapMove = DrawFlag(random, 3);
-    rules.LastCap = DrawFlag(random, 3);
-    rules.ManCapKing = DrawFlag(random, 7);
-    rules.ManContJump = DrawFlag(random, 6);
-    rules.ManContJumpCrowned = rules.ManContJump == 1 ? DrawFlag(random, 5) : 0;
-    rules.ManCapMoveKing = DrawFlag(random, 2);
-    rules.LongKings = DrawFlag(random, 6);
-    rules.KingFirst = DrawFlag(random, 3);
-    rules.CapReverse = DrawFlag(random, 3);
-    rules.RemovePieces = DrawFlag(random, 6);
+    // How often in ten a rule is on. A man crowned on the way goes on jumping.
+    constexpr std::pair<Byte RuleSet::*, Long> kOftenOn[] = {
+        {&RuleSet::MulJumps, 7},        {&RuleSet::MaxCapMove, 5},
+        {&RuleSet::MaxCapMoveKings, 3}, {&RuleSet::MaxCapMoveK, 5},
+        {&RuleSet::CapRequired, 6},     {&RuleSet::KingCapMove, 3},
+        {&RuleSet::LastCap, 3},         {&RuleSet::ManCapKing, 7},
+        {&RuleSet::ManContJump, 6},     {&RuleSet::ManContJumpCrowned, 5},
+        {&RuleSet::ManCapMoveKing, 2},  {&RuleSet::LongKings, 6},
+        {&RuleSet::KingFirst, 3},       {&RuleSet::CapReverse, 3},
+        {&RuleSet::RemovePieces, 6},    {&RuleSet::KingMan, 2},
+        {&RuleSet::ManKing, 2},         {&RuleSet::ChangeSide, 2},
+        {&RuleSet::BlackStarts, 5}};
+    for (const auto& [rule, onInTen] : kOftenOn) rules.*rule = DrawFlag(random, onInTen);
+    if (rules.ManContJump != 1) rules.ManContJumpCrowned = 0;
     rules.JumpFriend = DrawFlag(random, 4);
     rules.NumberFriends = Draw(random, 5) - 1;
-    rules.KingMan = DrawFlag(random, 2);
-    rules.ManKing = DrawFlag(random, 2);
-    rules.ChangeSide = DrawFlag(random, 2);
-    rules.BlackStarts = DrawFlag(random, 5);
     rules.PiecesOnBlack = static_cast<Byte>(Draw(random, 3));
     if (DrawOneIn(random, 4)) {
         rules.canContract = 1;
         rules.ContractNumber = Draw(random, 6);
-        rules.ContractW1 = 2 + Draw(random, 12);
-        rules.ContractW2 = 2 + Draw(random, 12);
-        rules.ContractB1 = 2 + Draw(random, 12);
-        rules.ContractB2 = 2 + Draw(random, 12);
+        for (Long* row : {&rules.ContractW1, &rules.ContractW2, &rules.ContractB1, &rules.ContractB2})
+            *row = 2 + Draw(random, 12);
     }
     rules.PromoW = DrawPromotions(random, rules.PromoW);
     rules.PromoB = DrawPromotions(random, rules.PromoB);
     if (!DrawOneIn(random, 4)) {
-        bool wholeBoard = rules.PiecesOnBlack == 2;
-        rules.WhiteManMovement = DrawMovement(random, wholeBoard, false);
-        rules.BlackManMovement =
-            DrawOneIn(random, 2) ? rules.WhiteManMovement : DrawMovement(random, wholeBoard, false);
-        rules.WhiteKingMovement = DrawMovement(random, wholeBoard, true);
-        rules.BlackKingMovement =
-            DrawOneIn(random, 2) ? rules.WhiteKingMovement : DrawMovement(random, wholeBoard, true);
+        const auto draw = [&](bool king) { return DrawMovement(random, rules.PiecesOnBlack == 2, king); };
+        rules.WhiteManMovement = draw(false);
+        rules.BlackManMovement = DrawOneIn(random, 2) ? rules.WhiteManMovement : draw(false);
+        rules.WhiteKingMovement = draw(true);
+        rules.BlackKingMovement = DrawOneIn(random, 2) ? rules.WhiteKingMovement : draw(true);
     }
     return rules;
 }
@@ -309,7 +287,7 @@ void PlacePiecesAtRandom(Position& position, Random& random) {
     position.Board = EmptyBoard();
     Long percent = 4 + Draw(random, 50);
     Long kingsInTen = Draw(random, 6);
-    Long sum[2] = {0, 0};
+    Long balance = 0;
     std::vector<Long> occupied;
     for (Long square = kFirstSquare; square <= kLastSquare; ++square) {
         if (!IsSquare(square) || !IsPlayingSquare(square, position.Rules.PiecesOnBlack)) continue;
@@ -317,7 +295,7 @@ void PlacePiecesAtRandom(Position& position, Random& random) {
         Long piece = Draw(random, 10) < kingsInTen ? kKing : kMan;
         Long side = DrawOneIn(random, 2) ? kWhite : kBlack;
         position.Board[square] = side * piece;
-        sum[SideIndex(side)] += piece;
+        balance += side * piece;
         occupied.push_back(square);
     }
     RecountPieces(position);
@@ -328,8 +306,8 @@ void PlacePiecesAtRandom(Position& position, Random& random) {
     Long stock = position.Rules.ContractNumber;
     tree.WhiteOffBoard = Draw(random, stock + 1);
     tree.BlackOffBoard = Draw(random, stock + 1);
-    tree.PlyValue[tree.Ply] = tree.SideToMove * 100 * (sum[0] - sum[1]);
-    tree.PlyMaterial[tree.Ply] = 100 * (sum[0] + sum[1]);
+    tree.PlyValue[tree.Ply] = tree.SideToMove * 100 * balance;
+    tree.PlyMaterial[tree.Ply] = 100 * position.PieceSum;
 }
 
 Long PlayAtRandom(Position& position, Long halfMoves, Random& random) {

@@ -14,7 +14,7 @@ void FillLists(UiPort& port, RecordingPort& screen) {
     port.Lists.ListAdd = [&](ListId list, const std::string& line) { screen.List(list).Lines.push_back(line); };
     port.Lists.ListRemove = [&](ListId list, Long line) {
         RecordedList& lines = screen.List(list);
-        if (line < 0 || line >= static_cast<Long>(lines.Lines.size())) throw std::out_of_range("ListRemove");
+        lines.Lines.at(static_cast<std::size_t>(line)); // throws on a line that is not there
         lines.Lines.erase(lines.Lines.begin() + line);
         if (lines.Selected >= line) lines.Selected = lines.Selected == line ? -1 : lines.Selected - 1;
     };

@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <sstream>
+#include <utility>
 
 namespace tavlon12::support {
 
@@ -33,33 +34,25 @@ std::vector<Long> StepsOfWords(const std::string& words, Long side) {
     return steps;
 }
 
-const std::string& MovementOf(const RuleSet& rules, Long piece) {
-    if (piece == 1) return rules.WhiteManMovement;
-    if (piece == -1) return rules.BlackManMovement;
-    return piece == 2 ? rules.WhiteKingMovement : rules.BlackKingMovement;
-}
-
 Long SideOf(Long piece) {
     return piece > 0 ? 1 : -1;
 }
 
-std::vector<Long> QuietSteps(const RuleSet& rules, Long piece) {
-    const std::string& text = MovementOf(rules, piece);
-    return StepsOfWords(text.substr(0, text.find(' ')), SideOf(piece));
-}
-
-std::vector<Long> CaptureSteps(const RuleSet& rules, Long piece) {
-    const std::string& text = MovementOf(rules, piece);
-    std::size_t blank = text.find(' ');
-    if (blank == std::string::npos) return {};
-    return StepsOfWords(text.substr(blank + 1), SideOf(piece));
+/// The quiet words stand before the first blank of a movement string, those of captures behind it.
+std::vector<Long> Steps(const RuleSet& rules, Long piece, bool captures) {
+    const bool white = piece > 0;
+    const std::string& text = piece == 1 || piece == -1 ? (white ? rules.WhiteManMovement : rules.BlackManMovement)
+                                                        : (white ? rules.WhiteKingMovement : rules.BlackKingMovement);
+    const std::size_t blank = std::min(text.find(' '), text.size());
+    if (!captures) return StepsOfWords(text.substr(0, blank), SideOf(piece));
+    return StepsOfWords(text.substr(std::min(blank + 1, text.size())), SideOf(piece));
 }
 
 /// A man of this side is promoted on the square. A leap over friends knows the first 12 squares of a list only.
 bool Promotes(const RuleSet& rules, Long side, Long square, std::size_t slots = 20) {
     const PromotionList& list = side == 1 ? rules.PromoW : rules.PromoB;
-    return std::find(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(slots), square) !=
-           list.begin() + static_cast<std::ptrdiff_t>(slots);
+    const auto end = list.begin() + static_cast<std::ptrdiff_t>(slots);
+    return std::find(list.begin(), end, square) != end;
 }
 
 bool IsKing(Long piece) {
@@ -74,11 +67,9 @@ bool MayTake(const RuleSet& rules, Long hunter, Long prey) {
 /// All squares are in play and kings fly: routes over the same pieces are one capture.
 bool RoutesCountOnce(const RuleSet& rules) {
     bool sideways = false;
-    for (Long piece : {1, -1, 2, -2}) {
-        for (const auto& steps : {QuietSteps(rules, piece), CaptureSteps(rules, piece)}) {
-            for (Long step : steps) sideways = sideways || step == 1 || step == -1;
-        }
-    }
+    for (Long piece : {1, -1, 2, -2})
+        for (bool captures : {false, true})
+            for (Long step : Steps(rules, piece, captures)) sideways = sideways || step == 1 || step == -1;
     return IsOn(rules.LongKings) && (rules.PiecesOnBlack == 2 || sideways);
 }
 
@@ -91,10 +82,7 @@ struct Row {
     Path Jumped;
     bool Struck = false;
 
-    Long Kings() const {
-        return static_cast<Long>(
-            std::count_if(Jumped.begin(), Jumped.end(), [](const ReferencePiece& p) { return p.Magnitude == 2; }));
-    }
+    Long Kings() const { return static_cast<Long>(std::ranges::count(Jumped, 2, &ReferencePiece::Magnitude)); }
 };
 
 struct Hunt {
@@ -103,8 +91,7 @@ struct Hunt {
     ReferenceMoves& Result;
     const bool RoutesOnce;
     std::vector<Row> Rows;
-    std::set<std::size_t>
-        LastCapRows; ///< a note made before a row exists belongs to the row recorded next, whosever it is
+    std::set<std::size_t> LastCapRows; ///< noted before a row exists: that of the row recorded next, whosever it is
     std::size_t MaxLength = 0;
     // Of the piece whose walk is under way
     Long Start = 0;
@@ -126,8 +113,7 @@ struct Standing {
 };
 
 bool HasJumped(const Standing& here, Long square) {
-    return std::any_of(here.Jumped.begin(), here.Jumped.end(),
-                       [square](const ReferencePiece& piece) { return piece.Square == square; });
+    return std::ranges::find(here.Jumped, square, &ReferencePiece::Square) != here.Jumped.end();
 }
 
 bool IsFree(const Standing& here, Long square) {
@@ -136,20 +122,12 @@ bool IsFree(const Standing& here, Long square) {
 
 /// The piece that stands in the way in direction `step`, friend or foe.
 std::optional<Long> FirstInTheWay(const RuleSet& rules, const Standing& here, Long step) {
-    bool backwards = here.LastStep != 0 && step == -here.LastStep;
-    if (!here.Flying) {
-        Long square = here.At + step;
-        if (here.Board[square] == kBorder || here.Board[square] == kEmpty || HasJumped(here, square))
-            return std::nullopt;
-        return square;
-    }
-    if (backwards && !IsOn(rules.CapReverse)) return std::nullopt;
+    const bool backwards = here.LastStep != 0 && step == -here.LastStep;
+    if (here.Flying && backwards && !IsOn(rules.CapReverse)) return std::nullopt;
     for (Long square = here.At + step; here.Board[square] != kBorder; square += step) {
-        if (HasJumped(here, square)) {
-            if (IsOn(rules.RemovePieces)) return std::nullopt;
-        } else if (here.Board[square] != kEmpty) {
-            return square;
-        }
+        const bool jumped = HasJumped(here, square);
+        if (!jumped && here.Board[square] != kEmpty) return square;
+        if (!here.Flying || (jumped && IsOn(rules.RemovePieces))) return std::nullopt;
     }
     return std::nullopt;
 }
@@ -161,8 +139,6 @@ std::vector<Long> Landings(const RuleSet& rules, const Standing& here, Long prey
         if (IsFree(here, square)) {
             squares.push_back(square);
         } else if (IsOn(rules.RemovePieces) || !HasJumped(here, square)) {
-            break;
-        } else if (!here.Flying) {
             break;
         }
         if (!here.Flying || IsOn(rules.KingFirst)) break;
@@ -198,7 +174,7 @@ void Record(Hunt& hunt, const Standing& here, bool stoppedOnPromotion) {
 void Walk(Hunt& hunt, const Standing& here) {
     const RuleSet& rules = hunt.State.Rules;
     bool wentOn = false;
-    for (Long step : CaptureSteps(rules, here.Piece)) {
+    for (Long step : Steps(rules, here.Piece, true)) {
         std::optional<Long> prey = FirstInTheWay(rules, here, step);
         if (!prey || !MayTake(rules, here.Piece, here.Board[*prey])) continue;
         for (Long landing : Landings(rules, here, *prey, step)) {
@@ -207,9 +183,8 @@ void Walk(Hunt& hunt, const Standing& here) {
                 return;
             }
             wentOn = true;
-            if (here.Jumped.empty() && IsOn(rules.LastCap) && hunt.State.LastCapInForce && *prey == hunt.State.LastTo) {
+            if (here.Jumped.empty() && IsOn(rules.LastCap) && hunt.State.LastCapInForce && *prey == hunt.State.LastTo)
                 hunt.LastCapRows.insert(hunt.Rows.size());
-            }
             Standing next = here;
             next.Jumped.push_back({*prey, IsKing(here.Board[*prey]) ? 2 : 1});
             next.At = landing;
@@ -256,24 +231,17 @@ void AddQuietMoves(const ReferenceState& state, Long square, std::vector<Referen
     const BoardCells& board = state.Board;
     Long piece = board[square];
     Long side = SideOf(piece);
-    for (Long step : QuietSteps(rules, piece)) {
+    for (Long step : Steps(rules, piece, false)) {
         if (IsKing(piece) && IsOn(rules.LongKings)) {
             for (Long to = square + step; board[to] == kEmpty; to += step) moves.push_back({square, to, {}, false});
             continue;
         }
-        if (board[square + step] == kEmpty) {
-            Long to = square + step;
-            moves.push_back({square, to, {}, !IsKing(piece) && Promotes(rules, side, to)});
-            continue;
-        }
-        if (!IsOn(rules.JumpFriend)) continue;
         Long to = square + step;
         Long friends = 0;
         for (; board[to] == piece; to += step) ++friends;
-        bool lengthFits = friends == rules.NumberFriends || rules.NumberFriends == -1;
-        if (friends > 0 && lengthFits && board[to] == kEmpty) {
-            moves.push_back({square, to, {}, !IsKing(piece) && Promotes(rules, side, to, 12)});
-        }
+        const bool leaps = IsOn(rules.JumpFriend) && (friends == rules.NumberFriends || rules.NumberFriends == -1);
+        if (board[to] != kEmpty || (friends > 0 && !leaps)) continue;
+        moves.push_back({square, to, {}, !IsKing(piece) && Promotes(rules, side, to, friends > 0 ? 12 : 20)});
     }
 }
 
@@ -283,13 +251,12 @@ bool CanPlace(const ReferenceState& state, Long square) {
     Long column = square % 14;
     if (!IsOn(rules.canContract) || state.Board[square] != kEmpty) return false;
     if (rules.PiecesOnBlack < 2 && (row + column) % 2 != (rules.PiecesOnBlack == 0 ? 0 : 1)) return false;
-    bool white = state.SideToMove == 1;
-    if (state.OffBoard[white ? 0 : 1] <= 0) return false;
-    std::int64_t first = white ? rules.ContractW1 : rules.ContractB1;
-    std::int64_t last = white ? rules.ContractW2 : rules.ContractB2;
-    if (row != first) return false;
-    std::int64_t rows = first < last ? last - first : first - last;
-    std::int64_t mustBeFree = white ? row + rows : row - rows;
+    const bool white = state.SideToMove == 1;
+    const std::int64_t first = white ? rules.ContractW1 : rules.ContractB1;
+    const std::int64_t last = white ? rules.ContractW2 : rules.ContractB2;
+    if (state.OffBoard[white ? 0 : 1] <= 0 || row != first) return false;
+    const std::int64_t rows = first < last ? last - first : first - last;
+    const std::int64_t mustBeFree = white ? row + rows : row - rows;
     if (mustBeFree < 0 || mustBeFree > 15) return false;
     return state.Board[static_cast<std::size_t>(mustBeFree * 14 + column)] == kEmpty;
 }
@@ -320,21 +287,16 @@ void SelectCaptures(Hunt& hunt, Long mode, std::vector<ReferenceMove>& moves) {
             for (std::size_t later = r + 1; later < hunt.Rows.size(); ++later) {
                 Row& other = hunt.Rows[later];
                 if (other.From == row.From && other.To == row.To && other.Promotes == row.Promotes &&
-                    other.Jumped == row.Jumped) {
+                    other.Jumped == row.Jumped)
                     other.Struck = true;
-                }
             }
         }
-        bool longKing = IsOn(rules.LongKings) && IsKing(row.StartPiece);
-        if (longKing && IsOn(rules.MaxCapMoveK) && IsOn(rules.MulJumps) && row.Jumped.size() != row.LongestSoFar) {
-            row.Struck = true;
-        }
+        const bool wholeWalks = IsOn(rules.LongKings) && IsOn(rules.MaxCapMoveK) && IsOn(rules.MulJumps);
+        if (wholeWalks && IsKing(row.StartPiece) && row.Jumped.size() != row.LongestSoFar) row.Struck = true;
         if (lastCapFound && hunt.LastCapRows.count(r) == 0) row.Struck = true;
         if (row.Struck) continue;
-        if (IsOn(rules.MaxCapMove)) {
-            if (row.Jumped.size() != lengthAsked) continue;
-            if (IsOn(rules.MaxCapMoveKings) && row.Kings() != mostKings[lengthAsked]) continue;
-        }
+        if (IsOn(rules.MaxCapMove) && row.Jumped.size() != lengthAsked) continue;
+        if (IsOn(rules.MaxCapMove) && IsOn(rules.MaxCapMoveKings) && row.Kings() != mostKings[lengthAsked]) continue;
         bool menYield = IsOn(rules.KingCapMove) && !IsOn(rules.MaxCapMoveKings) && kingCaptures;
         if (menYield && !IsKing(row.StartPiece)) continue;
         hunt.Result.AnyCaptureLeft = true;
@@ -381,42 +343,30 @@ ReferenceState AfterMove(const ReferenceState& state, const ReferenceMove& move,
     if (move.From == kOffBoard) {
         --after.OffBoard[side == 1 ? 0 : 1];
     } else {
-        piece = state.Board[move.From];
-        after.Board[move.From] = kEmpty;
+        piece = std::exchange(after.Board[move.From], kEmpty);
     }
-    bool captures = !move.Jumped.empty();
-    if (IsOn(rules.KingMan) && captures && IsKing(piece) && move.From != move.To) piece = side;
+    if (IsOn(rules.KingMan) && !move.Jumped.empty() && IsKing(piece) && move.From != move.To) piece = side;
     if (move.Promotes) piece = IsOn(rules.ChangeSide) ? -2 * side : 2 * side;
     after.Board[move.To] = piece;
     after.SideToMove = -side;
     after.LastTo = move.To;
     after.LastCapInForce = lastCapInForce;
-    if (IsOn(rules.ManKing)) {
-        std::vector<Long> pieces;
-        for (Long square = 29; square <= 194; ++square) {
-            Long cell = after.Board[square];
-            if (cell != kBorder && cell != kEmpty && SideOf(cell) == -side) pieces.push_back(square);
-        }
-        if (pieces.size() == 1 && !IsKing(after.Board[pieces[0]])) after.Board[pieces[0]] = -2 * side;
-    }
+    const auto theirs = [&](Long cell) { return cell != kBorder && cell != kEmpty && SideOf(cell) == -side; };
+    if (IsOn(rules.ManKing) && std::ranges::count_if(after.Board, theirs) == 1)
+        *std::ranges::find_if(after.Board, theirs) = -2 * side;
     return after;
 }
 
 ReferenceMove AsReference(const MoveRecord& move) {
     ReferenceMove result{move.From, move.To, {}, move.Promotes != 0};
-    for (Long i = 0; i < move.Captures.Count; ++i) {
+    for (Long i = 0; i < move.Captures.Count; ++i)
         result.Jumped.push_back({move.Captures.Squares[static_cast<std::size_t>(i)], move.Captures.MagnitudeAt(i)});
-    }
     return result;
 }
 
 std::string MoveText(const ReferenceMove& move) {
-    std::string text;
-    if (move.From == kOffBoard) {
-        text.append("@").append(NameOf(move.To));
-    } else {
-        text.append(NameOf(move.From)).append(move.Jumped.empty() ? "-" : "x").append(NameOf(move.To));
-    }
+    std::string text = move.From == kOffBoard ? "@" : NameOf(move.From) + (move.Jumped.empty() ? "-" : "x");
+    text += NameOf(move.To);
     for (std::size_t i = 0; i < move.Jumped.size(); ++i) {
         text.append(i == 0 ? "(" : ",").append(move.Jumped[i].Magnitude == 2 ? "K" : "");
         text.append(NameOf(move.Jumped[i].Square));

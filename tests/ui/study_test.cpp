@@ -129,9 +129,7 @@ private slots:
         GameWindow game;
         PlaceShot(game);
         game.ClickButton("Hint");
-        QCOMPARE(game.Boxes.Seen.size(), 1u);
-        QCOMPARE(game.Boxes.Seen[0].Title, QStringLiteral("Hint"));
-        QCOMPARE(game.Boxes.Seen[0].Icon, QMessageBox::Information);
+        QCOMPARE(game.Boxes.Seen, (std::vector{SeenBox{"Hint", "Try k3-j4", QMessageBox::Information}}));
         QVERIFY(game.Window->Bar.Toolbar1->isEnabled());
 
         game.Game.Settings.Limits = {0, 3, 1, 2};
