@@ -136,7 +136,7 @@ TEST(HumanMove, IsAnsweredAndLeavesTheNamesAsTheyStood) {
         EXPECT_EQ(fixture.Screen.List(ListId::List2).Lines.size(),
                   static_cast<std::size_t>(GenerateLegalMoves(*fixture.Pos)));
         EXPECT_EQ(fixture.Screen.Sounds,
-                  (std::vector<std::filesystem::path>(2, game.ProgramFolder / "sounds" / "click.wav")));
+                  (std::vector<std::filesystem::path>(2, game.InstalledFolder / "sounds" / "click.wav")));
     }
 }
 
