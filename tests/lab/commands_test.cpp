@@ -80,9 +80,8 @@ TEST(LabSearch, TheStartDecidesTheFamilyUnlessAsked) {
 
 TEST(LabEval, TheOrderOfTheRulesDoesNotMatter) {
     const std::string setup = " --rule Setup=" + Digits({{"a1", '3'}, {"c1", '3'}, {"b0", '4'}});
-    for (const std::string begins : {" --rule BlackStarts=0", " --rule BlackStarts=1"}) {
+    for (const std::string begins : {" --rule BlackStarts=0", " --rule BlackStarts=1"})
         EXPECT_EQ(ValueOf(setup + begins), ValueOf(begins + setup)) << begins;
-    }
 }
 
 TEST(LabEval, ARepeatedPlacementIsWorthNothing) {

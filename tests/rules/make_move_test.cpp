@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tavlon12 {
 
 namespace {
@@ -25,43 +27,33 @@ struct Snapshot {
           Rules(position.Rules) {}
 };
 
-/// Entries above the current ply and half-move are stale and play no part.
-template <typename Array> bool SameUpTo(const Array& a, const Array& b, Long last) {
-    return std::equal(a.begin(), a.begin() + last + 1, b.begin());
-}
-
 void ExpectSame(const Position& position, const Snapshot& before) {
     const GameTree& now = position.Tree;
     const GameTree& was = before.Tree;
-    EXPECT_EQ(position.Board, before.Board);
+    EXPECT_EQ(position.Board, before.Board) << PlacementOf(position.Board) << " was " << PlacementOf(before.Board);
     EXPECT_EQ(position.InitialBoard, before.InitialBoard);
     EXPECT_TRUE(position.Sums == before.Sums);
     EXPECT_EQ(position.Rules, before.Rules);
-    EXPECT_EQ(now.Ply, was.Ply);
-    EXPECT_EQ(now.TreeIndex, was.TreeIndex);
-    EXPECT_EQ(now.SideToMove, was.SideToMove);
-    EXPECT_EQ(now.WhiteOffBoard, was.WhiteOffBoard);
-    EXPECT_EQ(now.BlackOffBoard, was.BlackOffBoard);
-    EXPECT_TRUE(SameUpTo(now.PlyFirstMove, was.PlyFirstMove, was.Ply));
-    EXPECT_TRUE(SameUpTo(now.PlyValue, was.PlyValue, was.Ply));
-    EXPECT_TRUE(SameUpTo(now.PlyMaterial, was.PlyMaterial, was.Ply));
-    EXPECT_TRUE(SameUpTo(now.PlyLastTo, was.PlyLastTo, was.Ply));
-    EXPECT_TRUE(SameUpTo(now.PlyForcing, was.PlyForcing, was.Ply));
-    EXPECT_TRUE(SameUpTo(now.TreeTo, was.TreeTo, was.TreeIndex));
-    EXPECT_TRUE(SameUpTo(now.TreeLastMan, was.TreeLastMan, was.TreeIndex));
-    EXPECT_TRUE(SameUpTo(now.TreeKingMan, was.TreeKingMan, was.TreeIndex));
+    const auto numbers = [](const GameTree& tree) {
+        return std::tie(tree.Ply, tree.TreeIndex, tree.SideToMove, tree.WhiteOffBoard, tree.BlackOffBoard);
+    };
+    EXPECT_EQ(numbers(now), numbers(was));
+    // Entries above the current ply and half-move are stale and play no part.
+    const auto expectSame = [&](auto stack, Long last) {
+        EXPECT_TRUE(std::equal((was.*stack).begin(), (was.*stack).begin() + last + 1, (now.*stack).begin()));
+    };
+    for (auto stack : {&GameTree::PlyFirstMove, &GameTree::PlyValue, &GameTree::PlyMaterial, &GameTree::PlyLastTo,
+                       &GameTree::PlyForcing})
+        expectSame(stack, was.Ply);
+    for (auto stack : {&GameTree::TreeTo, &GameTree::TreeLastMan, &GameTree::TreeKingMan})
+        expectSame(stack, was.TreeIndex);
 }
 
-/// Material of the board, seen from a side.
-Long BalanceOf(const BoardCells& board, Long side) {
+/// Worth of the pieces on the board: White's with this factor, Black's with that.
+Long WorthOf(const BoardCells& board, Long white, Long black) {
     Long sum = 0;
-    for (Long cell : board) sum += cell == kBorder ? 0 : cell;
-    return 100 * side * sum;
-}
-
-Long MaterialOf(const BoardCells& board) {
-    Long sum = 0;
-    for (Long cell : board) sum += cell == kBorder ? 0 : Magnitude(cell);
+    for (Long cell : board)
+        if (IsLivePiece(cell)) sum += Magnitude(cell) * (cell > 0 ? white : black);
     return 100 * sum;
 }
 
@@ -86,8 +78,9 @@ void MakeAndCheck(Position& position, Long slot) {
     bool forcing = position.Moves[slot].IsCapture() || position.Moves[slot].Promotes != 0;
     EXPECT_EQ(tree.PlyForcing[tree.Ply], forcing ? 1 : 0);
     if (BalanceEqualsTheBoard(position.Rules)) {
-        EXPECT_EQ(tree.PlyValue[tree.Ply], BalanceOf(position.Board, tree.SideToMove)) << "after " << text;
-        EXPECT_EQ(tree.PlyMaterial[tree.Ply], MaterialOf(position.Board)) << "after " << text;
+        EXPECT_EQ(tree.PlyValue[tree.Ply], WorthOf(position.Board, tree.SideToMove, -tree.SideToMove))
+            << "after " << text;
+        EXPECT_EQ(tree.PlyMaterial[tree.Ply], WorthOf(position.Board, 1, 1)) << "after " << text;
     }
 }
 
@@ -101,8 +94,8 @@ void DrawTerms(Position& position, Random& random) {
 
 /// Counts the board for the root, as a set-up of the classic start leaves a sum that is not the board's.
 void CountRoot(Position& position) {
-    position.Tree.PlyValue[0] = BalanceOf(position.Board, position.Tree.SideToMove);
-    position.Tree.PlyMaterial[0] = MaterialOf(position.Board);
+    position.Tree.PlyValue[0] = WorthOf(position.Board, position.Tree.SideToMove, -position.Tree.SideToMove);
+    position.Tree.PlyMaterial[0] = WorthOf(position.Board, 1, 1);
 }
 
 /// One line of random moves without accepting any, and all the way back.
