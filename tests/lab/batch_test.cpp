@@ -6,13 +6,8 @@
 namespace tavlon12::lab {
 namespace {
 
-struct QuotedLine {
-    const char* Line;
-    std::vector<std::string> Words;
-};
-
 TEST(BatchWords, AreQuotedAsAShellDoes) {
-    const std::vector<QuotedLine> rows = {
+    const std::vector<std::pair<const char*, std::vector<std::string>>> rows = {
         {"", {}},
         {"moves --play  x\t", {"moves", "--play", "x"}},
         {"a 'b c' \"d e\"", {"a", "b c", "d e"}},
@@ -23,10 +18,10 @@ TEST(BatchWords, AreQuotedAsAShellDoes) {
         {"a\\ b \\'c\\\\", {"a b", "'c\\"}},
         {"--rule=WhiteManMovement='NW;NE NW'", {"--rule=WhiteManMovement=NW;NE NW"}},
     };
-    for (const QuotedLine& row : rows) {
+    for (const auto& [line, expected] : rows) {
         std::vector<std::string> words = {"left over"};
-        EXPECT_EQ(SplitWords(row.Line, words), std::nullopt) << row.Line;
-        EXPECT_EQ(words, row.Words) << row.Line;
+        EXPECT_EQ(SplitWords(line, words), std::nullopt) << line;
+        EXPECT_EQ(words, expected) << line;
     }
     std::vector<std::string> words;
     EXPECT_EQ(SplitWords("a 'b", words), "the quote ' is not closed");

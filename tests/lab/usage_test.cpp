@@ -23,16 +23,12 @@ TEST_P(BadUsage, TellsOneLineAndPrintsNothing) {
 
 INSTANTIATE_TEST_SUITE_P(
     Words, BadUsage,
-    testing::Values(BadLine{"", "no command, must be moves, perft, eval, search, bench, games, load or batch"},
-                    BadLine{"moves now", "unknown argument \"now\""},
-                    BadLine{"moves --depth 3", "--depth is no option of moves"}, BadLine{"perft", "--depth is missing"},
-                    BadLine{"perft --depth", "--depth has no value"},
-                    BadLine{"perft --depth 2 --depth 2", "--depth is given twice"},
-                    BadLine{"search --depth 2 --general --fast", "--fast cannot stand beside --general"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Values, BadUsage,
     testing::Values(
+        BadLine{"", "no command, must be moves, perft, eval, search, bench, games, load or batch"},
+        BadLine{"moves now", "unknown argument \"now\""}, BadLine{"moves --depth 3", "--depth is no option of moves"},
+        BadLine{"perft", "--depth is missing"}, BadLine{"perft --depth", "--depth has no value"},
+        BadLine{"perft --depth 2 --depth 2", "--depth is given twice"},
+        BadLine{"search --depth 2 --general --fast", "--fast cannot stand beside --general"},
         BadLine{"perft --depth 0", "--depth \"0\": must be a whole number from 1 to 20"},
         BadLine{"perft --depth 99999999999999999999",
                 "--depth \"99999999999999999999\": must be a whole number from 1 to 20"},
@@ -43,17 +39,13 @@ INSTANTIATE_TEST_SUITE_P(
         BadLine{"moves --last 42", "--last \"42\": must be the index of a square, 29 to 194 without the border, or 0"},
         BadLine{"moves --setup 12", "--setup \"12\": has 2 digits, must have 144"},
         BadLine{"moves --setup 015", "--setup \"015\": character 3 is \"5\", must be a digit from 0 to 4"},
-        BadLine{"moves --variant ''", "--variant \"\": must name a definition"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    RulesAndMoves, BadUsage,
-    testing::Values(BadLine{"moves --rule MulJumps", "--rule \"MulJumps\": must have the form KEY=VALUE"},
-                    BadLine{"moves --rule Notation=1", "--rule \"Notation=1\": no key of a definition"},
-                    BadLine{"moves --rule MulJumps=256", "--rule \"MulJumps=256\": the number must lie from 0 to 255"},
-                    BadLine{"moves --fast --rule AntiMode=1", "--fast: these rules have no fast generator"},
-                    BadLine{"moves --play 'c5d6 c5d6'", "--play: move 2, \"c5d6\", is not legal"},
-                    BadLine{"moves --play 'C5D6 c5-d6'",
-                            "--play \"C5D6 c5-d6\": move 2, \"c5-d6\", is no move key such as c3d4"}));
+        BadLine{"moves --variant ''", "--variant \"\": must name a definition"},
+        BadLine{"moves --rule MulJumps", "--rule \"MulJumps\": must have the form KEY=VALUE"},
+        BadLine{"moves --rule Notation=1", "--rule \"Notation=1\": no key of a definition"},
+        BadLine{"moves --rule MulJumps=256", "--rule \"MulJumps=256\": the number must lie from 0 to 255"},
+        BadLine{"moves --fast --rule AntiMode=1", "--fast: these rules have no fast generator"},
+        BadLine{"moves --play 'c5d6 c5d6'", "--play: move 2, \"c5d6\", is not legal"},
+        BadLine{"moves --play 'C5D6 c5-d6'", "--play \"C5D6 c5-d6\": move 2, \"c5-d6\", is no move key such as c3d4"}));
 
 TEST(BadFiles, NameFileLineAndReason) {
     TemporaryFolder folder;

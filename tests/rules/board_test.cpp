@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 #include <vector>
 
 namespace tavlon12 {
@@ -48,12 +49,7 @@ TEST(ShiftPieces, BetweenTheColoursAndBack) {
 }
 
 TEST(MatchPiecesToColour, ByTheFirstPiece) {
-    struct Row {
-        const char* Changed;
-        const char* Placement;
-        const char* Result;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"PiecesOnBlack=0", "W: c3 e5", "W: d3 f5; B:"},
         {"PiecesOnBlack=0", "W: d3 f5", "W: d3 f5; B:"},
         {"", "W: d3 f5", "W: c3 e5; B:"},
@@ -62,10 +58,10 @@ TEST(MatchPiecesToColour, ByTheFirstPiece) {
         {"PiecesOnBlack=0", "B: h2 Ki1", "W:; B: Kj1 g2"},
         {"", "", "W:; B:"},
     };
-    for (const Row& row : rows) {
-        auto position = MakePosition(RulesWith(row.Changed), row.Placement);
+    for (const auto& [changed, placement, result] : rows) {
+        auto position = MakePosition(RulesWith(changed), placement);
         MatchPiecesToColour(*position);
-        EXPECT_EQ(PlacementOf(position->Board), row.Result) << row.Changed << ", " << row.Placement;
+        EXPECT_EQ(PlacementOf(position->Board), result) << changed << ", " << placement;
     }
 }
 

@@ -4,18 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tavlon12 {
 
 namespace {
 
 TEST(SquareNotation, Rows) {
-    struct Row {
-        Long Square;
-        Padding Mode;
-        Byte Notation;
-        const char* Text;
-    };
-    const Row rows[] = {
+    const std::tuple<Long, Padding, Byte, const char*> rows[] = {
         {29, Padding::Blank, kAlgebraic, "a1"},      {184, Padding::Blank, kAlgebraic, "bb"},
         {194, Padding::None, kAlgebraic, "lb"},      {155, Padding::Zero, kAlgebraic, "a0"},
         {169, Padding::Zero, kAlgebraic, "aa"},      {141, Padding::Zero, kAlgebraic, "a9"},
@@ -28,20 +24,12 @@ TEST(SquareNotation, Rows) {
         {-1, Padding::Blank, kNumeric, "--"},        {195, Padding::Blank, kNumeric, "--"},
         {100000, Padding::Blank, kAlgebraic, "--"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(SquareNotation(row.Square, row.Mode, row.Notation), row.Text)
-            << row.Square << " under notation " << static_cast<Long>(row.Notation);
-    }
+    for (const auto& [square, mode, notation, text] : rows)
+        EXPECT_EQ(SquareNotation(square, mode, notation), text) << square << " under notation " << Long{notation};
 }
 
 TEST(SquareNumber, Rows) {
-    struct Row {
-        const char* Text;
-        Byte Notation;
-        Long PiecesOnBlack;
-        Long Square;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, Byte, Long, Long> rows[] = {
         {"A0", kAlgebraic, 1, 155}, {"M1", kAlgebraic, 1, 0},
         {"Ac", kAlgebraic, 1, 0},   {"LB", kAlgebraic, 1, 194},
         {"Lb", kAlgebraic, 0, 194}, {"", kAlgebraic, 1, 0},
@@ -53,10 +41,8 @@ TEST(SquareNumber, Rows) {
         {"", kNumeric, 1, 0},       {"x", kNumeric, 1, 0},
         {"1e9", kNumeric, 1, 0},    {"99999999999999999999", kNumeric, 1, 0},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(SquareNumber(row.Text, row.Notation, row.PiecesOnBlack), row.Square)
-            << "\"" << row.Text << "\" under notation " << static_cast<Long>(row.Notation);
-    }
+    for (const auto& [text, notation, piecesOnBlack, square] : rows)
+        EXPECT_EQ(SquareNumber(text, notation, piecesOnBlack), square) << text << " under notation " << Long{notation};
 }
 
 TEST(Notation, RoundTripOverThePlayingSquares) {

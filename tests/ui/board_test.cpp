@@ -78,15 +78,6 @@ private slots:
         QCOMPARE(game.Boxes.Seen, std::vector{ErrorBox("Illegal move: that square is not empty")});
         QCOMPARE(game.Window->Panel.List1->count(), 0);
     }
-
-    void TheMouseOverTheBoardBoxesTheMovablePieces() {
-        GameWindow game;
-        BoardView& board = *game.Window->Board;
-        game.MoveMouse("l7");
-        QVERIFY(board.ShowsBox(game.ViewOf("c5")));
-        game.PressOn("c5");
-        QVERIFY(board.ShowsBox(game.ViewOf("d6")) && !board.ShowsBox(game.ViewOf("e5")));
-    }
 };
 
 TAVLON12_TEST_MAIN(BoardTest)
