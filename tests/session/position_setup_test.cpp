@@ -63,14 +63,18 @@ TEST(PositionSetup, AnyPlacementBecomesAGame) {
     }
 }
 
+constexpr std::string_view kStraight = "WhiteManMovement=W;E W;E | BlackManMovement=W;E W;E | "
+                                       "WhiteKingMovement=W;E W;E | BlackKingMovement=W;E W;E";
+
 TEST(PositionSetup, OpensWhereAPieceMayStand) {
     struct Row {
         std::string_view Rules;
         std::string_view Square;
         bool Opens;
     };
-    for (const Row& row : {Row{"", "c3", true}, Row{"", "e5", true}, Row{"", "c4", false},
-                           Row{"PiecesOnBlack=2", "c4", false}, Row{"PiecesOnBlack=2", "e5", true}}) {
+    for (const Row& row :
+         {Row{"", "c3", true}, Row{"", "e5", true}, Row{"", "c4", false}, Row{"PiecesOnBlack=2", "c4", false},
+          Row{"PiecesOnBlack=2", "e5", true}, Row{kStraight, "c4", true}}) {
         SCOPED_TRACE(testing::Message() << row.Rules << " " << row.Square);
         SessionFixture fixture;
         StartGame(fixture, row.Rules, "W: c3; B: j8");
