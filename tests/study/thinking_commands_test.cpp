@@ -191,6 +191,8 @@ TEST(ComputerComputer, PlaysUntilTheEndOrACancel) {
         StartGame(fixture, "", "W: c3 e3 a1; B: d8 j8");
         // The pause after a move, or the moment in which one is searched.
         game.Port.Time.Wait = [&](double) {
+            const bool playsItself = game.Settings.PlayMode == kComputerComputer;
+            EXPECT_EQ(game.Players == PlayerNames({"Computer", "Computer"}), playsItself);
             if (cancelAfter != 0 && game.Record.LastMoveIndex >= cancelAfter) CancelCommand(game);
         };
         bool opened = false;
