@@ -74,7 +74,7 @@ struct Position {
 
     // Follow from the rules and the start position
     bool DedupCaptures = false;     ///< routes over the same pieces count as one capture
-    bool SidewaysStepsOnly = false; ///< every step is one cell sideways or along the column
+    bool SidewaysStepsOnly = false; ///< every step is one cell sideways
     bool SidewaysManyMen = false;   ///< sideways steps, and more than 12 men each at the start
     Long PieceSum = 0;              ///< magnitudes of the start position
     Long WhiteMen = 0;              ///< men of the start position, when it was counted

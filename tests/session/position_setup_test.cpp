@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tavlon12 {
 namespace {
 
@@ -63,21 +65,24 @@ TEST(PositionSetup, AnyPlacementBecomesAGame) {
     }
 }
 
+constexpr std::string_view kStraight = "WhiteManMovement=W;E W;E | BlackManMovement=W;E W;E | "
+                                       "WhiteKingMovement=W;E W;E | BlackKingMovement=W;E W;E";
+
 TEST(PositionSetup, OpensWhereAPieceMayStand) {
-    struct Row {
-        std::string_view Rules;
-        std::string_view Square;
-        bool Opens;
-    };
-    for (const Row& row : {Row{"", "c3", true}, Row{"", "e5", true}, Row{"", "c4", false},
-                           Row{"PiecesOnBlack=2", "c4", false}, Row{"PiecesOnBlack=2", "e5", true}}) {
-        SCOPED_TRACE(testing::Message() << row.Rules << " " << row.Square);
+    const std::tuple<std::string_view, std::string_view, bool> rows[] = {{"", "c3", true},
+                                                                         {"", "e5", true},
+                                                                         {"", "c4", false},
+                                                                         {"PiecesOnBlack=2", "c4", false},
+                                                                         {"PiecesOnBlack=2", "e5", true},
+                                                                         {kStraight, "c4", true}};
+    for (const auto& [rules, square, opens] : rows) {
+        SCOPED_TRACE(testing::Message() << rules << " " << square);
         SessionFixture fixture;
-        StartGame(fixture, row.Rules, "W: c3; B: j8");
+        StartGame(fixture, rules, "W: c3; B: j8");
         fixture.Game.Variant.CustomSetup = true;
-        Choose(fixture, row.Square, std::nullopt);
-        EXPECT_NE(fixture.Game.Variant.CustomSetup, row.Opens);
-        EXPECT_EQ(!fixture.Screen.SetupMarks.empty(), row.Opens);
+        Choose(fixture, square, std::nullopt);
+        EXPECT_NE(fixture.Game.Variant.CustomSetup, opens);
+        EXPECT_EQ(!fixture.Screen.SetupMarks.empty(), opens);
     }
     SessionFixture fixture;
     Session& game = fixture.Game;

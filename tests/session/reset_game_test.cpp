@@ -57,6 +57,7 @@ void PlayAGame(SessionFixture& fixture, Random& random) {
     game.Game.GameOver = game.Game.MateAnnounced = game.Game.BookFailureTold = true;
     game.Game.Stagnation = game.Game.LastDrawAsk = game.Game.TouchedCell = game.Game.DrawReason = 29;
     game.Record.MoveComments[0] = game.ResultShown = "1-0";
+    game.Pos.Tree.TreeLastMan[5] = game.Pos.Tree.TreeKingMan[5] = 29;
     game.Input.DragSource = game.Input.RightPressed = 3;
     game.Pos.StopFlag = kStopCancel;
     game.Pos.LastCapAnyPly = game.Search.NoMovesDraw = game.Search.SearchAborted = true;

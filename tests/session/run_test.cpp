@@ -202,6 +202,9 @@ TEST(Pdn, OpensWhatOtherProgramsWriteAndTellsWhatIsWrong) {
         EXPECT_EQ(lines, row.Lines);
         EXPECT_EQ(fixture.Screen.Status[1], row.Status);
         EXPECT_EQ(fixture.Screen.Progress, fixture.Screen.ProgressMaximum);
+        GoFirst(game);
+        EXPECT_EQ(game.Pos.Board, game.Pos.InitialBoard);
+        EXPECT_EQ(game.Pos.Tree.PlyValue[0], row.Name == "FEN" ? 200 : 0);
     }
 }
 

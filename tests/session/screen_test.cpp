@@ -71,6 +71,17 @@ TEST(ShownVariantName, MarksModifiedRules) {
     }
 }
 
+TEST(AskYesNo, TheTimeOfABoxIsNoneOfThinking) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.Port.Dialogs.AskYesNo = [&](const std::string&, const std::string&) { return (fixture.Screen.Now += 9) > 0; };
+    for (bool busy : {false, true}) {
+        game.Busy = busy;
+        EXPECT_TRUE(AskYesNo(game, "", ""));
+        EXPECT_EQ(game.BoxSeconds, busy ? 9 : 0);
+    }
+}
+
 TEST(EndOnGeneratorFault, ShowsTheLimitAndEndsTheProgram) {
     const std::string text = "X= 20   K= 7\n\nFatal Error! Tavlon12 will exit.\n";
     const std::string advice = "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";

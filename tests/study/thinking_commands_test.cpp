@@ -156,25 +156,21 @@ TEST(Hint, GivesTheExpectedReplyElseTheBestMove) {
 }
 
 TEST(PlayModes, TheUserHasTheSideToMove) {
-    struct Row {
-        Long Side;
-        Byte BlackStarts;
-        std::string_view White, Black;
-    };
-    for (const Row& row :
-         {Row{kBlack, 1, "C", "U"}, Row{kBlack, 0, "U", "C"}, Row{kWhite, 1, "U", "C"}, Row{kWhite, 0, "C", "U"}}) {
+    for (const auto& [side, blackStarts, white, black] : {std::tuple(kBlack, 1, "Computer", "U"),
+                                                          {kBlack, 0, "U", "Computer"},
+                                                          {kWhite, 1, "U", "Computer"},
+                                                          {kWhite, 0, "Computer", "U"}}) {
         SessionFixture fixture;
         Session& game = fixture.Game;
         game.Settings.UserName = "U";
-        StartGame(fixture, "", "W: c3 d4; B: j8 ib", row.Side);
-        game.Pos.Rules.BlackStarts = row.BlackStarts;
+        StartGame(fixture, "", "W: c3 d4; B: j8 ib", side);
+        game.Pos.Rules.BlackStarts = static_cast<Byte>(blackStarts);
         PlayPlayerPlayer(game);
         EXPECT_EQ(game.Players, (PlayerNames{"U", "U"}));
         EXPECT_EQ(fixture.Screen.Status[1], "Player-Player mode");
         EXPECT_FALSE(fixture.Screen.Enabled.at(Command::Resign));
         PlayComputerPlayer(game);
-        EXPECT_EQ(game.Players.WhitePlayerName, row.White == "C" ? "Computer" : "U");
-        EXPECT_EQ(game.Players.BlackPlayerName, row.Black == "C" ? "Computer" : "U");
+        EXPECT_EQ(game.Players, (PlayerNames{black, white}));
         EXPECT_EQ(fixture.Screen.Status[1], "Computer-Player mode");
         EXPECT_TRUE(fixture.Screen.Enabled.at(Command::Resign));
 
@@ -195,6 +191,8 @@ TEST(ComputerComputer, PlaysUntilTheEndOrACancel) {
         StartGame(fixture, "", "W: c3 e3 a1; B: d8 j8");
         // The pause after a move, or the moment in which one is searched.
         game.Port.Time.Wait = [&](double) {
+            const bool playsItself = game.Settings.PlayMode == kComputerComputer;
+            EXPECT_EQ(game.Players == PlayerNames({"Computer", "Computer"}), playsItself);
             if (cancelAfter != 0 && game.Record.LastMoveIndex >= cancelAfter) CancelCommand(game);
         };
         bool opened = false;
