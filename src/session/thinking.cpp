@@ -103,7 +103,7 @@ void PrepareThinking(Session& session, const ThinkingKind& kind) {
     session.Thought.RootIndex = session.Pos.Tree.TreeIndex;
     session.SearchStarted = true;
     session.Game.GameTouched = true;
-    session.Game.TouchedCell = 0;
+    if (kind.IsForMove) session.Game.TouchedCell = 0;
     session.Game.ResultText.clear();
     session.Input.MovablesBoxed = false;
 

@@ -1,3 +1,4 @@
+#include "lab/lab_support.h"
 #include "session/analysis.h"
 #include "session/game_end.h"
 #include "session/hint.h"
@@ -45,6 +46,7 @@ TEST_P(CommandsThatMakeNoMove, LeaveTheGameAsItWasAlsoAfterACancel) {
             const auto position = std::make_unique<Position>(*fixture.Pos);
             const auto record = std::make_unique<GameRecord>(game.Record);
             game.Game.RateableGame = true;
+            game.Game.TouchedCell = SquareOf("a5");
             const GameState state = game.Game;
             const auto lists = fixture.Screen.Lists;
             fixture.Screen.Messages.clear();
@@ -62,7 +64,8 @@ TEST_P(CommandsThatMakeNoMove, LeaveTheGameAsItWasAlsoAfterACancel) {
             };
             EXPECT_TRUE(image(*fixture.Pos) == image(*position));
             EXPECT_TRUE(game.Record == *record);
-            EXPECT_EQ(std::tie(game.Game.LastScore, game.Game.DrawReason), std::tie(state.LastScore, state.DrawReason));
+            const auto kept = [](const GameState& of) { return std::tie(of.LastScore, of.DrawReason, of.TouchedCell); };
+            EXPECT_EQ(kept(game.Game), kept(state));
             EXPECT_EQ(fixture.Screen.List(ListId::List1), lists[0]);
             EXPECT_EQ(fixture.Screen.List(ListId::List2), lists[1]);
             EXPECT_FALSE(game.Game.RateableGame);
@@ -277,6 +280,24 @@ TEST(StudyTools, FindTheShotThatGivesTwoMenFirst) {
     fixture.Screen.Messages.clear();
     FindProblems(game);
     EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"Try a3-b4"}) << "once, in place of the first";
+}
+
+/// Deeper the two part: the tool asks with narrow windows, in which the lazy evaluation may estimate.
+TEST(StudyTools, ShallowValuesAreThoseOfTheTool) {
+    SessionFixture fixture;
+    fixture.Game.Settings.PlyValueDepth = 3;
+    StartGame(fixture, RulesWith(""));
+    ShowPlyValueTable(fixture.Game);
+    const auto rows = RowsOf(fixture.Screen.Study.Table(0));
+    ASSERT_EQ(rows.size(), 11u);
+    for (const auto& row : rows) {
+        const std::string key = row[1].substr(0, 2) + row[1].substr(3, 2);
+        const auto depths = lab::LinesOf(lab::OutputOf("search --depth 3 --play " + key));
+        for (std::size_t d = 0; d < 3; ++d) {
+            const std::string score = "score " + std::to_string(-std::stol(row[2 + d])) + " ";
+            EXPECT_TRUE(depths[d].find(score) != std::string::npos) << key << ": " << depths[d] << ", not " << score;
+        }
+    }
 }
 
 TEST(StudyTools, SortByEachKey) {
