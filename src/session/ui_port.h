@@ -205,6 +205,7 @@ struct VariantsForm {
     /// the two halves of a movement string.
     std::map<std::string_view, std::vector<std::string>> Values;
     bool ColourOpen = true; ///< the box of `PiecesOnBlack` may be clicked
+    std::string Help; ///< one sentence that tells what is special about the variant; empty where its file has none
     std::string HelpLink;
 };
 

@@ -99,6 +99,12 @@ void ShowNumbers(VariantsForm& form, const RuleSet& rules) {
     }
 }
 
+/// Of the help its first paragraph.
+void ShowTexts(VariantsForm& form, const VariantTexts& texts) {
+    form.Help = texts.VariantHelp.substr(0, texts.VariantHelp.find("\r\n"));
+    form.HelpLink = texts.HelpLink;
+}
+
 void ShowMovements(VariantsForm& form, const RuleSet& rules) {
     for (const RuleKey& key : RuleKeys()) {
         if (const auto member = MemberOf<std::string>(key)) form.Values[key.Name] = HalvesOf(rules.*member);
@@ -159,7 +165,7 @@ VariantsForm FormOfRules(const Session& session) {
     form.Variants = FillVariantList(session);
     form.Variant = session.Variant.VariantName;
     form.UseClassic = session.Settings.UseClassic;
-    form.HelpLink = session.Variant.Texts.HelpLink;
+    ShowTexts(form, session.Variant.Texts);
     ShowNumbers(form, rules);
     ShowMovements(form, rules);
     ShowPromotions(form, {rules.PromoW, rules.PromoB});
@@ -173,7 +179,7 @@ bool VariantPicked(Session& session, VariantsForm& form, const std::string& name
         return false;
     }
     form.Variant = name;
-    form.HelpLink = session.Variant.Texts.HelpLink;
+    ShowTexts(form, session.Variant.Texts);
     ShowNumbers(form, session.Pos.Rules);
     ShowMovements(form, session.Pos.Rules);
     ShowPromotions(form, shown);

@@ -191,7 +191,8 @@ private slots:
         definitions.WriteVariant("All", "PiecesOnBlack=2\r\nHelpLink=https://rules.example\r\n");
         const std::filesystem::path own = game.Folder.Path / "variants" / "uservariants";
         WriteFile(own / "Broken.ini", "Title\r\nMulJumps=-1\r\nEND\r\n");
-        WriteFile(own / "Zoo.ini", ReadFile(definitions.Path / "variants" / "All.ini"));
+        std::string zoo = ReadFile(definitions.Path / "variants" / "All.ini");
+        WriteFile(own / "Zoo.ini", zoo.insert(zoo.find("\r\nHelp=") + 7, "Zoo:"));
         std::string opened;
         game.Game.Port.Files.OpenDocument = [&](const std::string& address) { opened = address; };
         QVERIFY(UseDialog(game, [&](QDialog& dialog) {
@@ -201,6 +202,7 @@ private slots:
             ClickOn(link);
             ClickOn(dialog, "Option2");
             QCOMPARE(list.currentText(), "Zoo");
+            QVERIFY(Find<QLabel>(dialog, "Help").text().startsWith("Zoo:The great"));
             QVERIFY(!(list.model()->flags(list.model()->index(0, 0)) & Qt::ItemIsEnabled));
             QVERIFY(list.itemData(0, Qt::ToolTipRole).toString().endsWith("line 2: value out of range: MulJumps=-1"));
             QTest::keyClick(&list, Qt::Key_Home);

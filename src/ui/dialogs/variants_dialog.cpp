@@ -203,7 +203,7 @@ private:
     QLayout* MakeFrames();
     QGroupBox* MakePromotions();
     QGroupBox* MakeMovements();
-    QGroupBox* MakeLink();
+    QGroupBox* MakeHelp();
     QDialogButtonBox* MakeButtons();
 
     QCheckBox* MakeBox(const char* name, std::string_view caption, std::string_view tip);
@@ -228,6 +228,7 @@ private:
     QComboBox* Combo1 = new QComboBox;
     QRadioButton* Option1 = new QRadioButton(QStringLiteral("&Classic"));
     QRadioButton* Option2 = new QRadioButton(QStringLiteral("&User"));
+    QLabel* Help = new QLabel;
     LinkLabel* Label10 = new LinkLabel;
     std::map<std::string_view, std::vector<EntryField*>> Fields; ///< by the key of the rule
 };
@@ -244,7 +245,7 @@ VariantsDialog::VariantsDialog(QWidget* parent, const VariantsForm& form, const 
     layout->addLayout(MakeFrames());
     layout->addLayout(bottom);
     squares->addWidget(MakePromotions(), 1);
-    squares->addWidget(MakeLink());
+    squares->addWidget(MakeHelp());
     bottom->addWidget(MakeMovements(), 1);
     layout->addWidget(MakeButtons());
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -387,14 +388,22 @@ QGroupBox* VariantsDialog::MakeMovements() {
     return frame;
 }
 
-QGroupBox* VariantsDialog::MakeLink() {
+QGroupBox* VariantsDialog::MakeHelp() {
+    constexpr int kLines = 2;
+    Help->setObjectName(QStringLiteral("Help"));
+    Help->setTextFormat(Qt::PlainText);
+    Help->setWordWrap(true);
+    Help->setMinimumHeight(kLines * Help->fontMetrics().lineSpacing());
+    Help->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* frame = new QGroupBox(QStringLiteral("Ru&les"));
     Label10->setObjectName(QStringLiteral("Label10"));
     Label10->setAccessibleName(QStringLiteral("Rules"));
     Label10->setAccessibleDescription(QStringLiteral("Opens the rules of the variant."));
     Label10->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     Label10->Clicked = [this] { Events.OpenHelp(); };
-    (new QVBoxLayout(frame))->addWidget(Label10);
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(Help);
+    layout->addWidget(Label10);
     return frame;
 }
 
@@ -457,6 +466,7 @@ void VariantsDialog::ShowForm() {
     const bool unlimited = friends == std::to_string(kUnlimited);
     Control(kUnlimitedBox).setChecked(unlimited);
     if (unlimited) Control<QLineEdit>("Text6").clear();
+    Help->setText(Shown(Form.Help));
     Label10->SetAddress(Shown(Form.HelpLink));
     Grey();
 }
