@@ -48,6 +48,12 @@ private slots:
             game.ClickLine(*game.Window->Panel.List1, 0);
             game.Drag("a5", "b6");
             game.Click(game.PointOf(*game.Window->Panel.Command1, game.Window->Panel.Command1->rect().center()));
+            for (const auto& [command, name] :
+                 {std::pair(Command::Rules, "frmRules"), {Command::mnu_Help_About, "frmAbout"}}) {
+                const DialogUser reader(name, [](QDialog& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+                game.Window->Bar.ActionOf(command).trigger();
+                QVERIFY2(reader.Used, name);
+            }
             QVERIFY(game.Game.Busy);
             QCOMPARE(game.Game.Record.LastMoveIndex, halfMoves + 1);
             bool on = game.Game.Settings.CalculationOn == 1;

@@ -67,6 +67,11 @@ constexpr OptionControl kControls[] = {
 };
 // clang-format on
 
+/// A control that is greyed unless a box is on.
+struct OptionGreying {
+    const char* Target;
+    const char* Box;
+};
 constexpr OptionGreying kGreyings[] = {
     {"Label8", "Check1"},  {"Label9", "Check1"},  {"Label10", "Check1"}, {"Label12", "Check1"},  {"Slider4", "Check1"},
     {"Label11", "Check1"}, {"Label1", "Check2"},  {"Label2", "Check2"},  {"Label3", "Check2"},   {"Label4", "Check2"},
@@ -447,10 +452,6 @@ void OptionsDialog::Grey() {
 
 std::span<const OptionControl> OptionControls() {
     return kControls;
-}
-
-std::span<const OptionGreying> OptionGreyings() {
-    return kGreyings;
 }
 
 void EditOptions(QWidget* parent, const OptionsForm& form, const OptionsEvents& events) {

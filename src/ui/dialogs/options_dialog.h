@@ -31,13 +31,6 @@ struct OptionControl {
 };
 std::span<const OptionControl> OptionControls();
 
-/// A control that is greyed unless a box is on.
-struct OptionGreying {
-    const char* Target;
-    const char* Box;
-};
-std::span<const OptionGreying> OptionGreyings();
-
 /// The user's settings on four tabs. What he does goes to the events; returns when the dialog is closed.
 void EditOptions(QWidget* parent, const OptionsForm& form, const OptionsEvents& events);
 
