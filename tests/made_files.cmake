@@ -1,4 +1,5 @@
-# A script of tools writes the files that are kept (KEPT, a list of patterns below the project), byte for byte.
+# A script of tools writes the files that are kept (KEPT, a list of patterns below BASE), byte for byte: in folders as
+# below BASE, or all in one place.
 
 find_program(PYTHON python3)
 if(NOT PYTHON)
@@ -8,18 +9,21 @@ endif()
 
 file(REMOVE_RECURSE "${WORK_DIR}")
 execute_process(COMMAND "${PYTHON}" "${SOURCE_DIR}/tools/${SCRIPT}" "${WORK_DIR}" COMMAND_ERROR_IS_FATAL ANY)
-list(TRANSFORM KEPT PREPEND "${SOURCE_DIR}/")
+list(TRANSFORM KEPT PREPEND "${SOURCE_DIR}/${BASE}/")
 file(GLOB kept ${KEPT})
-file(GLOB made "${WORK_DIR}/*")
+file(GLOB_RECURSE made "${WORK_DIR}/*")
 list(LENGTH kept kept_count)
 list(LENGTH made made_count)
 if(NOT kept_count EQUAL made_count)
     message(SEND_ERROR "The script makes ${made_count} files, ${kept_count} are kept.")
 endif()
 foreach(file IN LISTS kept)
-    get_filename_component(name "${file}" NAME)
+    file(RELATIVE_PATH place "${SOURCE_DIR}/${BASE}" "${file}")
+    if(NOT EXISTS "${WORK_DIR}/${place}")
+        get_filename_component(place "${file}" NAME)
+    endif()
     file(SHA256 "${file}" old)
-    file(SHA256 "${WORK_DIR}/${name}" new)
+    file(SHA256 "${WORK_DIR}/${place}" new)
     if(NOT new STREQUAL old)
         message(SEND_ERROR "${file} is not what the script makes.")
     endif()

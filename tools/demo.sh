@@ -2,9 +2,10 @@
 # tools/demo.sh [screenshot.png]: plays a few moves with the mouse against the computer on a virtual display. The last
 # line printed is the path of the screenshot. Takes the program of build/release/bin, or of TAVLON12_BIN.
 
-. "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/packages.sh"
+tools=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+. "$tools/packages.sh"
+. "$tools/display.sh"
 
-bin=${TAVLON12_BIN:-$build_dir/bin}
 screenshot=${1:-$build_dir/tavlon12-demo.png}
 
 # Places in the window, in pixels from the corner under the menu bar, for the default skin.
@@ -15,47 +16,10 @@ square=38
 list2_left=656
 list2_top=93
 
-for tool in Xvfb xdotool import; do
-    command -v "$tool" >/dev/null || fail "The demonstration needs $tool (packages: ${display_packages[*]})."
-done
-[[ -x $bin/tavlon12 ]] || fail "There is no program in $bin: run ./play."
-
-work=$(mktemp -d)
-server=""
-program=""
-# shellcheck disable=SC2329
-clean_up() {
-    [[ -n $program ]] && kill -KILL "$program" 2>/dev/null
-    [[ -n $server ]] && kill "$server" 2>/dev/null
-    wait 2>/dev/null
-    rm -rf "$work"
-}
-trap clean_up EXIT
-trap 'exit 1' INT TERM HUP
-
-# A program folder of its own, without the settings that a player has made: the places above are the defaults'.
-mkdir "$work/bin" "$work/home" "$work/run"
-chmod 700 "$work/run"
-cp "$bin/tavlon12" "$work/bin/"
-for folder in "$bin"/*/; do
-    if [[ -d $folder ]]; then cp -r "$folder" "$work/bin/"; fi
-done
-
-# The server finds a free number by itself and writes it once it listens.
-: >"$work/number"
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/number" >"$work/server.log" 2>&1 &
-server=$!
-for ((i = 0; i < 100; i++)); do
-    [[ -s $work/number ]] && break
-    kill -0 "$server" 2>/dev/null || break
-    sleep 0.1
-done
-[[ -s $work/number ]] || fail "The virtual display did not start: $(tail -n 1 "$work/server.log")"
-DISPLAY=:$(<"$work/number")
-export DISPLAY
-# Of the caller's own screen nothing may leak in: neither its platform nor its scale.
-unset WAYLAND_DISPLAY XAUTHORITY QT_SCALE_FACTOR QT_FONT_DPI QT_SCREEN_SCALE_FACTORS
-export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 HOME=$work/home XDG_RUNTIME_DIR=$work/run
+need_programs Xvfb xdotool import
+# A program folder of its own: the places above are those of the default settings.
+install_program "$work/bin"
+start_display
 
 "$work/bin/tavlon12" >"$work/program.log" 2>&1 &
 program=$!

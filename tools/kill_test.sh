@@ -3,29 +3,12 @@
 # lets both save to a full disk. Their files must be whole each time: the old ones or the new ones. No part of ./test.
 # Takes the programs of build/release/bin, or of TAVLON12_BIN.
 
-. "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/packages.sh"
+tools=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+. "$tools/packages.sh"
+. "$tools/display.sh"
 
 rounds=${1:-200}
-bin=${TAVLON12_BIN:-$build_dir/bin}
-
-for tool in Xvfb xdotool; do
-    command -v "$tool" >/dev/null || fail "The test needs $tool (packages: ${display_packages[*]})."
-done
-[[ -x $bin/tavlon12 && -x $bin/tavlon12-lab ]] || fail "There are no programs in $bin: run ./play."
-
-work=$(mktemp -d)
-server=""
-program=""
-# shellcheck disable=SC2329
-clean_up() {
-    [[ -n $program ]] && kill -KILL "$program" 2>/dev/null
-    [[ -n $server ]] && kill "$server" 2>/dev/null
-    wait 2>/dev/null
-    mountpoint -q "$work/disk" && umount "$work/disk"
-    rm -rf "$work"
-}
-trap clean_up EXIT
-trap 'exit 1' INT TERM HUP
+need_programs Xvfb xdotool
 
 same() { cmp -s "$1" "$2"; }
 
@@ -101,27 +84,12 @@ done
 echo "PDN file: $old times the old file, $new times one game more"
 
 # The program, on a display of its own.
-: >"$work/number"
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/number" >"$work/server.log" 2>&1 &
-server=$!
-for ((i = 0; i < 100; i++)); do
-    [[ -s $work/number ]] && break
-    sleep 0.1
-done
-[[ -s $work/number ]] || fail "The virtual display did not start: $(tail -n 1 "$work/server.log")"
-DISPLAY=:$(<"$work/number")
-export DISPLAY
-unset WAYLAND_DISPLAY XAUTHORITY QT_SCALE_FACTOR QT_FONT_DPI QT_SCREEN_SCALE_FACTORS
-mkdir -p "$work/home" "$work/run" "$work/disk"
-chmod 700 "$work/run"
-export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 HOME=$work/home XDG_RUNTIME_DIR=$work/run
+start_display
 
 # A disk of its own that can be filled, where the system lets us.
+mkdir "$work/disk"
 mount -t tmpfs -o size=64m tmpfs "$work/disk" 2>/dev/null || echo "no disk of its own: a full disk is not tried"
-cp "$bin/tavlon12" "$work/disk/"
-for folder in "$bin"/*/; do
-    if [[ -d $folder ]]; then cp -r "$folder" "$work/disk/"; fi
-done
+install_program "$work/disk"
 
 kept=(tavlon12.ini tavlon12.rtg tavlon12.sav)
 start_program() {
