@@ -1,6 +1,6 @@
 # Shared by the scripts that run the program on a virtual display (sourced, not run): a folder for their work, in `work`,
 # and the display. Both are gone when the script ends, and so is the program `program`, if one runs.
-# shellcheck disable=SC2034
+# shellcheck shell=bash disable=SC2034,SC2154
 
 bin=${TAVLON12_BIN:-$build_dir/bin}
 work=$(mktemp -d)
