@@ -45,10 +45,20 @@ PlyValueWindow::PlyValueWindow(QWidget* parent, const std::function<void()>& can
     setObjectName(QStringLiteral("frmPV"));
     setWindowTitle(QStringLiteral("Ply Value Table"));
     resize(900, 460);
+    PrepareControls();
+    LayOut();
+    connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
+    connect(Command2, &QPushButton::clicked, this, [this, cancel] {
+        Command2->setEnabled(false);
+        cancel();
+    });
+    connect(Combo1, &QComboBox::currentIndexChanged, this, &PlyValueWindow::Sort);
+}
+
+void PlyValueWindow::PrepareControls() {
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setToolTip(
-        QStringLiteral("The order of the rows. \"Combinations/Problems\" lists only the moves that hide a "
-                       "tactic."));
+        QStringLiteral("The order of the rows. \"Combinations/Problems\" lists only the moves that hide a tactic."));
     State->setObjectName(QStringLiteral("State"));
     SearchLine->setObjectName(QStringLiteral("SearchLine"));
     SearchLine->setMinimumHeight(2 * fontMetrics().lineSpacing());
@@ -59,7 +69,9 @@ PlyValueWindow::PlyValueWindow(QWidget* parent, const std::function<void()>& can
     Progress->setStyleSheet(ProgressStyle());
     Text1->setAccessibleName(QStringLiteral("Values of the moves at each depth"));
     Command1->setDefault(true);
+}
 
+void PlyValueWindow::LayOut() {
     auto* sort = new QLabel(QStringLiteral("&Sort:"), this);
     sort->setBuddy(Combo1);
     auto* top = new QHBoxLayout;
@@ -76,13 +88,6 @@ PlyValueWindow::PlyValueWindow(QWidget* parent, const std::function<void()>& can
     layout->addLayout(top);
     layout->addWidget(Text1);
     layout->addLayout(bottom);
-
-    connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
-    connect(Command2, &QPushButton::clicked, this, [this, cancel] {
-        Command2->setEnabled(false);
-        cancel();
-    });
-    connect(Combo1, &QComboBox::currentIndexChanged, this, &PlyValueWindow::Sort);
 }
 
 void PlyValueWindow::Open(const std::vector<std::string>& orders) {

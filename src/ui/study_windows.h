@@ -28,6 +28,8 @@ public:
     QProgressBar* Progress;
 
 private:
+    void PrepareControls();
+    void LayOut();
     void Sort(int order);
 
     QComboBox* Combo1;

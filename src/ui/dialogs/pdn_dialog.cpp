@@ -79,6 +79,28 @@ QComboBox* MakeVariants(const PdnChooser& chooser) {
     return combo;
 }
 
+QLineEdit* MakeFind() {
+    auto* find = new QLineEdit;
+    find->setObjectName(QStringLiteral("Find"));
+    find->setPlaceholderText(QStringLiteral("Type a name to find its games"));
+    find->setClearButtonEnabled(true);
+    return find;
+}
+
+void LayOut(QDialog& dialog, QLineEdit* find, QTreeView* list, QComboBox* variants, QDialogButtonBox* buttons) {
+    auto* openAs = new QLabel(QStringLiteral("Open &as:"));
+    openAs->setBuddy(variants);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(openAs);
+    bottom->addWidget(variants);
+    bottom->addStretch();
+    bottom->addWidget(buttons);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(find);
+    layout->addWidget(list);
+    layout->addLayout(bottom);
+}
+
 } // namespace
 
 std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& chooser) {
@@ -92,23 +114,9 @@ std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& choose
     Prepare(proxy, games);
     QTreeView* list = MakeList(proxy);
     QComboBox* variants = MakeVariants(chooser);
-    auto* find = new QLineEdit;
-    find->setObjectName(QStringLiteral("Find"));
-    find->setPlaceholderText(QStringLiteral("Type a name to find its games"));
-    find->setClearButtonEnabled(true);
+    QLineEdit* find = MakeFind();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-
-    auto* openAs = new QLabel(QStringLiteral("Open &as:"));
-    openAs->setBuddy(variants);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(openAs);
-    bottom->addWidget(variants);
-    bottom->addStretch();
-    bottom->addWidget(buttons);
-    auto* layout = new QVBoxLayout(&dialog);
-    layout->addWidget(find);
-    layout->addWidget(list);
-    layout->addLayout(bottom);
+    LayOut(dialog, find, list, variants, buttons);
 
     const auto follow = [&] { buttons->button(QDialogButtonBox::Ok)->setEnabled(list->currentIndex().isValid()); };
     const auto selectFirst = [&] { list->setCurrentIndex(proxy.index(0, 0)); };
