@@ -17,10 +17,10 @@ VARIANTS = ROOT / "data" / "variants"
 
 # Each book: the definition, the least number of moves in it, the depth in half-moves to which each of them is searched.
 BOOKS = {
-    "Canadian Checkers": (2400, 10),
-    "American Checkers 12x12": (1000, 10),
-    "Italian Draughts 12x12": (1000, 10),
-    "Russian Draughts 12x12": (1000, 10),
+    "Canadian Checkers": (2000, 10),
+    "American Checkers 12x12": (600, 10),
+    "Italian Draughts 12x12": (600, 10),
+    "Russian Draughts 12x12": (600, 10),
 }
 # This one serves the other games from the classic start too, by a copy of the American section.
 CANADIAN, AMERICAN = "Canadian Checkers", "American Checkers 12x12"

@@ -371,6 +371,7 @@ QGroupBox* VariantsDialog::MakeMovements() {
     auto* frame = new QGroupBox(QStringLiteral("Movement &Directions"));
     auto* grid = new QGridLayout(frame);
     grid->setVerticalSpacing(4);
+    grid->setRowStretch(5, 1); // below the rows
     for (int half = 0; half < 2; ++half)
         grid->addWidget(new QLabel(QLatin1String(kMovementColumns[half])), 0, half + 1);
     for (int half = 0; half < 2; ++half) {
