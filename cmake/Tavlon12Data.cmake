@@ -3,7 +3,8 @@
 
 set(tavlon12_staged "")
 file(GLOB tavlon12_data_files CONFIGURE_DEPENDS LIST_DIRECTORIES false RELATIVE "${CMAKE_SOURCE_DIR}/data"
-    "${CMAKE_SOURCE_DIR}/data/*/*" "${CMAKE_SOURCE_DIR}/data/*/*/*" "${CMAKE_SOURCE_DIR}/data/*/*/*/*")
+    "${CMAKE_SOURCE_DIR}/data/*" "${CMAKE_SOURCE_DIR}/data/*/*"
+    "${CMAKE_SOURCE_DIR}/data/*/*/*" "${CMAKE_SOURCE_DIR}/data/*/*/*/*")
 foreach(file IN LISTS tavlon12_data_files)
     if(file MATCHES "^art/" OR file MATCHES "(^|/)README\\.md$")
         continue()

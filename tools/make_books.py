@@ -18,9 +18,9 @@ VARIANTS = ROOT / "data" / "variants"
 # Each book: the definition, the least number of moves in it, the depth in half-moves to which each of them is searched.
 BOOKS = {
     "Canadian Checkers": (2000, 10),
-    "American Checkers 12x12": (600, 10),
-    "Italian Draughts 12x12": (600, 10),
-    "Russian Draughts 12x12": (600, 10),
+    "American Checkers 12x12": (500, 10),
+    "Italian Draughts 12x12": (500, 10),
+    "Russian Draughts 12x12": (500, 10),
 }
 # This one serves the other games from the classic start too, by a copy of the American section.
 CANADIAN, AMERICAN = "Canadian Checkers", "American Checkers 12x12"
@@ -30,7 +30,7 @@ OFFERED = [(2, 25, 8), (5, 18, 4), (40, 12, 3)]  # up to a ply: how much less th
 PLY_COST = 5  # a line is grown before another that is n half-moves longer, or has lost 5n more
 ROUND = 24             # positions grown at a time, whatever the number of jobs: the book does not depend on it
 NAMED_PLIES = 4
-OPENINGS, OPENING_PLIES, OPENING_BALANCE, OPENING_DEPTH = 48, 4, 30, 11
+LEAST_OPENINGS, OPENING_PLIES, OPENING_BALANCE, OPENING_DEPTH = 40, (4, 6), 30, 11
 
 
 
@@ -79,13 +79,13 @@ class Lab:
             self.scores = dict(map(json.loads, self.file.read_text().splitlines()))
 
     def ask(self, questions, lines_a_job):
-        """The lines of each answer."""
+        """The lines of each answer; "error" and the reason for a question that is none."""
         if not questions:
             return []
         run = subprocess.run([*self.command, "-N", str(lines_a_job), self.batch], input="\n".join(questions) + "\n",
                              stdout=subprocess.PIPE, text=True, check=True)
-        answers = [answer.splitlines() for answer in run.stdout.split("\n.\n")[:-1]]
-        if len(answers) != len(questions) or any(answer[:1] and answer[0].startswith("error") for answer in answers):
+        answers = [answer.strip("\n").splitlines() for answer in ("\n" + run.stdout).split("\n.\n")[:-1]]
+        if len(answers) != len(questions):
             sys.exit(f"make_books.py: tavlon12-lab could not answer: {run.stdout[-400:]}")
         return answers
 
@@ -99,6 +99,10 @@ class Lab:
             with self.file.open("a") as out:
                 out.writelines(json.dumps(item) + "\n" for item in found.items())
         return {name: self.scores[f"{name} {depth}"] for name in positions}
+
+
+def options_of(variant):
+    return f"--variants {shlex.quote(str(VARIANTS))} --variant {shlex.quote(variant)}"
 
 
 def score_of(line):
@@ -121,8 +125,7 @@ class Tree:
         self.head = read_definition(variant)
         self.first = "b" if self.head["BlackStarts"] == "1" else "w"
         self.root = self.name_of(self.head["Setup"], self.first)
-        options = f"--variants {shlex.quote(str(VARIANTS))} --variant {shlex.quote(variant)} --play "
-        self.nodes = {self.root: Node(options + "''", 0)}
+        self.nodes = {self.root: Node(f"{options_of(variant)} --play ''", 0)}
 
     def name_of(self, digits, side):
         return f"{self.variant} {digits} {side}"
@@ -215,20 +218,16 @@ class Tree:
     def section(self, lines):
         """The lines of a section of a book."""
         head = [f"{key}={value}" for key, value in self.head.items()]
-        body, names, before = [], [], []
+        body, names, length = [], [], 0
         for path, _, _ in sorted(lines, key=lambda line: line[0]):
-            common = 0
-            while common < min(len(before), len(path)) and before[common] == path[common]:
-                common += 1
-            # A line is written when it does not go on: the one before it was its beginning otherwise.
-            if body and common == len(before):
-                body.pop()
+            field = book_key(path[-1]) + (self.first if len(path) % 2 == 1 else "wb".replace(self.first, ""))
+            if len(path) == length + 1 and body:
+                body[-1] += field
             else:
-                self.written = common
-            body.append(" " * 5 * self.written + "".join(self.field(path, i) for i in range(self.written, len(path))))
-            before = path
-            if len(path) <= NAMED_PLIES:
-                names.append((len(path), " ".join(map(book_key, path)) + "'" + " ".join(self.shown(path)) + "'"))
+                body.append(" " * 5 * (len(path) - 1) + field)
+            length = len(path)
+            if length <= NAMED_PLIES:
+                names.append((length, " ".join(map(book_key, path)) + "'" + " ".join(self.shown(path)) + "'"))
         return [*head, "start", *body, "names", *(name for _, name in sorted(names)), "end"]
 
     def shown(self, path):
@@ -260,16 +259,33 @@ def write_book(variant, sections):
     (folder / f"{variant}.bok").write_bytes(text.encode("ascii"))
 
 
+def is_legal_elsewhere(lab, path):
+    """Whether a line can be played in all variants that begin like the one it comes from."""
+    play = shlex.quote(" ".join(algebraic(start) + algebraic(end) for start, end in path))
+    variants = [file.stem for file in sorted(VARIANTS.glob("*.ini")) if begins_alike(file)]
+    answers = lab.ask([f"moves {options_of(variant)} --play {play}" for variant in variants], len(variants))
+    return not any(answer[-1].startswith("error") for answer in answers)
+
+
+def begins_alike(file):
+    """The normal start, White to begin, and no men that capture from afar, which they can at once."""
+    head = dict(line.split("=", 1) for line in file.read_text().splitlines() if "=" in line)
+    keys = ("Setup", "PiecesOnBlack", "BlackStarts", "AntiMode", "ManCapMoveKing")
+    return [head[key] for key in keys] == ["normal", "1", "0", "0", "0"]
+
+
 def write_openings(tree, lines):
-    """Lines without a capture, which are legal under all rules of this start, and balanced after a deep search."""
-    ends = {tuple(path): name for path, name, _ in lines
-            if len(path) == OPENING_PLIES and count_pieces(name) == count_pieces(tree.root)}
-    scores = tree.lab.search({name: tree.nodes[name].options for name in ends.values()}, OPENING_DEPTH, 1)
-    even = sorted((abs(scores[name]), path) for path, name in ends.items() if abs(scores[name]) <= OPENING_BALANCE)
-    if len(even) < OPENINGS:
+    """Lines that are legal in all variants which begin like this one, and balanced after a deep search."""
+    ends = {}
+    for path, name, _ in lines:
+        if len(path) in OPENING_PLIES and name not in ends and is_legal_elsewhere(tree.lab, path):
+            ends[name] = path
+    scores = tree.lab.search({name: tree.nodes[name].options for name in ends}, OPENING_DEPTH, 1)
+    even = sorted(path for name, path in ends.items() if abs(scores[name]) <= OPENING_BALANCE)
+    if len(even) < LEAST_OPENINGS:
         sys.exit(f"make_books.py: only {len(even)} openings are balanced")
     games = []
-    for path in sorted(path for _, path in even[:OPENINGS]):
+    for path in even:
         moves = tree.shown(path)
         pairs = [f"{i // 2 + 1}. {moves[i]} {moves[i + 1]}" for i in range(0, len(moves), 2)]
         games += [f'[Event "{" ".join(moves)}"]', '[Result "*"]', "", " ".join(pairs) + " *", ""]

@@ -1,8 +1,13 @@
 #include "engine/evaluation_tables.h"
 #include "rules/families.h"
 #include "rules/rule_keys.h"
+#include "session/book_lookup.h"
+#include "session/load_game.h"
 #include "session/load_variant.h"
+#include "session/navigation.h"
+#include "session/play_modes.h"
 #include "session/program_files.h"
+#include "session/record_move.h"
 #include "support/game_setup.h"
 
 #include <gtest/gtest.h>
@@ -101,6 +106,70 @@ TEST(VariantsSlow, RandomGamesStayFarFromTheLimits) {
             ASSERT_FALSE(position->Fault.Passed()) << variant.Name << "\n" << DescribePosition(*position);
         }
     }
+}
+
+/// Plays every move that the book offers from the position on the board. Counts them.
+void WalkBook(Session& game, Long& moves) {
+    const BookAnswer answer = ConsultBook(game, false);
+    ASSERT_EQ(answer.InBook, moves > 0);
+    ASSERT_EQ(answer.OpeningName.empty(), moves == 0);
+    for (const std::string& key : answer.BookCandidates) {
+        const auto square = [&](std::size_t at) {
+            return SquareNumber(key.substr(at, 2), kNumeric, game.Pos.Rules.PiecesOnBlack);
+        };
+        const MoveAnswer made = InputSquares(game, {square(0), square(2)});
+        ASSERT_TRUE(std::holds_alternative<MadeMove>(made)) << key << " is not legal behind " << moves;
+        EnterHalfMove(game, std::get<MadeMove>(made), {kByPerson, 0, "2"});
+        ++moves;
+        ASSERT_NO_FATAL_FAILURE(WalkBook(game, moves)) << key;
+        GoToMove(game, 1, true, true);
+    }
+}
+
+TEST(BooksSlow, OfferOnlyLegalMoves) {
+    const std::pair<const char*, Long> books[] = {{"Canadian Checkers", 2000},
+                                                  {"American Checkers 12x12", 500},
+                                                  {"Italian Draughts 12x12", 500},
+                                                  {"Russian Draughts 12x12", 500}};
+    for (const auto& [name, least] : books) {
+        SCOPED_TRACE(name);
+        SessionFixture fixture;
+        fixture.Game.Settings.PlayMode = kPlayerPlayer;
+        ASSERT_NO_FATAL_FAILURE(StartVariant(fixture, name));
+        Long moves = 0;
+        WalkBook(fixture.Game, moves);
+        ASSERT_GE(moves, least);
+
+        LimitDepth(fixture, 1);
+        fixture.Game.Settings.OpeningBook = 1;
+        ComputeCommand(fixture.Game);
+        ASSERT_EQ(fixture.Screen.List(ListId::List1).Lines.size(), 1u);
+        EXPECT_TRUE(fixture.Screen.List(ListId::List1).Lines[0].ends_with("b"));
+        EXPECT_TRUE(fixture.Screen.SearchLine.ends_with("Main: Book"));
+    }
+}
+
+TEST(BooksSlow, EveryOpeningIsLegalInTheVariantsThatItServes) {
+    std::set<std::string> served;
+    for (const auto& [name, rules] : ShippedRules()) {
+        SessionFixture fixture;
+        ASSERT_NO_FATAL_FAILURE(StartVariant(fixture, name));
+        if (rules.ManCapMoveKing == 1) continue; // men capture from afar: no quiet move is legal for long
+        std::size_t openings = 1;
+        for (std::size_t opening = 1; opening <= openings; ++opening) {
+            fixture.Screen.Choice = PdnChoice{static_cast<Long>(opening), 0};
+            LoadGame(fixture.Game, LoadSource::Opening);
+            if (fixture.Screen.Choosers.empty()) break; // the file does not serve this start
+            served.insert(name);
+            const auto& rows = fixture.Screen.Choosers.back().Rows;
+            openings = rows.size();
+            EXPECT_GE(openings, 40u);
+            const std::string& moves = rows[opening - 1][0];
+            EXPECT_EQ(fixture.Game.Record.LastMoveIndex, 1 + std::ranges::count(moves, ' ')) << name << ": " << moves;
+        }
+        EXPECT_TRUE(fixture.Screen.Messages.empty()) << name << ": " << fixture.Screen.Messages[0].Text;
+    }
+    EXPECT_GE(served.size(), 20u);
 }
 
 TEST(LoadVariant, TakesRulesTextsAndStartOverOrNothing) {
