@@ -121,7 +121,7 @@ struct UnevenRace {
 };
 
 /// All positional terms of the board, seen from White.
-Long PositionalScore(const Position& position, const SearchState& search) {
+Long PositionalScore(const Position& position, SearchState& search) {
     const EvaluationTables& tables = search.Tables;
     const std::array<bool, 2> manyMen = {position.Sums.PieceCount[0] > search.WhiteMenThreshold,
                                          position.Sums.PieceCount[1] > search.BlackMenThreshold};
@@ -136,8 +136,8 @@ Long PositionalScore(const Position& position, const SearchState& search) {
                 (tables.EmptyAdvancement[1] + sums.Third) * (manyMen[1] ? 2 : 1);
     }
     if (tables.ClosenessOn) {
-        score += SumCloseness(position, kWhite, target[1], 1).Weighted;
-        score -= SumCloseness(position, kBlack, target[0], 1).Weighted;
+        score += SumCloseness(position, search.Tables.Closeness, kWhite, target[1], 1).Weighted;
+        score -= SumCloseness(position, search.Tables.Closeness, kBlack, target[0], 1).Weighted;
     }
     if (search.BackRankOn) {
         if (manyMen[0]) score += BackRankScore(position, tables.BackRankLines, kWhite, false);

@@ -100,6 +100,7 @@ void BuildEvaluationTables(Position& position, EvaluationTables& tables) {
 
 void AdoptFamily(Position& position, EvaluationTables& tables, Family family) {
     tables.VariantFamily = family;
+    tables.Closeness.Clear();
     if (family != Family::None) {
         BuildFastSquareValues(position, tables);
         BuildFamilyTerms(family, position, tables);

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cassert>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <initializer_list>
 
 namespace tavlon12 {
@@ -30,54 +30,43 @@ constexpr std::array<SquareFlags, 3> kCentre = {
 constexpr SquareFlags kMainLine = FlagsOf({29, 44, 59, 74, 89, 104, 119, 134, 149, 164, 179, 194});
 constexpr SquareFlags kBadKingSquares = FlagsOf({35, 110, 113, 188});
 
-/// The squares and the border cells between them, rounded up to whole vectors of 16 bytes.
-constexpr Long kSpan = 176;
-using SpanBytes = std::array<std::int8_t, kSpan>;
+/// The nearness of all squares to a target in binary: set i has the squares whose nearness has bit i.
+struct NearnessBits {
+    static constexpr Long kBits = 5; ///< nearness lies between 1 and 23
+    std::array<SquareSet, kBits> Bits{};
 
-/// Nearness to each target, divided by 1 and by 3, for all cells of the span.
+    /// Sum of the nearness over a set of squares; `bits` is how many of the bits are ever used.
+    template <Long bits> Long SumOver(const SquareSet& squares) const {
+        Long sum = 0;
+        for (Long i = 0; i < bits; ++i) sum += (squares & Bits[i]).Count() << i;
+        return sum;
+    }
+};
+
+/// By divisor, 1 or 3, and target.
 struct NearnessTable {
-    std::array<std::array<SpanBytes, kLastSquare + 1>, 2> ByDivisor;
+    std::array<std::array<NearnessBits, kLastSquare + 1>, 2> ByDivisor{};
 
     NearnessTable() {
         for (Long divisor : {1, 3}) {
-            for (Long target = 0; target <= kLastSquare; ++target) {
-                for (Long i = 0; i < kSpan; ++i) {
-                    Long nearness = kNearness - Distance(target, kFirstSquare + i);
-                    ByDivisor[divisor == 3][target][i] = static_cast<std::int8_t>(nearness / divisor);
-                }
+            for (Long target = kFirstSquare; target <= kLastSquare; ++target) {
+                kAllSquares.ForEach([&](Long square) { Add(divisor, target, square); });
             }
+        }
+    }
+
+    void Add(Long divisor, Long target, Long square) {
+        const Long nearness = (kNearness - Distance(target, square)) / divisor;
+        for (Long i = 0; i < NearnessBits::kBits; ++i) {
+            if ((nearness >> i & 1) != 0) ByDivisor[divisor == 3][target].Bits[i].Flip(square);
         }
     }
 };
 
 const NearnessTable kNearnessTable;
 
-// 16 cells at once, by the vector extension that GCC and Clang share. A comparison gives -1 where it holds.
-using Vector = std::int8_t __attribute__((vector_size(16)));
-using Words = std::int16_t __attribute__((vector_size(16)));
-
-Vector Load(const std::int8_t* from) {
-    Vector vector;
-    std::memcpy(&vector, from, sizeof vector);
-    return vector;
-}
-
-/// The products of all bytes, those of a pair added. The words keep room for the sum over a board.
-Words MultiplyPairs(Vector a, Vector b) {
-    auto even = [](Vector v) { return (reinterpret_cast<Words>(v) << 8) >> 8; };
-    auto odd = [](Vector v) { return reinterpret_cast<Words>(v) >> 8; };
-    return even(a) * even(b) + odd(a) * odd(b);
-}
-
-Long SumOfWords(Words words) {
-    Long sum = 0;
-    for (int i = 0; i < 8; ++i) sum += words[i];
-    return sum;
-}
-
-/// The same sum piece by piece.
-[[maybe_unused]] bool IsClosenessOf(const Position& position, Long side, Long target, Long manDivisor,
-                                    const ClosenessSum& sum) {
+/// The sum piece by piece.
+ClosenessSum CountCloseness(const Position& position, Long side, Long target, Long manDivisor) {
     Long weighted = 0;
     Long lonely = 0;
     PiecesOf(position, side).ForEach([&](Long square) {
@@ -86,7 +75,60 @@ Long SumOfWords(Words words) {
         weighted += support * (nearness / (Magnitude(position.Board[square]) == kKing ? 3 : manDivisor));
         lonely += support == 1 ? 1 : 0;
     });
-    return weighted == sum.Weighted && lonely == sum.Lonely;
+    return {weighted, lonely};
+}
+
+/// The same sum from sets of squares.
+ClosenessSum WorkOutCloseness(const Position& position, Long side, Long target, Long manDivisor) {
+    if (target == 0) return CountCloseness(position, side, target, manDivisor); // off the board: not in the table
+    constexpr Long kBitsOfThird = 3;
+    const Long man = PieceType(side * kMan);
+    const auto& sets = position.Sums.Key.Sets;
+    const SquareSet own = sets[man] | sets[man + 2];
+    const bool anyKings = position.Sums.PieceCount[man + 2] > 0;
+    const NearnessBits& third = kNearnessTable.ByDivisor[1][target];
+    const NearnessBits& whole = kNearnessTable.ByDivisor[0][target];
+    const auto nearness = [&](const SquareSet& squares) {
+        if (manDivisor == 3) return third.SumOver<kBitsOfThird>(squares);
+        if (!anyKings) return whole.SumOver<NearnessBits::kBits>(squares);
+        return whole.SumOver<NearnessBits::kBits>(squares & sets[man]) +
+               third.SumOver<kBitsOfThird>(squares & sets[man + 2]);
+    };
+
+    // Each piece that could step to the square of another counts 2 for that.
+    SquareSet supported;
+    Long support = 0;
+    for (Long type : {man, man + 2}) {
+        if (position.Sums.PieceCount[type] == 0) continue;
+        for (Long step : position.DirTable[type]) {
+            if (step == kEndOfSteps) break;
+            const SquareSet reached = sets[type].Shifted(step) & own;
+            supported |= reached;
+            support += nearness(reached);
+        }
+    }
+    return {nearness(own) + 2 * support, (own - supported).Count()};
+}
+
+/// A window with every square moved by a step; what leaves the window is dropped.
+std::uint64_t Stepped(std::uint64_t window, Long step) {
+    return step > 0 ? window << step : window >> -step;
+}
+
+/// Adds a line from a square. One that stands in the list twice, and a direction too, counts twice: each set of lines
+/// holds a square once.
+void AddLine(std::vector<BackRankLine>& lines, Long square, Long second, Long third) {
+    constexpr Long kLastBit = kLastSquare - kFirstSquare;
+    const Long bit = square - kFirstSquare;
+    // What lies off the board is never empty and has no man, in the window or outside.
+    const Long first = std::max(bit + std::min({0, second, third}), 0);
+    const Long last = std::min(bit + std::max({0, second, third}), kLastBit);
+    auto line = std::ranges::find_if(lines, [&](const BackRankLine& l) {
+        const bool fits = l.Base <= first && last < l.Base + 64;
+        return fits && l.Second == second && l.Third == third && (l.From >> (bit - l.Base) & 1u) == 0;
+    });
+    if (line == lines.end()) line = lines.insert(line, {std::min(first, kLastBit - 63), 0, second, third});
+    line->From |= std::uint64_t{1} << (bit - line->Base);
 }
 
 } // namespace
@@ -99,61 +141,38 @@ Long TargetOf(const Position& position, Long side) {
     return side == kWhite ? pieces.LastOfFirstRow() : pieces.FirstOfLastRow();
 }
 
-ClosenessSum SumCloseness(const Position& position, Long side, Long target, Long manDivisor) {
-    const std::int8_t* cells = position.Sums.Bytes.data() + kByteMargin + kFirstSquare;
-    const auto man = static_cast<std::int8_t>(side * kMan);
-    const auto king = static_cast<std::int8_t>(side * kKing);
-    const Long type = PieceType(man);
-
-    const SpanBytes& ofMen = kNearnessTable.ByDivisor[manDivisor == 3][target];
-    const SpanBytes& ofKings = kNearnessTable.ByDivisor[1][target];
-    const bool anyKings = position.Sums.PieceCount[type + 2] > 0;
-
-    Words weighted{};
-    Words lonely{};
-    for (Long i = 0; i < kSpan; i += 16) {
-        const std::int8_t* block = cells + i;
-        const Vector here = Load(block);
-        const Vector isMan = here == man;
-        const Vector isKing = here == king;
-        Vector neighbours{}; // less 1 for each piece that could step here
-        for (Long step : position.DirTable[type]) {
-            if (step == kEndOfSteps) break;
-            neighbours += Load(block - step) == man;
-        }
-        if (anyKings) {
-            for (Long step : position.DirTable[type + 2]) {
-                if (step == kEndOfSteps) break;
-                neighbours += Load(block - step) == king;
-            }
-        }
-        const Vector nearness = (isMan & Load(&ofMen[i])) | (isKing & Load(&ofKings[i]));
-        weighted += MultiplyPairs(1 - 2 * neighbours, nearness);
-        lonely += MultiplyPairs((isMan | isKing) & (neighbours == 0), isMan | isKing);
+ClosenessSum SumCloseness(const Position& position, ClosenessMemory& memory, Long side, Long target, Long manDivisor) {
+    const PositionKey& key = position.Sums.Key;
+    const Long man = PieceType(side * kMan);
+    ClosenessMemory::Entry& entry = memory.At(SideIndex(side), key.Hash[SideIndex(side)]);
+    if (entry.Target != target || entry.ManDivisor != manDivisor || entry.Men != key.Sets[man] ||
+        entry.Kings != key.Sets[man + 2]) {
+        entry = {key.Sets[man], key.Sets[man + 2], target, manDivisor,
+                 WorkOutCloseness(position, side, target, manDivisor)};
     }
-    const ClosenessSum sum{SumOfWords(weighted), SumOfWords(lonely)};
-    assert(IsClosenessOf(position, side, target, manDivisor, sum));
-    return sum;
+    assert(entry.Sum == CountCloseness(position, side, target, manDivisor));
+    return entry.Sum;
 }
 
 Long BackRankScore(const Position& position, const BackRankLines& lines, Long side, bool openCountsTwice) {
-    const SquareSet empty = EmptySquares(position);
+    const SquareSet allEmpty = EmptySquares(position);
     Long score = 0;
     for (const BackRankLine& line : lines[SideIndex(side)]) {
-        SquareSet open = line.From & empty;
-        if (open.Any()) {
-            SquareSet second = empty.Shifted(-line.Second);
-            SquareSet third = empty.Shifted(-line.Third);
-            Long full = (open & second & third).Count();
-            Long gaps = (open & (second | third)).Count();
+        const std::uint64_t empty = allEmpty.Window(line.Base);
+        const std::uint64_t open = line.From & empty;
+        if (open != 0) {
+            const std::uint64_t second = Stepped(empty, -line.Second);
+            const std::uint64_t third = Stepped(empty, -line.Third);
+            const Long full = std::popcount(open & second & third);
+            const Long gaps = std::popcount(open & (second | third));
             score += side * (30 * full + 20 * (openCountsTwice ? gaps : gaps - full));
         }
-        if (line.Third != 2 * line.Second) continue;
+        if (open == line.From || line.Third != 2 * line.Second) continue;
         for (Long colour : {kWhite, kBlack}) {
-            const SquareSet& men = position.Sums.Key.Sets[PieceType(colour * kMan)];
-            SquareSet first = line.From & men;
-            if (!first.Any()) continue;
-            score += colour * 30 * (first & men.Shifted(-line.Second) & men.Shifted(-line.Third)).Count();
+            const std::uint64_t men = position.Sums.Key.Sets[PieceType(colour * kMan)].Window(line.Base);
+            const std::uint64_t first = line.From & men;
+            if (first == 0) continue;
+            score += colour * 30 * std::popcount(first & Stepped(men, -line.Second) & Stepped(men, -line.Third));
         }
     }
     return score;
@@ -164,15 +183,6 @@ BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stop
     for (Long side : {kWhite, kBlack}) {
         auto& lines = result[SideIndex(side)];
         const DirectionRow& manSteps = position.DirTable[PieceType(-side * kMan)];
-        // A square that stands in the list twice, and a direction too, counts twice: each set of lines holds a square
-        // once.
-        auto add = [&](Long square, Long second, Long third) {
-            auto line = std::find_if(lines.begin(), lines.end(), [&](const BackRankLine& l) {
-                return l.Second == second && l.Third == third && !l.From.Has(square);
-            });
-            if (line == lines.end()) line = lines.insert(line, {{}, second, third});
-            line->From.Flip(square);
-        };
         for (Long slot = 0; slot < slots; ++slot) {
             Long square = PromoSquares(position, side)[slot];
             if (!IsSquare(square)) continue;
@@ -180,7 +190,7 @@ BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stop
                 if (step == kEndOfSteps || (stopsAtSideways && std::abs(step) == 1) || !IsSquare(square + step)) break;
                 for (Long next : manSteps) {
                     if (next == kEndOfSteps) break;
-                    if (next != -step) add(square, step, step + next);
+                    if (next != -step) AddLine(lines, square, step, step + next);
                 }
             }
         }

@@ -8,8 +8,8 @@ namespace tavlon12 {
 // What the general evaluation and those of the families share.
 //
 // What a piece is worth on its square alone is summed up by making and unmaking moves (piece_terms.h). What depends on
-// other pieces is worked out here: the nearness of a supported piece to its target, as loops over bytes that the
-// compiler turns into vector instructions, and the lines at the back rank, as shifts of whole sets.
+// other pieces is worked out here from sets of squares: the nearness of a supported piece to its target, and the lines
+// at the back rank.
 
 /// The greatest distance of two squares is 22, so that every bonus for nearness is above 0.
 inline constexpr Long kNearness = 23;
@@ -19,14 +19,9 @@ inline constexpr Long kNearness = 23;
 /// pieces.
 Long TargetOf(const Position& position, Long side);
 
-struct ClosenessSum {
-    Long Weighted; ///< over the pieces of a side, support times nearness
-    Long Lonely;   ///< how many of them have no support
-};
-
 /// Closeness of the pieces of `side` to `target`. The nearness of a man is divided by `manDivisor` (1 or 3), that of a
-/// king by 3.
-ClosenessSum SumCloseness(const Position& position, Long side, Long target, Long manDivisor);
+/// king by 3. Looks it up in the memory first.
+ClosenessSum SumCloseness(const Position& position, ClosenessMemory& memory, Long side, Long target, Long manDivisor);
 
 /// Sum over the lines at the back rank before the promotion squares of `side`, seen from White. An open line counts 30,
 /// and one with a gap 20; `openCountsTwice` gives an open line both.

@@ -27,8 +27,8 @@ Long OwnTerms(Family family, const Position& position, const EvaluationTables& t
 }
 
 /// Nearness, less a little for each piece on its own.
-Long Closeness(const Position& position, Long side) {
-    ClosenessSum sum = SumCloseness(position, side, TargetOf(position, -side), 3);
+Long Closeness(const Position& position, ClosenessMemory& memory, Long side) {
+    ClosenessSum sum = SumCloseness(position, memory, side, TargetOf(position, -side), 3);
     return sum.Weighted - 10 * sum.Lonely;
 }
 
@@ -62,8 +62,9 @@ Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long be
     if (search.RepeatCount > 0 || RepeatsElseStore(position)) return 0;
     if (!wholeScore) return 0;
 
-    Long score =
-        static_cast<Long>(position.Sums.TermSum.OfFamily) + Closeness(position, kWhite) - Closeness(position, kBlack);
+    ClosenessMemory& memory = search.Tables.Closeness;
+    Long score = static_cast<Long>(position.Sums.TermSum.OfFamily) + Closeness(position, memory, kWhite) -
+                 Closeness(position, memory, kBlack);
     const auto& lines = search.Tables.FamilyBackRankLines;
     if (count[0] > search.WhiteMenThreshold) score += BackRankScore(position, lines, kWhite, true);
     if (count[1] > search.BlackMenThreshold) score += BackRankScore(position, lines, kBlack, true);

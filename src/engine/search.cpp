@@ -81,11 +81,20 @@ constexpr bool MembersStandInOrder() {
 }
 static_assert(MembersStandInOrder());
 
-template <Family family> void Generate(Position& position, Long mode) {
+template <Family family> void GenerateAll(Position& position) {
     if constexpr (family == Family::None) {
-        GenerateMoves(position, mode);
+        GenerateLegalMoves(position);
     } else {
-        GenerateFamilyMoves<family>(position, mode);
+        GenerateLegalFamilyMoves<family>(position);
+    }
+}
+
+/// Moves at a depth of 0 or less, which is the generator's mode.
+template <Family family> void GenerateCaptures(Position& position, Long depth) {
+    if constexpr (family == Family::None) {
+        GenerateMoves(position, depth);
+    } else {
+        GenerateFamilyMoves<family>(position, depth);
     }
 }
 
@@ -161,11 +170,10 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     // 6. Moves: all of them above depth 0, captures alone below
     Long best;
     if (depth > 0) {
-        Generate<traits.Moves>(position, 0);
-        if (MoveCount(tree) == 0 && !position.Fault.Passed()) Generate<traits.Moves>(position, 1);
+        GenerateAll<traits.Moves>(position);
         best = -kWin;
     } else {
-        Generate<traits.Moves>(position, depth);
+        GenerateCaptures<traits.Moves>(position, depth);
         best = value;
     }
 
@@ -180,7 +188,8 @@ template <SearchMember member> Long Search(Position& position, SearchState& sear
     }
 
     // 9. The moves, the best of them first
-    for (Long slot = NextBestMove(position); slot >= 0; slot = NextBestMove(position)) {
+    MovePicker moves(position);
+    for (Long slot = moves.Next(); slot >= 0; slot = moves.Next()) {
         PerformMove(position, slot);
         const Long score = -Search<member>(position, search, -beta, -alpha, depth - 1);
         TakeBackMove(position, slot);

@@ -14,15 +14,45 @@
 
 namespace tavlon12 {
 
-/// Lines of three squares from promotion squares on, all in the same direction.
+/// Lines of three squares from promotion squares on, all in the same direction, within a window of 64 squares.
 struct BackRankLine {
-    SquareSet From;
-    Long Second; ///< step to the second square
-    Long Third;  ///< step to the third, from the first
+    Long Base;          ///< the first square of the window, as a bit of the sets
+    std::uint64_t From; ///< the promotion squares, in the window
+    Long Second;        ///< step to the second square
+    Long Third;         ///< step to the third, from the first
 };
 
 /// By the side whose men promote there.
 using BackRankLines = std::array<std::vector<BackRankLine>, 2>;
+
+struct ClosenessSum {
+    Long Weighted; ///< over the pieces of a side, support times nearness
+    Long Lonely;   ///< how many of them have no support
+
+    bool operator==(const ClosenessSum&) const = default;
+};
+
+/// Closeness as it was worked out last for the pieces of a side: between two positions of a search mostly one side's
+/// have changed. The key is the whole of what the sum depends on under a set of rules.
+class ClosenessMemory {
+public:
+    struct Entry {
+        SquareSet Men;
+        SquareSet Kings;
+        Long Target = 0;
+        Long ManDivisor = 0;
+        ClosenessSum Sum{};
+    };
+
+    /// The entry for the pieces of a side with this hash, whatever it holds.
+    Entry& At(std::size_t side, std::uint64_t hash) { return Entries[side * kEntries + hash % kEntries]; }
+    void Clear() { Entries.assign(Entries.size(), {}); }
+
+private:
+    static constexpr std::size_t kEntries = 4096; ///< a side; both take half a megabyte
+
+    std::vector<Entry> Entries = std::vector<Entry>(2 * kEntries);
+};
 
 /// What the evaluation reads beside the position; built anew whenever a rule set comes into force.
 struct EvaluationTables {
@@ -31,8 +61,9 @@ struct EvaluationTables {
     std::array<Long, 2> EmptyAdvancement{};                       ///< by side, half its square values over all squares
     tavlon12::BackRankLines BackRankLines;                        ///< of the general evaluation
     tavlon12::BackRankLines FamilyBackRankLines;                  ///< of the family's
-    bool ConesMatter = false;                                     ///< some square lies outside the cones
-    bool PromoEven = false;                                       ///< both sides have as many promotion squares
+    ClosenessMemory Closeness;
+    bool ConesMatter = false;            ///< some square lies outside the cones
+    bool PromoEven = false;              ///< both sides have as many promotion squares
     Long PromoCountMax = -1;             ///< the larger number of used promotion slots, minus 1
     bool ClosenessOn = true;             ///< neither winning square rule is on
     Family VariantFamily = Family::None; ///< chosen once per game

@@ -41,15 +41,13 @@ template <Family F> void RegisterSelected(Position& position) {
     }
 }
 
-} // namespace
-
-template <Family F> void GenerateFamilyMoves(Position& position, Long mode) {
+/// One call of the generator, with the pieces that a capture may start from. Captures are mandatory in all four sets,
+/// so that mode 0 gives no quiet moves.
+template <Family F> void Generate(Position& position, Long mode, const SquareSet& starters) {
     GameTree& tree = position.Tree;
     assert(tree.Ply >= 0 && tree.Ply <= kMaxPly);
     assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
-    // Captures are mandatory in all four sets, so that mode 0 gives no quiet moves.
-    SquareSet starters = CaptureStarters(position, FamilyRules<F>(position));
     MoveWalk walk =
         WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes) {
             RegisterMove(position, from, to, promotes ? kKing : 0);
@@ -63,13 +61,37 @@ template <Family F> void GenerateFamilyMoves(Position& position, Long mode) {
     tree.PlyFirstMove[tree.Ply + 1] = tree.NextMoveSlot;
 }
 
+} // namespace
+
+template <Family F> void GenerateFamilyMoves(Position& position, Long mode) {
+    Generate<F>(position, mode, CaptureStarters(position, FamilyRules<F>(position)));
+}
+
+template <Family F> Long GenerateLegalFamilyMoves(Position& position) {
+    const SquareSet starters = CaptureStarters(position, FamilyRules<F>(position));
+    if (starters.Any()) {
+        Generate<F>(position, 0, starters);
+        if (MoveCount(position.Tree) > 0 || position.Fault.Passed()) return MoveCount(position.Tree);
+    }
+    Generate<F>(position, 1, starters);
+    return MoveCount(position.Tree);
+}
+
 template void GenerateFamilyMoves<Family::American>(Position&, Long);
 template void GenerateFamilyMoves<Family::Italian>(Position&, Long);
 template void GenerateFamilyMoves<Family::German>(Position&, Long);
 template void GenerateFamilyMoves<Family::Russian>(Position&, Long);
+template Long GenerateLegalFamilyMoves<Family::American>(Position&);
+template Long GenerateLegalFamilyMoves<Family::Italian>(Position&);
+template Long GenerateLegalFamilyMoves<Family::German>(Position&);
+template Long GenerateLegalFamilyMoves<Family::Russian>(Position&);
 
 void GenerateFamilyMoves(Family family, Position& position, Long mode) {
     VisitFamily(family, [&]<Family F>() { GenerateFamilyMoves<F>(position, mode); });
+}
+
+Long GenerateLegalFamilyMoves(Family family, Position& position) {
+    return VisitFamily(family, [&]<Family F>() { return GenerateLegalFamilyMoves<F>(position); });
 }
 
 Long CountFamilyMoves(Family family, Position& position) {

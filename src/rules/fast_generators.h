@@ -14,6 +14,10 @@ template <Family F> void GenerateFamilyMoves(Position& position, Long mode);
 /// The same for a family known at run time; `family` must not be None.
 void GenerateFamilyMoves(Family family, Position& position, Long mode);
 
+/// The legal moves of the side to move: captures first, and all moves when there are none. Gives their number.
+template <Family F> Long GenerateLegalFamilyMoves(Position& position);
+Long GenerateLegalFamilyMoves(Family family, Position& position);
+
 /// The number of legal moves alone, quiet ones counted in bulk. `family` must not be None.
 Long CountFamilyMoves(Family family, Position& position);
 

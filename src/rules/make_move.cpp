@@ -16,8 +16,6 @@ void MovePiece(Position& position, Long from, Long to) {
     Long type = PieceType(piece);
     position.Board[from] = kEmpty;
     position.Board[to] = piece;
-    position.Sums.Bytes[from + kByteMargin] = kEmpty;
-    position.Sums.Bytes[to + kByteMargin] = static_cast<std::int8_t>(piece);
     position.Sums.Key.Flip(type, from);
     position.Sums.Key.Flip(type, to);
     position.Sums.TermSum += position.TermsOfPieces[type][to];

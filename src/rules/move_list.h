@@ -10,7 +10,7 @@ namespace tavlon12 {
 inline constexpr Long kMaxJumps = 21;
 inline constexpr Long kMoveSlots = 1001;
 inline constexpr Long kMaxPly = 100;
-inline constexpr Long kUsedScore = -32000; ///< `SortScore` of a move that has been handed out
+inline constexpr Long kUsedScore = -32000; ///< sort score of a move that has been handed out
 
 /// The jumped pieces of a capture in the order of the walk. Entries at and above `Count` are 0, so that equal paths are
 /// equal bit by bit.
@@ -54,7 +54,6 @@ struct MoveRecord {
     Long To = 0;
     CapturePath Captures;
     Long Promotes = 0; ///< 0, or 2 when the moving piece ends the move as a king by promotion
-    Long SortScore = 0;
 
     bool IsCapture() const { return Captures.Count != 0; }
     bool operator==(const MoveRecord&) const = default;
@@ -62,6 +61,9 @@ struct MoveRecord {
 
 /// The shared list of all plies: ply p owns the slots `PlyFirstMove[p]` to `PlyFirstMove[p + 1]` - 1 of the game tree.
 using MoveList = std::array<MoveRecord, kMoveSlots>;
+
+/// By slot, what tells the order in which the search tries the moves.
+using SortScores = std::array<Long, kMoveSlots>;
 
 struct SquarePair {
     Long From = 0;

@@ -40,7 +40,6 @@ Sums SumsOf(const BoardCells& board, const PieceTermTable& terms) {
         const Long type = PieceType(piece);
         sums.Key.Flip(type, square);
         ++sums.PieceCount[type];
-        sums.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
         sums.TermSum += terms[type][square];
     }
     return sums;

@@ -48,16 +48,10 @@ struct PromotionMarks {
 
 PromotionMarks MarkPromotions(const RuleSet& rules);
 
-/// A board of one byte a cell, border cells 0, for loops over many cells at once. Room before and behind lets such a
-/// loop look a step away from any cell.
-inline constexpr Long kByteMargin = 32;
-using ByteBoard = std::array<std::int8_t, kBoardCells + 2 * kByteMargin>;
-
 /// What follows from the pieces on a board. Putting and lifting a piece keep it up to date.
 struct Sums {
     PositionKey Key;                  ///< the pieces as sets of squares
     std::array<Long, 4> PieceCount{}; ///< by piece type
-    ByteBoard Bytes{};                ///< the live pieces again, a byte each
     PieceTerms TermSum;               ///< over the pieces on the board
 
     bool operator==(const Sums&) const = default;
@@ -86,6 +80,7 @@ struct Position {
     BoardCells InitialBoard = EmptyBoard();
     GameTree Tree;
     MoveList Moves{};
+    tavlon12::SortScores SortScores{}; ///< of `Moves`
     KillerMoves Killers{};
     BestLineTable BestLine{};
     std::array<PositionKey, kTreeSize> PositionKeys{}; ///< entry i: the placement after half-move i + 1
@@ -103,7 +98,6 @@ inline void PutPiece(Position& position, Long square, Long piece) {
     assert(IsLivePiece(piece) && position.Board[square] == kEmpty);
     Long type = PieceType(piece);
     position.Board[square] = piece;
-    position.Sums.Bytes[square + kByteMargin] = static_cast<std::int8_t>(piece);
     position.Sums.Key.Flip(type, square);
     ++position.Sums.PieceCount[type];
     position.Sums.TermSum += position.TermsOfPieces[type][square];
@@ -113,7 +107,6 @@ inline void LiftPiece(Position& position, Long square) {
     assert(IsLivePiece(position.Board[square]));
     Long type = PieceType(position.Board[square]);
     position.Board[square] = kEmpty;
-    position.Sums.Bytes[square + kByteMargin] = kEmpty;
     position.Sums.Key.Flip(type, square);
     --position.Sums.PieceCount[type];
     position.Sums.TermSum -= position.TermsOfPieces[type][square];

@@ -7,14 +7,16 @@
 
 namespace tavlon12 {
 
-/// Identifies a placement exactly: where the pieces of each type stand. The hash is the exclusive or of one random
-/// number a piece and makes a comparison quick; equal keys have equal sets. The side to move is no part of it. The key
-/// of an empty board equals that of an entry never written.
+/// Identifies a placement exactly: where the pieces of each type stand. A hash is the exclusive or of one random number
+/// a piece and makes a comparison quick; equal keys have equal sets. The side to move is no part of it. The key of an
+/// empty board equals that of an entry never written.
 struct PositionKey {
-    std::uint64_t Hash = 0;
-    std::array<SquareSet, 4> Sets{}; ///< by piece type
+    std::array<std::uint64_t, 2> Hash{}; ///< of each side's pieces
+    std::array<SquareSet, 4> Sets{};     ///< by piece type
 
-    bool operator==(const PositionKey& other) const { return Hash == other.Hash && Sets == other.Sets; }
+    bool operator==(const PositionKey& other) const {
+        return Hash[0] == other.Hash[0] && Hash[1] == other.Hash[1] && Sets == other.Sets;
+    }
 
     /// Adds a piece to the key, or takes it out again.
     void Flip(Long pieceType, Long square);
@@ -45,7 +47,7 @@ inline constexpr auto kNumbers = MakeNumbers();
 
 inline void PositionKey::Flip(Long pieceType, Long square) {
     Sets[pieceType].Flip(square);
-    Hash ^= key_detail::kNumbers[pieceType][square];
+    Hash[pieceType % 2] ^= key_detail::kNumbers[pieceType][square];
 }
 
 /// The key of a board, made from its cells.

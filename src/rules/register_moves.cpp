@@ -2,20 +2,28 @@
 
 namespace tavlon12 {
 
-Long NextBestMove(Position& position) {
-    const GameTree& tree = position.Tree;
-    assert(tree.PlyFirstMove[tree.Ply] <= tree.PlyFirstMove[tree.Ply + 1]);
-    assert(tree.PlyFirstMove[tree.Ply + 1] <= kMoveSlots);
-    Long bestScore = kUsedScore;
+Long MovePicker::Next() {
+    // No score is higher than the last one, and most moves have the same.
+    if (Slot >= 0) {
+        for (Long slot = Slot + 1; slot < End; ++slot) {
+            if (Scores[slot] == Score) return Take(slot);
+        }
+    }
+    Long best = kUsedScore;
     Long bestSlot = -1;
-    for (Long slot = tree.PlyFirstMove[tree.Ply]; slot < tree.PlyFirstMove[tree.Ply + 1]; ++slot) {
-        if (position.Moves[slot].SortScore > bestScore) {
-            bestScore = position.Moves[slot].SortScore;
+    for (Long slot = First; slot < End; ++slot) {
+        if (Scores[slot] > best) {
+            best = Scores[slot];
             bestSlot = slot;
         }
     }
-    if (bestSlot >= 0) position.Moves[bestSlot].SortScore = kUsedScore;
-    return bestSlot;
+    return bestSlot >= 0 ? Take(bestSlot) : -1;
+}
+
+Long MovePicker::Take(Long slot) {
+    Score = Scores[slot];
+    Scores[slot] = kUsedScore;
+    return Slot = slot;
 }
 
 } // namespace tavlon12

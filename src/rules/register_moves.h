@@ -32,41 +32,32 @@ inline Long CaptureScore(const Position& position, Long from, Long to, const Cap
     return score + MemoryScore(position, from, to);
 }
 
-/// The next free slot of the list.
-inline MoveRecord& AppendSlot(Position& position) {
+/// The next free slot of the list, with the sort score of the move that goes there.
+inline MoveRecord& AppendSlot(Position& position, Long sortScore) {
     GameTree& tree = position.Tree;
     assert(tree.NextMoveSlot >= tree.PlyFirstMove[tree.Ply] && tree.NextMoveSlot < kMoveSlots);
-    MoveRecord& move = position.Moves[tree.NextMoveSlot];
-    if (tree.NextMoveSlot < kMoveSlots - 1) {
+    const Long slot = tree.NextMoveSlot;
+    if (slot < kMoveSlots - 1) {
         ++tree.NextMoveSlot;
     } else {
         position.StopFlag = kStopCancel;
     }
-    return move;
+    position.SortScores[slot] = sortScore;
+    return position.Moves[slot];
 }
 
 /// Appends a quiet move of the current ply.
 inline void RegisterMove(Position& position, Long from, Long to, Long promotes = 0) {
     assert(from == kOffBoard || IsLivePiece(position.Board[from]));
     assert(position.Board[to] == kEmpty);
-    MoveRecord& move = AppendSlot(position);
-    move.From = from;
-    move.To = to;
-    move.Captures = CapturePath();
-    move.Promotes = promotes;
-    move.SortScore = MemoryScore(position, from, to);
+    AppendSlot(position, MemoryScore(position, from, to)) = {from, to, CapturePath(), promotes};
 }
 
 /// Appends a capture.
 inline void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures,
                                 Long promotes = 0) {
     assert(captures.Count > 0 && captures.Count <= kMaxJumps && IsSquare(from) && IsSquare(to));
-    MoveRecord& move = AppendSlot(position);
-    move.From = from;
-    move.To = to;
-    move.Captures = captures;
-    move.Promotes = promotes;
-    move.SortScore = CaptureScore(position, from, to, captures);
+    AppendSlot(position, CaptureScore(position, from, to, captures)) = {from, to, captures, promotes};
 }
 
 /// Appends a move that promotes, as a capture when `captures` is not empty.
@@ -78,7 +69,26 @@ inline void RegisterPromotion(Position& position, Long from, Long to, const Capt
     }
 }
 
-/// The slot of the best unused move of the current ply, the earliest among equals; -1 when none is left.
-Long NextBestMove(Position& position);
+/// Hands out the moves of the current ply, the best first and the earliest among equals.
+class MovePicker {
+public:
+    explicit MovePicker(Position& position)
+        : Scores(position.SortScores), First(position.Tree.PlyFirstMove[position.Tree.Ply]),
+          End(position.Tree.PlyFirstMove[position.Tree.Ply + 1]) {
+        assert(First <= End && End <= kMoveSlots);
+    }
+
+    /// The slot of the best move that is left; -1 when none is.
+    Long Next();
+
+private:
+    Long Take(Long slot);
+
+    SortScores& Scores;
+    const Long First;
+    const Long End;
+    Long Slot = -1; ///< handed out last
+    Long Score = kUsedScore;
+};
 
 } // namespace tavlon12

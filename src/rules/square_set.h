@@ -15,7 +15,10 @@ namespace tavlon12 {
 struct SquareSet {
     std::array<std::uint64_t, 3> Words{};
 
-    bool operator==(const SquareSet&) const = default;
+    /// Word by word: the comparison of arrays would call the library.
+    constexpr bool operator==(const SquareSet& other) const {
+        return ((Words[0] ^ other.Words[0]) | (Words[1] ^ other.Words[1]) | (Words[2] ^ other.Words[2])) == 0;
+    }
 
     constexpr void Flip(Long square) {
         assert(IsSquare(square));
@@ -87,6 +90,14 @@ struct SquareSet {
         auto down = static_cast<unsigned>(-step);
         return {
             {Words[0] >> down | Words[1] << (64 - down), Words[1] >> down | Words[2] << (64 - down), Words[2] >> down}};
+    }
+
+    /// 64 squares in one word, from the bit `base` on, 0 to 127.
+    constexpr std::uint64_t Window(Long base) const {
+        assert(base >= 0 && base < 128);
+        const auto word = static_cast<std::size_t>(base / 64);
+        const auto bits = static_cast<unsigned>(base % 64);
+        return Words[word] >> bits | (bits == 0 ? 0 : Words[word + 1] << (64 - bits));
     }
 
     friend constexpr SquareSet operator&(const SquareSet& a, const SquareSet& b) {

@@ -16,10 +16,7 @@ void BuildTables(Position& position, Family family, SearchState& search) {
 }
 
 Long GenerateLegalMovesOf(Family family, Position& position) {
-    if (family == Family::None) return GenerateLegalMoves(position);
-    GenerateFamilyMoves(family, position, 0);
-    if (MoveCount(position.Tree) == 0 && !position.Fault.Passed()) GenerateFamilyMoves(family, position, 1);
-    return MoveCount(position.Tree);
+    return family == Family::None ? GenerateLegalMoves(position) : GenerateLegalFamilyMoves(family, position);
 }
 
 Long CountLegalMovesOf(Family family, Position& position) {
