@@ -87,7 +87,7 @@ const SettingRow kRows[] = {
     {"Plys", Search<&SearchOptions::Plys>, "&Plys (default=3) :", "How many half-moves the extended search may go further: 1 to 6.", 1, 6},
     {"Balance", Search<&SearchOptions::Balance>, "Ba&lance (default=150) :", "The search is extended only where the score is within this much of what is expected: 1 to 750, a man counts 100.", 1, 750},
     {"CapRequired", kRule},
-    {"ChooseOpening", User<&UserSettings::ChooseOpening>, "C&hoose opening", "When the program starts, a game of the opening file can be chosen to begin with."},
+    {"ChooseOpening", User<&UserSettings::ChooseOpening>, "C&hoose opening", "Each new game can begin with one of the opening file, which is chosen first."},
     {"BookRandom", User<&UserSettings::BookRandom>, "&Random", "The opening is drawn at random instead of chosen."},
     {"UseRating", User<&UserSettings::UseRating>, "Use &Rating", "Your games against the computer change your rating."},
     {"SkinMode", User<&UserSettings::SkinMode>, "", "", 0, 4},

@@ -44,8 +44,8 @@ void EnableRunningGame(Session& session, bool on) {
 }
 
 void EnableMenus(Session& session, bool on) {
-    for (Control control : {Control::mnuGame, Control::mnuPlay, Control::mnu_Board1, Control::view, Control::Help,
-                            Control::Text2, Control::Toolbar1}) {
+    for (Control control : {Control::mnuGame, Control::mnuPlay, Control::mnu_Board1, Control::view, Control::extra,
+                            Control::Help, Control::Text2, Control::Toolbar1}) {
         session.Port.Fields.SetControlEnabled(control, on);
     }
 }

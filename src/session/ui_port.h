@@ -303,6 +303,7 @@ struct StudyPort {
     /// Shows the table in the first order and opens the choice of orders: `table` gives its text in each.
     std::function<void(const std::function<std::string(Long order)>& table)> ShowValues =
         [](const std::function<std::string(Long)>&) {};
+    std::function<void()> ClearProblems = [] {}; ///< empties the window of combinations where one is open
     /// Opens the window of the combinations found, a line each.
     std::function<void(const std::string& text)> ShowProblems = [](const std::string&) {};
 };

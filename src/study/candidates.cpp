@@ -55,12 +55,11 @@ void StudyMove(Session& session, Long index, const MadeMove& made, const std::fu
 BestReply ReplyInFront(Session& session, Long depth, Long score) {
     const Position& position = session.Pos;
     const MoveRecord& move = position.Moves[position.Tree.PlyFirstMove[0]];
-    BestReply best{depth, -score, DisplayMove(session, move).MoveTextShown, MainLine(session), 0, move.IsCapture()};
+    BestReply best{depth, -score, MainLine(session), 0, move.IsCapture()};
     for (const BestLineCell& cell : position.BestLine[0]) {
         if (cell.From == 0) break;
         if (cell.Kind % 10 == 1) ++best.Captures;
     }
-    if (best.Captures == 0) best.Line.clear();
     return best;
 }
 

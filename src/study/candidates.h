@@ -25,8 +25,7 @@ void StudyCandidates(Session& session, const std::function<void(const Candidate&
 struct BestReply {
     Long Depth = 0;
     Long Value = 0;    ///< seen from the side that has made the move
-    std::string Reply; ///< its text
-    std::string Line;  ///< the main line, the reply first; empty where it holds no capture
+    std::string Line; ///< the main line, the reply first
     Long Captures = 0; ///< in the main line
     bool IsCapture = false;
 };

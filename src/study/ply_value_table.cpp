@@ -106,7 +106,7 @@ PlyValues PlyValueRow(Session& session, const Candidate& candidate, Long depth) 
     const auto bestFound = [&](const BestReply& reply) {
         best = reply;
         if (!first) first = reply.Value;
-        row.Line = reply.Line;
+        row.Line = reply.Captures > 0 ? reply.Line : "";
         session.Port.Study.SetSearchLine(SearchLine(reply, *first));
     };
     DeepenReplies(session, depth, bestFound, [&](Long) { row.Values.push_back(best.Value); });

@@ -15,11 +15,13 @@ namespace {
 constexpr Long kShallow = 2; ///< depth of the value that deeper ones are compared with
 constexpr Long kPawn = 100;
 
-/// The value of the position on the board for the side to move.
+/// The value of the position on the board for the side to move. A cancel leaves `SearchAborted` set.
 Long ShallowValue(Session& session) {
     AdoptSearchSettings(session);
     session.Search.ExtensionLimit = kShallow + session.Search.Options.Plys;
-    return -ScoreAtDepth(session.Pos, session.Search, kShallow).Score;
+    const DepthScore scored = ScoreAtDepth(session.Pos, session.Search, kShallow);
+    if (scored.Stopped) session.Search.SearchAborted = true;
+    return -scored.Score;
 }
 
 /// The line of a move that hides a combination; nothing for any other.
@@ -35,7 +37,7 @@ std::optional<std::string> ProblemRow(Session& session, const Candidate& candida
         const std::string values =
             "Score:" + Str(reply.Value) + "   iniScore:" + Str(base) + "   Depth:" + Str(reply.Depth);
         session.Port.Status.SetSearchLine(values);
-        text = reply.Line.empty() ? "" : reply.Line + "  " + candidate.Made.Texts.MoveTextShown + "  " + values;
+        text = reply.Captures == 0 ? "" : reply.Line + "  " + candidate.Made.Texts.MoveTextShown + "  " + values;
     };
     DeepenReplies(session, session.Settings.PlyValueDepth, bestFound, [](Long) {});
     session.Thought.PredictedFrom = session.Thought.PredictedTo = 0;
@@ -45,6 +47,7 @@ std::optional<std::string> ProblemRow(Session& session, const Candidate& candida
 
 void SearchProblems(Session& session) {
     StatusPort& status = session.Port.Status;
+    session.Port.Study.ClearProblems();
     status.SetSearchLine("Searching...");
     const Long depth = session.Settings.PlyValueDepth;
     status.SetProgressRange(0, session.Port.Lists.ListCount(ListId::List2) * depth);

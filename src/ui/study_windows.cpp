@@ -18,7 +18,9 @@ QPlainTextEdit* MakeText(QDialog& window) {
     text->setObjectName(QStringLiteral("Text1"));
     text->setReadOnly(true);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    text->setFont(FontOfSize(kTextPixels, true));
+    QFont font = FontOfSize(kTextPixels, true);
+    font.setFamilies({QStringLiteral("Consolas"), font.family()});
+    text->setFont(font);
     text->setTabChangesFocus(true);
     return text;
 }
@@ -122,6 +124,10 @@ ProblemWindow::ProblemWindow(QWidget* parent) : QDialog(parent), Text1(MakeText(
     layout->addWidget(Text1);
     layout->addWidget(close, 0, Qt::AlignRight);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void ProblemWindow::Clear() {
+    Text1->clear();
 }
 
 void ProblemWindow::Open(const std::string& text) {

@@ -43,6 +43,7 @@ private:
 class ProblemWindow : public QDialog {
 public:
     explicit ProblemWindow(QWidget* parent);
+    void Clear();
     void Open(const std::string& text);
 
 private:

@@ -258,10 +258,12 @@ void ConnectStudy(StudyPort& port, const WindowParts& parts) {
     };
     port.SetSearchLine = [values](const std::string& text) { values().SearchLine->setText(Shown(text)); };
     port.ShowValues = [values](const std::function<std::string(Long)>& table) { values().ShowTable(table); };
-    port.ShowProblems = [&parent = parts.Window](const std::string& text) {
+    const auto problems = [&parent = parts.Window]() -> ProblemWindow& {
         auto* window = parent.findChild<ProblemWindow*>(QStringLiteral("frmProblem"));
-        (window != nullptr ? window : new ProblemWindow(&parent))->Open(text);
+        return window != nullptr ? *window : *new ProblemWindow(&parent);
     };
+    port.ClearProblems = [problems] { problems().Clear(); };
+    port.ShowProblems = [problems](const std::string& text) { problems().Open(text); };
 }
 
 } // namespace

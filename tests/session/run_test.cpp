@@ -104,13 +104,14 @@ TEST(StartRules, RemoveMenAndPlayMoves) {
 const std::string kTwoOpenings = "[Event \"A\"]\r\n\r\n1. 44-38 *\r\n\r\n[Event \"B\"]\r\n\r\n1. 44-38 25-31 *\r\n";
 
 TEST(Openings, ServeTheClassicStartAlone) {
-    SessionFixture fixture;
+    const ProgramFolder folder;
+    SessionFixture fixture(folder.Path);
     Session& game = fixture.Game;
     game.Settings.ChooseOpening = 1;
     game.Settings.PlayMode = kPlayerPlayer;
     NewGame(game);
     EXPECT_TRUE(fixture.Screen.Choosers.empty()) << "there is no file";
-    WriteFile(fixture.Folder.Path / "opening.pdn", kTwoOpenings);
+    WriteFile(folder.Path / "opening.pdn", kTwoOpenings);
     fixture.Screen.Choice = PdnChoice{2, 0};
     NewGame(game);
     ASSERT_EQ(fixture.Screen.Choosers.size(), 1u);

@@ -257,6 +257,10 @@ TEST(StudyTools, FindTheShotThatGivesTwoMenFirst) {
     EXPECT_EQ(study.Progress, 40);
     EXPECT_EQ(study.ProgressMaximum, 40);
 
+    EXPECT_TRUE(study.SearchLine.starts_with("Score:") && study.SearchLine.find("   iniScore:") != std::string::npos &&
+                study.SearchLine.find("   Depth: 4\nMain: ") != std::string::npos &&
+                study.SearchLine.size() > study.SearchLine.find("Main: ") + 6)
+        << study.SearchLine;
     const std::string text = study.Table(0);
     EXPECT_TRUE(text.starts_with("  No      MOVE   PLY 1    PLY 2    PLY 3    PLY 4     Diff     Time   \n" +
                                  std::string(107, '-') + "\n"));
@@ -280,6 +284,12 @@ TEST(StudyTools, FindTheShotThatGivesTwoMenFirst) {
     fixture.Screen.Messages.clear();
     FindProblems(game);
     EXPECT_EQ(Texts(fixture.Screen.Messages), std::vector<std::string>{"Try a3-b4"}) << "once, in place of the first";
+
+    // A cancel at once leaves nothing of the last search.
+    fixture.Screen.OnYield = [&] { CancelCommand(game); };
+    FindProblems(game);
+    EXPECT_EQ(study.Problems, "");
+    EXPECT_EQ(fixture.Screen.SearchLine, "no Problems/Combinations found");
 }
 
 /// Deeper the two part: the tool asks with narrow windows, in which the lazy evaluation may estimate.

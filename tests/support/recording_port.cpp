@@ -91,6 +91,7 @@ void FillStudy(StudyPort& port, RecordedStudy& study) {
     };
     port.SetSearchLine = [&](const std::string& text) { study.SearchLine = text; };
     port.ShowValues = [&](const std::function<std::string(Long)>& table) { study.Table = table; };
+    port.ClearProblems = [&] { study.Problems.clear(); };
     port.ShowProblems = [&](const std::string& text) { study.Problems = text; };
 }
 

@@ -33,4 +33,9 @@ void ShowLines(QComboBox& combo, const std::vector<ListLine>& lines) {
     }
 }
 
+void ShowChosen(QComboBox& combo, const QString& name) {
+    combo.setPlaceholderText(name);
+    combo.setCurrentIndex(combo.findText(name, Qt::MatchFixedString));
+}
+
 } // namespace tavlon12

@@ -12,4 +12,7 @@ namespace tavlon12 {
 /// tool tip.
 void ShowLines(QComboBox& combo, const std::vector<ListLine>& lines);
 
+/// Shows a name as the one chosen, in either case; one that is not in the list stands there alone.
+void ShowChosen(QComboBox& combo, const QString& name);
+
 } // namespace tavlon12

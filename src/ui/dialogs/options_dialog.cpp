@@ -408,7 +408,7 @@ void OptionsDialog::ShowValue(const OptionControl& control, const std::string& t
         break;
     }
     case Kind::Field: Control<QLineEdit>(control.Name).setText(Shown(text)); break;
-    case Kind::List: Control<QComboBox>(control.Name).setCurrentText(Shown(text)); break;
+    case Kind::List: ShowChosen(Control<QComboBox>(control.Name), Shown(text)); break;
     }
 }
 

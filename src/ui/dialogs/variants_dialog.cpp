@@ -446,12 +446,9 @@ void VariantsDialog::SetFocusOrder() {
     Combo1->setFocus();
 }
 
-/// The list, without a line for a variant that is not in it: its name stands there alone.
 void VariantsDialog::ShowList() {
     ShowLines(*Combo1, Form.Variants);
-    const QString name = Shown(Form.Variant);
-    Combo1->setPlaceholderText(name);
-    Combo1->setCurrentIndex(Combo1->findText(name, Qt::MatchFixedString));
+    ShowChosen(*Combo1, Shown(Form.Variant));
     (Form.UseClassic == 1 ? Option1 : Option2)->setChecked(true);
 }
 
