@@ -186,7 +186,7 @@ INSTANTIATE_TEST_SUITE_P(
 /// Plays half-moves of two kings that do not capture, through the record alone.
 void PretendQuietHalfMoves(Session& game, Long count) {
     game.Pos.Tree.TreeIndex = game.Record.LastMoveIndex = count;
-    for (Long i = 1; i <= count; ++i) game.Record.MoveHistory[i] = {29, 44, {}, 0, 0};
+    for (Long i = 1; i <= count; ++i) game.Record.MoveHistory[i] = {29, 44, {}, 0};
     while (game.Port.Lists.ListCount(ListId::List1) < count) game.Port.Lists.ListAdd(ListId::List1, "");
 }
 

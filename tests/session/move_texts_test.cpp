@@ -8,12 +8,12 @@ namespace tavlon12 {
 namespace {
 
 TEST(DisplayMove, WritesTheThreeTexts) {
-    MoveRecord quiet{59, 74, {}, 0, 0};
-    MoveRecord capture{59, 87, {}, 0, 0};
+    MoveRecord quiet{59, 74, {}, 0};
+    MoveRecord capture{59, 87, {}, 0};
     capture.Captures.Add(73, kMan);
-    MoveRecord promotion{171, 184, {}, 2, 0};
-    MoveRecord home{59, 59, capture.Captures, 0, 0};
-    MoveRecord placement{kOffBoard, 184, {}, 0, 0};
+    MoveRecord promotion{171, 184, {}, 2};
+    MoveRecord home{59, 59, capture.Captures, 0};
+    MoveRecord placement{kOffBoard, 184, {}, 0};
     struct Row {
         MoveRecord Move;
         Byte Notation;
