@@ -9,7 +9,7 @@ if(TAVLON12_LTO AND CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_I
     check_ipo_supported(RESULT TAVLON12_USE_LTO LANGUAGES CXX)
 endif()
 
-# Any 64-bit PC since 2009 has these instructions; the search counts bits and adds bytes side by side at every node.
+# Any 64-bit PC since 2009 has these instructions; the search counts bits at every node.
 include(CheckCXXCompilerFlag)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
     check_cxx_compiler_flag(-march=x86-64-v2 TAVLON12_HAS_X86_64_V2)

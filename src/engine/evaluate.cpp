@@ -122,7 +122,7 @@ struct UnevenRace {
 
 /// All positional terms of the board, seen from White.
 Long PositionalScore(const Position& position, SearchState& search) {
-    const EvaluationTables& tables = search.Tables;
+    EvaluationTables& tables = search.Tables;
     const std::array<bool, 2> manyMen = {position.Sums.PieceCount[0] > search.WhiteMenThreshold,
                                          position.Sums.PieceCount[1] > search.BlackMenThreshold};
     const std::array<Long, 2> target = {TargetOf(position, kWhite), TargetOf(position, kBlack)};
@@ -140,8 +140,8 @@ Long PositionalScore(const Position& position, SearchState& search) {
         score -= SumCloseness(position, search.Tables.Closeness, kBlack, target[0], 1).Weighted;
     }
     if (search.BackRankOn) {
-        if (manyMen[0]) score += BackRankScore(position, tables.BackRankLines, kWhite, false);
-        if (manyMen[1]) score += BackRankScore(position, tables.BackRankLines, kBlack, false);
+        if (manyMen[0]) score += BackRankScore(position, tables.BackRankLines[0], kWhite, false);
+        if (manyMen[1]) score += BackRankScore(position, tables.BackRankLines[1], kBlack, false);
     }
     return score;
 }

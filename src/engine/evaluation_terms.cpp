@@ -131,6 +131,52 @@ void AddLine(std::vector<BackRankLine>& lines, Long square, Long second, Long th
     line->From |= std::uint64_t{1} << (bit - line->Base);
 }
 
+/// The squares that all lines look at, where they lie in one window.
+void FindCommonWindow(BackRankLines& lines) {
+    for (const BackRankLine& line : lines.Lines) {
+        if (line.Base != lines.Lines[0].Base) return;
+        lines.Squares |= line.From | Stepped(line.From, line.Second) | Stepped(line.From, line.Third);
+    }
+    if (!lines.Lines.empty()) lines.Base = lines.Lines[0].Base;
+}
+
+/// The squares of a window that count, from the whole board.
+BackRankView ViewOf(const Position& position, Long base) {
+    const auto& sets = position.Sums.Key.Sets;
+    return {EmptySquares(position).Window(base), sets[0].Window(base), sets[1].Window(base)};
+}
+
+Long ScoreLine(const BackRankLine& line, const BackRankView& view, Long side, bool openCountsTwice) {
+    Long score = 0;
+    const std::uint64_t open = line.From & view.Empty;
+    if (open != 0) {
+        const std::uint64_t second = Stepped(view.Empty, -line.Second);
+        const std::uint64_t third = Stepped(view.Empty, -line.Third);
+        const Long full = std::popcount(open & second & third);
+        const Long gaps = std::popcount(open & (second | third));
+        score += side * (30 * full + 20 * (openCountsTwice ? gaps : gaps - full));
+    }
+    if (open == line.From || line.Third != 2 * line.Second) return score;
+    const auto ranks = [&](std::uint64_t men) {
+        return std::popcount(line.From & men & Stepped(men, -line.Second) & Stepped(men, -line.Third));
+    };
+    return score + 30 * (ranks(view.WhiteMen) - ranks(view.BlackMen));
+}
+
+Long ScoreLines(const Position& position, const BackRankLines& lines, Long side, bool openCountsTwice) {
+    Long score = 0;
+    for (const BackRankLine& line : lines.Lines)
+        score += ScoreLine(line, ViewOf(position, line.Base), side, openCountsTwice);
+    return score;
+}
+
+/// An index into the memory: the top bits of a product mix all bits (multiplicative hashing, Knuth 6.4).
+std::size_t MemoryIndex(const BackRankView& view) {
+    constexpr int kTopBits = 64 - std::countr_zero(BackRankLines::kKnown);
+    const std::uint64_t mixed = view.Empty ^ std::rotl(view.WhiteMen, 20) ^ std::rotl(view.BlackMen, 41);
+    return mixed * 0x9E3779B97F4A7C15u >> kTopBits;
+}
+
 } // namespace
 
 Long TargetOf(const Position& position, Long side) {
@@ -154,32 +200,18 @@ ClosenessSum SumCloseness(const Position& position, ClosenessMemory& memory, Lon
     return entry.Sum;
 }
 
-Long BackRankScore(const Position& position, const BackRankLines& lines, Long side, bool openCountsTwice) {
-    const SquareSet allEmpty = EmptySquares(position);
-    Long score = 0;
-    for (const BackRankLine& line : lines[SideIndex(side)]) {
-        const std::uint64_t empty = allEmpty.Window(line.Base);
-        const std::uint64_t open = line.From & empty;
-        if (open != 0) {
-            const std::uint64_t second = Stepped(empty, -line.Second);
-            const std::uint64_t third = Stepped(empty, -line.Third);
-            const Long full = std::popcount(open & second & third);
-            const Long gaps = std::popcount(open & (second | third));
-            score += side * (30 * full + 20 * (openCountsTwice ? gaps : gaps - full));
-        }
-        if (open == line.From || line.Third != 2 * line.Second) continue;
-        for (Long colour : {kWhite, kBlack}) {
-            const std::uint64_t men = position.Sums.Key.Sets[PieceType(colour * kMan)].Window(line.Base);
-            const std::uint64_t first = line.From & men;
-            if (first == 0) continue;
-            score += colour * 30 * std::popcount(first & Stepped(men, -line.Second) & Stepped(men, -line.Third));
-        }
-    }
-    return score;
+Long BackRankScore(const Position& position, BackRankLines& lines, Long side, bool openCountsTwice) {
+    if (lines.Base < 0) return ScoreLines(position, lines, side, openCountsTwice);
+    BackRankView view = ViewOf(position, lines.Base);
+    view = {view.Empty & lines.Squares, view.WhiteMen & lines.Squares, view.BlackMen & lines.Squares};
+    BackRankLines::Known& known = lines.Memory[MemoryIndex(view)];
+    if (known.View != view) known = {view, ScoreLines(position, lines, side, openCountsTwice)};
+    assert(known.Score == ScoreLines(position, lines, side, openCountsTwice));
+    return known.Score;
 }
 
-BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stopsAtSideways) {
-    BackRankLines result;
+BackRanks BuildBackRankLines(const Position& position, Long slots, bool stopsAtSideways) {
+    BackRanks result;
     for (Long side : {kWhite, kBlack}) {
         auto& lines = result[SideIndex(side)];
         const DirectionRow& manSteps = position.DirTable[PieceType(-side * kMan)];
@@ -190,10 +222,11 @@ BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stop
                 if (step == kEndOfSteps || (stopsAtSideways && std::abs(step) == 1) || !IsSquare(square + step)) break;
                 for (Long next : manSteps) {
                     if (next == kEndOfSteps) break;
-                    if (next != -step) AddLine(lines, square, step, step + next);
+                    if (next != -step) AddLine(lines.Lines, square, step, step + next);
                 }
             }
         }
+        FindCommonWindow(lines);
     }
     return result;
 }

@@ -25,11 +25,11 @@ ClosenessSum SumCloseness(const Position& position, ClosenessMemory& memory, Lon
 
 /// Sum over the lines at the back rank before the promotion squares of `side`, seen from White. An open line counts 30,
 /// and one with a gap 20; `openCountsTwice` gives an open line both.
-Long BackRankScore(const Position& position, const BackRankLines& lines, Long side, bool openCountsTwice);
+Long BackRankScore(const Position& position, BackRankLines& lines, Long side, bool openCountsTwice);
 
 /// The lines of three squares from the first `slots` promotion squares of a side on, in the directions of the other
 /// colour's men. With `stopsAtSideways` a step of size 1 ends the directions.
-BackRankLines BuildBackRankLines(const Position& position, Long slots, bool stopsAtSideways);
+BackRanks BuildBackRankLines(const Position& position, Long slots, bool stopsAtSideways);
 
 /// What a piece of a type on a square adds by itself, for every evaluation the same terms.
 Long CentreTerm(Long square, Long piecesOnBlack);

@@ -65,9 +65,9 @@ Long EvaluateFamily(Position& position, SearchState& search, Long alpha, Long be
     ClosenessMemory& memory = search.Tables.Closeness;
     Long score = static_cast<Long>(position.Sums.TermSum.OfFamily) + Closeness(position, memory, kWhite) -
                  Closeness(position, memory, kBlack);
-    const auto& lines = search.Tables.FamilyBackRankLines;
-    if (count[0] > search.WhiteMenThreshold) score += BackRankScore(position, lines, kWhite, true);
-    if (count[1] > search.BlackMenThreshold) score += BackRankScore(position, lines, kBlack, true);
+    BackRanks& lines = search.Tables.FamilyBackRankLines;
+    if (count[0] > search.WhiteMenThreshold) score += BackRankScore(position, lines[0], kWhite, true);
+    if (count[1] > search.BlackMenThreshold) score += BackRankScore(position, lines[1], kBlack, true);
     return material + side * score + Noise(search);
 }
 

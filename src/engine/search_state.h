@@ -22,8 +22,30 @@ struct BackRankLine {
     Long Third;         ///< step to the third, from the first
 };
 
-/// By the side whose men promote there.
-using BackRankLines = std::array<std::vector<BackRankLine>, 2>;
+/// What the lines of a side see in their window.
+struct BackRankView {
+    std::uint64_t Empty = 0;
+    std::uint64_t WhiteMen = 0;
+    std::uint64_t BlackMen = 0;
+
+    bool operator==(const BackRankView&) const = default;
+};
+
+/// The lines of the side whose men promote there, and the scores of the views that came last: few moves touch them.
+struct BackRankLines {
+    struct Known {
+        BackRankView View;
+        Long Score = 0;
+    };
+    static constexpr std::size_t kKnown = 1024;
+
+    std::vector<BackRankLine> Lines;
+    Long Base = -1;            ///< of the window that they all lie in; -1 when they need several
+    std::uint64_t Squares = 0; ///< in that window, the squares that they look at
+    std::vector<Known> Memory = std::vector<Known>(kKnown); ///< by a hash of the view
+};
+
+using BackRanks = std::array<BackRankLines, 2>;
 
 struct ClosenessSum {
     Long Weighted; ///< over the pieces of a side, support times nearness
@@ -36,7 +58,7 @@ struct ClosenessSum {
 /// have changed. The key is the whole of what the sum depends on under a set of rules.
 class ClosenessMemory {
 public:
-    struct Entry {
+    struct alignas(64) Entry { ///< in a line of the processor's cache
         SquareSet Men;
         SquareSet Kings;
         Long Target = 0;
@@ -49,7 +71,7 @@ public:
     void Clear() { Entries.assign(Entries.size(), {}); }
 
 private:
-    static constexpr std::size_t kEntries = 4096; ///< a side; both take half a megabyte
+    static constexpr std::size_t kEntries = 2048; ///< a side; both take a quarter of a megabyte
 
     std::vector<Entry> Entries = std::vector<Entry>(2 * kEntries);
 };
@@ -59,8 +81,8 @@ struct EvaluationTables {
     std::array<std::array<Long, kBoardCells>, 2> SquareValue{};   ///< by side, then square
     std::array<std::array<Long, kBoardCells>, 2> PromotionCone{}; ///< 1 where a man of the side can still promote
     std::array<Long, 2> EmptyAdvancement{};                       ///< by side, half its square values over all squares
-    tavlon12::BackRankLines BackRankLines;                        ///< of the general evaluation
-    tavlon12::BackRankLines FamilyBackRankLines;                  ///< of the family's
+    BackRanks BackRankLines;                                      ///< of the general evaluation, by side
+    BackRanks FamilyBackRankLines;                                ///< of the family's
     ClosenessMemory Closeness;
     bool ConesMatter = false;            ///< some square lies outside the cones
     bool PromoEven = false;              ///< both sides have as many promotion squares

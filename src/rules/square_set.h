@@ -51,15 +51,19 @@ struct SquareSet {
     /// The lowest column of the highest row that has a square, and the highest column of the lowest row; not for an
     /// empty set.
     constexpr Long FirstOfLastRow() const {
-        Long square = RowOf(Last()) * kBoardWidth + 1;
-        while (!Has(square)) ++square;
-        return square;
+        const Long start = RowOf(Last()) * kBoardWidth + 1 - kFirstSquare;
+        const auto word = static_cast<std::size_t>(start / 64);
+        const std::uint64_t row = Words[word] >> start % 64;
+        if (row != 0) return kFirstSquare + start + std::countr_zero(row);
+        return kFirstSquare + 64 * (start / 64 + 1) + std::countr_zero(Words[word + 1]);
     }
 
     constexpr Long LastOfFirstRow() const {
-        Long square = RowOf(First()) * kBoardWidth + kLastColumn;
-        while (!Has(square)) --square;
-        return square;
+        const Long end = RowOf(First()) * kBoardWidth + kLastColumn - kFirstSquare;
+        const auto word = static_cast<std::size_t>(end / 64);
+        const std::uint64_t row = Words[word] << (63 - end % 64);
+        if (row != 0) return kFirstSquare + end - std::countl_zero(row);
+        return kFirstSquare + 64 * (end / 64) - 1 - std::countl_zero(Words[word - 1]);
     }
 
     /// Calls `visit(square)` in ascending order until that returns true.
