@@ -124,7 +124,7 @@ class Tree:
         self.lab, self.variant, self.depth = lab, variant, depth
         self.head = read_definition(variant)
         self.first = "b" if self.head["BlackStarts"] == "1" else "w"
-        self.root = self.name_of(self.head["Setup"], self.first)
+        self.root = self.name_of(normal_start(int(self.head["PiecesOnBlack"])), self.first)
         self.nodes = {self.root: Node(f"{options_of(variant)} --play ''", 0)}
 
     def name_of(self, digits, side):
@@ -249,7 +249,7 @@ def read_definition(variant):
             head[key] = value
     if head["Setup"] != "normal" or head["PiecesOnBlack"] == "2":
         sys.exit(f"make_books.py: {variant} does not begin from the normal start")
-    return head | {"Setup": normal_start(int(head["PiecesOnBlack"]))}
+    return head | {"Setup": normal_start(1)}  # games of the other colour have it so too
 
 
 def write_book(variant, sections):

@@ -49,6 +49,21 @@ private slots:
         }
     }
 
+    void TheSkinsThatComeWithTheProgramAreWhole() {
+        const QDir folder(TAVLON12_DATA_DIR "/skins", "*.ini");
+        QVERIFY(folder.count() >= 8);
+        GameWindow game;
+        for (const QString& file : folder.entryList()) {
+            game.Game.Settings.SkinName = file.chopped(4).toStdString();
+            Skin skin;
+            QVERIFY2(LoadSkin(game.Game, skin), qPrintable(file));
+            const bool small = file.endsWith("Small.ini");
+            QCOMPARE(skin.BoardCustomSize, small ? 0 : 2);
+            for (const QImage& image : skin.Images) QCOMPARE(image.size(), small ? QSize(38, 38) : QSize(54, 54));
+            for (const PieceCursor& cursor : skin.Cursors) QVERIFY(!cursor.Picture.isNull());
+        }
+    }
+
     void ADragMovesAMan() {
         for (Long turned : {1, 0}) {
             GameWindow game;
