@@ -259,9 +259,8 @@ Long HomeManTerm(const Position& position, Long side, Long square, Long slots) {
 
 bool RepeatsElseStore(Position& position) {
     Long index = position.Tree.TreeIndex;
-    auto keys = position.PositionKeys.begin();
-    if (index > 1 && std::find(keys, keys + (index - 1), position.Sums.Key) != keys + (index - 1)) return true;
-    if (index > 0) position.PositionKeys[index - 1] = position.Sums.Key;
+    if (position.PositionKeys.Has(position.Sums.Key, index - 1)) return true;
+    if (index > 0) position.PositionKeys.Set(index - 1, position.Sums.Key);
     return false;
 }
 

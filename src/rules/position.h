@@ -4,6 +4,7 @@
 #include "rules/capture_table.h"
 #include "rules/directions.h"
 #include "rules/game_tree.h"
+#include "rules/key_history.h"
 #include "rules/move_list.h"
 #include "rules/piece_terms.h"
 #include "rules/position_key.h"
@@ -83,7 +84,7 @@ struct Position {
     tavlon12::SortScores SortScores{}; ///< of `Moves`
     KillerMoves Killers{};
     BestLineTable BestLine{};
-    std::array<PositionKey, kTreeSize> PositionKeys{}; ///< entry i: the placement after half-move i + 1
+    KeyHistory PositionKeys;
 
     bool LastCapAnyPly = false; ///< the rule on the piece moved last also holds below the root
     Long StopFlag = 0;

@@ -137,7 +137,7 @@ void UpdateDrawStatus(Session& session) {
     Position& position = session.Pos;
     session.Game.DrawReason = 0;
     if (position.Tree.TreeIndex < 1) return;
-    position.PositionKeys[position.Tree.TreeIndex - 1] = position.Sums.Key;
+    position.PositionKeys.Set(position.Tree.TreeIndex - 1, position.Sums.Key);
     session.Game.DrawReason = DrawReasonOf(session);
 }
 

@@ -51,7 +51,7 @@ bool BuildPosition(Session& session) {
 
 void ClearPosition(Position& position) {
     StartTree(position);
-    position.PositionKeys.fill({});
+    position.PositionKeys.Fill({});
     position.LastCapAnyPly = false;
     position.StopFlag = 0;
     position.Fault = {};

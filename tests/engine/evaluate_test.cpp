@@ -199,8 +199,8 @@ TEST(Evaluate, RepetitionIsADrawAndIsNotStored) {
     for (const Row& row : {Row{10, 0, true, false}, Row{10, 8, true, false}, Row{10, 9, false, true},
                            Row{1, 0, false, true}, Row{0, 0, false, false}}) {
         SCOPED_TRACE(testing::Message() << row.TreeIndex << " " << row.KeyAt);
-        position.PositionKeys.fill(KeyOf(BoardOf("W: Kc5; B: Kj0")));
-        position.PositionKeys[row.KeyAt] = key;
+        position.PositionKeys.Fill(KeyOf(BoardOf("W: Kc5; B: Kj0")));
+        position.PositionKeys.Set(row.KeyAt, key);
         position.Tree.TreeIndex = row.TreeIndex;
         EXPECT_EQ(Evaluate(position, *engine.State, -kWin, kWin, kWhite) == 0, row.Draw);
         EXPECT_EQ(row.TreeIndex > 0 && position.PositionKeys[row.TreeIndex - 1] == key, row.Stored);

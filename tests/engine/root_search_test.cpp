@@ -111,14 +111,15 @@ TEST(RootSearch, ARepeatedPositionIsWorthADraw) {
     repeated[SquareOf("c5")] = kEmpty;
     repeated[SquareOf("d6")] = kKing;
     position.Tree.TreeIndex = 4;
-    position.PositionKeys[1] = KeyOf(repeated);
+    position.PositionKeys.Set(1, KeyOf(repeated));
     for (Long depth = 1; depth <= 3; ++depth) {
         EXPECT_GT(thinking.Think(depth), 100);
         EXPECT_EQ(thinking.ScoreByMove().at("c5-d6"), 0) << depth;
         EXPECT_EQ(thinking.State->RepeatCount, 0);
     }
     // With the key behind the root it is no repetition of the game.
-    position.PositionKeys[4] = std::exchange(position.PositionKeys[1], PositionKey());
+    position.PositionKeys.Set(4, KeyOf(repeated));
+    position.PositionKeys.Set(1, PositionKey());
     thinking.Think(1);
     EXPECT_NE(thinking.ScoreByMove().at("c5-d6"), 0);
 }

@@ -101,7 +101,7 @@ TEST(FindRepetition, CountsTheKeysUpToTheIndex) {
     PositionKey here = KeyOf(position->Board);
     PositionKey other = KeyOf(BoardOf("W: c3; B: e7"));
     const PositionKey keys[] = {here, other, here, other, here};
-    for (Long i = 0; i < 5; ++i) position->PositionKeys[i] = keys[i];
+    for (Long i = 0; i < 5; ++i) position->PositionKeys.Set(i, keys[i]);
     const Long counts[] = {0, 1, 1, 2, 2, 3}; // for the index -1 and on
     for (Long index = -1; index < 5; ++index) {
         EXPECT_EQ(FindRepetition(*position, index).RepeatCount, counts[index + 1]) << index;

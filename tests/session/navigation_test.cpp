@@ -55,7 +55,8 @@ struct RecordedGame : SessionFixture {
 
     void PlayRandomly(Random& random, Long halfMoves) {
         while (!Game.Game.GameOver && Index() < halfMoves && PlayRandomMove(Game, random)) Note();
-        Keys.assign(Pos->PositionKeys.begin(), Pos->PositionKeys.begin() + Index());
+        Keys.clear();
+        for (Long i = 0; i < Index(); ++i) Keys.push_back(Pos->PositionKeys[i]);
     }
 
     /// Compares the screen with what it showed when this position was first reached.
@@ -73,7 +74,7 @@ struct RecordedGame : SessionFixture {
         for (Command command : {Command::First, Command::Moveback}) EXPECT_EQ(Screen.Enabled[command], Index() > 0);
         for (Command command : {Command::MoveForward, Command::Last})
             EXPECT_EQ(Screen.Enabled[command], Index() < Game.Record.LastMoveIndex);
-        EXPECT_TRUE(std::equal(Keys.begin(), Keys.begin() + Index(), Pos->PositionKeys.begin()));
+        for (Long i = 0; i < Index(); ++i) EXPECT_TRUE(Keys[static_cast<std::size_t>(i)] == Pos->PositionKeys[i]) << i;
     }
 
     /// Goes to a half-move by its line and checks it.
@@ -111,7 +112,7 @@ void WalkAbout(RecordedGame& game, Random& random) {
     GoFirst(game.Game);
     ASSERT_EQ(game.Index(), 0);
     game.Check("first", false);
-    game.Pos->PositionKeys.fill(KeyOf(EmptyBoard())); // as a search from here may leave them
+    game.Pos->PositionKeys.Fill(KeyOf(EmptyBoard())); // as a search from here may leave them
     GoLast(game.Game);
     ASSERT_EQ(game.Index(), last);
     game.Check("last", true);
