@@ -3,13 +3,15 @@
 #include "rules/game_tree.h"
 #include "rules/position_key.h"
 
+#include <algorithm>
 #include <array>
 #include <cassert>
+#include <cstdint>
 
 namespace tavlon12 {
 
-/// The placements of the game and of the line under search: entry i is the one after half-move i + 1. The hashes lie
-/// together, because a search compares with all of them at each node, and mostly in vain.
+/// The placements of the game and of the line under search: entry i is the one after half-move i + 1. A search compares
+/// with all of them at each node, and mostly in vain: short hashes that lie together tell so, eight at a time.
 class KeyHistory {
 public:
     const PositionKey& operator[](Long i) const { return Keys[i]; }
@@ -17,30 +19,36 @@ public:
     void Set(Long i, const PositionKey& key) {
         assert(i >= 0 && i < kTreeSize);
         Keys[i] = key;
-        Hashes[i] = Mixed(key);
+        Hashes[i] = ShortHash(key);
     }
 
     void Fill(const PositionKey& key) {
         Keys.fill(key);
-        Hashes.fill(Mixed(key));
+        Hashes.fill(ShortHash(key));
     }
 
     /// Whether the key is among the first `count`.
     bool Has(const PositionKey& key, Long count) const {
-        const std::uint64_t hash = Mixed(key);
-        for (Long i = 0; i < count; ++i) {
-            if (Hashes[i] == hash && Keys[i] == key) return true;
+        assert(count <= kTreeSize);
+        const std::uint32_t hash = ShortHash(key);
+        std::uint32_t alike = 0;
+        for (Long block = 0; block < count; block += kBlock) {
+            for (Long i = 0; i < kBlock; ++i) alike |= Hashes[block + i] == hash ? 1 : 0;
         }
-        return false;
+        return alike != 0 && std::find(Keys.begin(), Keys.begin() + count, key) != Keys.begin() + count;
     }
 
-    bool operator==(const KeyHistory&) const = default;
+    bool operator==(const KeyHistory& other) const { return Keys == other.Keys; }
 
 private:
-    static std::uint64_t Mixed(const PositionKey& key) { return key.Hash[0] ^ key.Hash[1]; }
+    static constexpr Long kBlock = 8;
 
-    std::array<std::uint64_t, kTreeSize> Hashes{};
+    static std::uint32_t ShortHash(const PositionKey& key) {
+        return static_cast<std::uint32_t>(key.Hash[0] ^ key.Hash[1]);
+    }
+
     std::array<PositionKey, kTreeSize> Keys{};
+    std::array<std::uint32_t, (kTreeSize + kBlock - 1) / kBlock * kBlock> Hashes{};
 };
 
 } // namespace tavlon12
