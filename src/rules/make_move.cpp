@@ -16,8 +16,7 @@ void MovePiece(Position& position, Long from, Long to) {
     Long type = PieceType(piece);
     position.Board[from] = kEmpty;
     position.Board[to] = piece;
-    position.Sums.Key.Flip(type, from);
-    position.Sums.Key.Flip(type, to);
+    position.Sums.Key.Move(type, from, to);
     position.Sums.TermSum += position.TermsOfPieces[type][to];
     position.Sums.TermSum -= position.TermsOfPieces[type][from];
 }

@@ -20,6 +20,9 @@ struct PositionKey {
 
     /// Adds a piece to the key, or takes it out again.
     void Flip(Long pieceType, Long square);
+
+    /// Moves a piece to an empty square.
+    void Move(Long pieceType, Long from, Long to);
 };
 
 namespace key_detail {
@@ -45,9 +48,18 @@ inline constexpr auto kNumbers = MakeNumbers();
 
 } // namespace key_detail
 
+// A set is written as a whole, word by word or not as it is read next: a processor hands a value on from its last writing
+// only when that covers what is read.
+
 inline void PositionKey::Flip(Long pieceType, Long square) {
-    Sets[pieceType].Flip(square);
+    Sets[pieceType] = Sets[pieceType] ^ kSingleSquare[square];
     Hash[pieceType % 2] ^= key_detail::kNumbers[pieceType][square];
+}
+
+inline void PositionKey::Move(Long pieceType, Long from, Long to) {
+    const auto& numbers = key_detail::kNumbers[pieceType];
+    Sets[pieceType] = Sets[pieceType] ^ (kSingleSquare[from] ^ kSingleSquare[to]);
+    Hash[pieceType % 2] ^= numbers[from] ^ numbers[to];
 }
 
 /// The key of a board, made from its cells.

@@ -110,6 +110,9 @@ struct SquareSet {
     friend constexpr SquareSet operator|(const SquareSet& a, const SquareSet& b) {
         return {{a.Words[0] | b.Words[0], a.Words[1] | b.Words[1], a.Words[2] | b.Words[2]}};
     }
+    friend constexpr SquareSet operator^(const SquareSet& a, const SquareSet& b) {
+        return {{a.Words[0] ^ b.Words[0], a.Words[1] ^ b.Words[1], a.Words[2] ^ b.Words[2]}};
+    }
     /// What `a` has and `b` has not.
     friend constexpr SquareSet operator-(const SquareSet& a, const SquareSet& b) {
         return {{a.Words[0] & ~b.Words[0], a.Words[1] & ~b.Words[1], a.Words[2] & ~b.Words[2]}};
@@ -125,5 +128,13 @@ constexpr SquareSet AllSquares() {
     return set;
 }
 inline constexpr SquareSet kAllSquares = AllSquares();
+
+constexpr auto MakeSingleSquares() {
+    std::array<SquareSet, kBoardCells> sets{};
+    kAllSquares.ForEach([&](Long square) { sets[static_cast<std::size_t>(square)].Flip(square); });
+    return sets;
+}
+/// By square, the set of that square alone.
+inline constexpr auto kSingleSquare = MakeSingleSquares();
 
 } // namespace tavlon12
