@@ -49,8 +49,8 @@ template <Family F> void Generate(Position& position, Long mode, const SquareSet
     assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     MoveWalk walk =
-        WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes) {
-            RegisterMove(position, from, to, promotes ? kKing : 0);
+        WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes, bool free) {
+            RegisterMove(position, from, to, promotes ? kKing : 0, free);
             return false;
         });
     if (walk == MoveWalk::LimitPassed) {

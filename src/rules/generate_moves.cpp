@@ -19,8 +19,8 @@ void Generate(Position& position, Long mode, const SquareSet& starters) {
     assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
     tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
 
-    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, starters, table, [&](Long from, Long to, bool promotes) {
-        RegisterMove(position, from, to, promotes ? kKing : 0);
+    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, starters, table, [&](Long from, Long to, bool promotes, bool free) {
+        RegisterMove(position, from, to, promotes ? kKing : 0, free);
         return false;
     });
 

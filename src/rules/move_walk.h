@@ -22,8 +22,9 @@ inline Long FriendRun(const BoardCells& board, Long piece, Long cell, Long step,
     return length;
 }
 
-/// Calls `onQuiet(from, to, promotes)` for each quiet move of the piece on `square` until that returns true; gives
-/// whether it did.
+/// Calls `onQuiet(from, to, promotes, free)` for each quiet move of the piece on `square` until that returns true; gives
+/// whether it did. For short steps it is called whether the square is free or not, and `free` tells: a processor guesses
+/// that branch wrongly so often that writing a move in vain costs less.
 template <typename Rules, typename OnQuiet>
 bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, OnQuiet onQuiet) {
     constexpr Long kFriendJumpPromotionSlots = 12;
@@ -38,20 +39,19 @@ bool WalkQuietMoves(const Position& position, const Rules& rules, Long square, O
         Long target = square + step;
         if (flying) {
             for (; board[target] == kEmpty; target += step) {
-                if (onQuiet(square, target, false)) return true;
+                if (onQuiet(square, target, false, true)) return true;
             }
-        } else if (board[target] == kEmpty) {
-            if (onQuiet(square, target, man && IsPromotionSquare(position, side, target, Rules::kPromotionSlots))) {
-                return true;
-            }
-        } else if (rules.JumpFriend() && board[target] == piece) {
+        } else if (!rules.JumpFriend() || board[target] != piece) {
+            bool promotes = man && IsPromotionSquare(position, side, target, Rules::kPromotionSlots);
+            if (onQuiet(square, target, promotes, board[target] == kEmpty)) return true;
+        } else {
             Long end;
             Long length = FriendRun(board, piece, target, step, end);
             if (board[end] != kEmpty ||
                 (position.Rules.NumberFriends != kUnlimited && position.Rules.NumberFriends != length))
                 continue;
             bool promotes = man && IsPromotionSquare(position, side, end, kFriendJumpPromotionSlots);
-            if (onQuiet(square, end, promotes)) return true;
+            if (onQuiet(square, end, promotes, true)) return true;
         }
     }
     return false;
@@ -131,8 +131,8 @@ template <typename Rules> Long CountQuietMoves(Position& position, const Rules& 
         if (position.Sums.PieceCount[type] == 0) continue;
         if (type == man + 2 && rules.LongKings()) {
             pieces.ForEach([&](Long square) {
-                WalkQuietMoves(position, rules, square, [&](Long, Long, bool) {
-                    ++count;
+                WalkQuietMoves(position, rules, square, [&](Long, Long, bool, bool free) {
+                    count += free;
                     return false;
                 });
             });
@@ -167,7 +167,7 @@ MoveWalk WalkMoves(Position& position, Long mode, const SquareSet& captures, Cap
     MoveWalk outcome = MoveWalk::Finished;
     sources.ForEachUntil([&](Long square) {
         if (rules.CanContract() && position.Board[square] == kEmpty) {
-            if (MayPlace(position, square) && onQuiet(kOffBoard, square, false)) outcome = MoveWalk::Stopped;
+            if (MayPlace(position, square) && onQuiet(kOffBoard, square, false, true)) outcome = MoveWalk::Stopped;
         } else if (quiet.Has(square) && WalkQuietMoves(position, rules, square, onQuiet)) {
             outcome = MoveWalk::Stopped;
         } else if (captures.Has(square) && !walk.Run(square)) {

@@ -32,25 +32,26 @@ inline Long CaptureScore(const Position& position, Long from, Long to, const Cap
     return score + MemoryScore(position, from, to);
 }
 
-/// The next free slot of the list, with the sort score of the move that goes there.
-inline MoveRecord& AppendSlot(Position& position, Long sortScore) {
+/// The next free slot of the list, with the sort score of the move that goes there. When the move does not count, the
+/// slot stays free.
+inline MoveRecord& AppendSlot(Position& position, Long sortScore, bool counts = true) {
     GameTree& tree = position.Tree;
     assert(tree.NextMoveSlot >= tree.PlyFirstMove[tree.Ply] && tree.NextMoveSlot < kMoveSlots);
     const Long slot = tree.NextMoveSlot;
     if (slot < kMoveSlots - 1) {
-        ++tree.NextMoveSlot;
-    } else {
+        tree.NextMoveSlot += counts;
+    } else if (counts) {
         position.StopFlag = kStopCancel;
     }
     position.SortScores[slot] = sortScore;
     return position.Moves[slot];
 }
 
-/// Appends a quiet move of the current ply.
-inline void RegisterMove(Position& position, Long from, Long to, Long promotes = 0) {
+/// Appends a quiet move of the current ply, if its square is free.
+inline void RegisterMove(Position& position, Long from, Long to, Long promotes = 0, bool free = true) {
     assert(from == kOffBoard || IsLivePiece(position.Board[from]));
-    assert(position.Board[to] == kEmpty);
-    AppendSlot(position, MemoryScore(position, from, to)) = {from, to, CapturePath(), promotes};
+    assert(free == (position.Board[to] == kEmpty));
+    AppendSlot(position, MemoryScore(position, from, to), free) = {from, to, CapturePath(), promotes};
 }
 
 /// Appends a capture.
