@@ -32,9 +32,8 @@ public:
         assert(count <= kTreeSize);
         const std::uint32_t hash = ShortHash(key);
         std::uint32_t alike = 0;
-        for (Long block = 0; block < count; block += kBlock) {
-            for (Long i = 0; i < kBlock; ++i) alike |= Hashes[block + i] == hash ? 1 : 0;
-        }
+        const Long end = (count + kBlock - 1) / kBlock * kBlock;
+        for (Long i = 0; i < end; ++i) alike |= Hashes[i] == hash ? 1 : 0;
         return alike != 0 && std::find(Keys.begin(), Keys.begin() + count, key) != Keys.begin() + count;
     }
 
