@@ -10,15 +10,6 @@ namespace tavlon12 {
 
 namespace {
 
-template <Family F> Long CountMoves(Position& position) {
-    const FamilyRules<F> rules(position);
-    if (CaptureStarters(position, rules).Any()) {
-        GenerateFamilyMoves<F>(position, 0);
-        if (MoveCount(position.Tree) > 0 || position.Fault.Passed()) return MoveCount(position.Tree);
-    }
-    return CountQuietMoves(position, rules);
-}
-
 /// Whether a recorded capture is legal. `maxLength` is the length asked for.
 template <Family F> bool IsSelected(const CaptureTable& table, const CaptureRow& row, Long maxLength) {
     if constexpr (F == Family::Italian) {
@@ -59,6 +50,16 @@ template <Family F> void Generate(Position& position, Long mode, const SquareSet
         RegisterSelected<F>(position);
     }
     tree.PlyFirstMove[tree.Ply + 1] = tree.NextMoveSlot;
+}
+
+template <Family F> Long CountMoves(Position& position) {
+    const FamilyRules<F> rules(position);
+    const SquareSet starters = CaptureStarters(position, rules);
+    if (starters.Any()) {
+        Generate<F>(position, 0, starters);
+        if (MoveCount(position.Tree) > 0 || position.Fault.Passed()) return MoveCount(position.Tree);
+    }
+    return CountQuietMoves(position, rules);
 }
 
 } // namespace

@@ -54,8 +54,9 @@ Long GenerateLegalMoves(Position& position) {
 Long CountLegalMoves(Position& position) {
     const GeneralRules rules(position);
     if (!rules.CapRequired() || rules.JumpFriend() || rules.CanContract()) return GenerateLegalMoves(position);
-    if (CaptureStarters(position, rules).Any()) {
-        GenerateMoves(position, 0);
+    const SquareSet starters = CaptureStarters(position, rules);
+    if (starters.Any()) {
+        Generate(position, 0, starters);
         if (MoveCount(position.Tree) > 0 || position.Fault.Passed()) return MoveCount(position.Tree);
     }
     return CountQuietMoves(position, rules);
