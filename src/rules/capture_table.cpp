@@ -4,7 +4,6 @@ namespace tavlon12 {
 
 void ClearCaptures(CaptureTable& table) {
     if (table.RowCount == 0 && table.LastCapCount == 0) return; // nothing has been written since the last time
-    for (Long row = 0; row < table.RowCount; ++row) table.Rows[row].Path = CapturePath();
     table.RowCount = table.MaxLength = table.BestPiece = table.LastCapCount = 0;
     table.NextIsLastCap = false;
     table.MostKings.fill(0);

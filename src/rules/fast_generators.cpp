@@ -1,8 +1,7 @@
 #include "rules/fast_generators.h"
 
 #include "rules/capture_selection.h"
-#include "rules/move_walk.h"
-#include "rules/register_moves.h"
+#include "rules/list_moves.h"
 
 #include <cassert>
 
@@ -36,14 +35,7 @@ template <Family F> void RegisterSelected(Position& position) {
 /// so that mode 0 gives no quiet moves.
 template <Family F> void Generate(Position& position, Long mode, const SquareSet& starters) {
     GameTree& tree = position.Tree;
-    assert(tree.Ply >= 0 && tree.Ply <= kMaxPly);
-    assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
-    tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
-    MoveWalk walk =
-        WalkMoves<FamilyRules<F>>(position, mode, starters, position.Captures, [&](Long from, Long to, bool promotes, bool free) {
-            RegisterMove(position, from, to, promotes ? kKing : 0, free);
-            return false;
-        });
+    const MoveWalk walk = ListMoves<FamilyRules<F>>(position, mode, starters);
     if (walk == MoveWalk::LimitPassed) {
         tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     } else {

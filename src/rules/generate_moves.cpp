@@ -1,8 +1,7 @@
 #include "rules/generate_moves.h"
 
 #include "rules/capture_selection.h"
-#include "rules/move_walk.h"
-#include "rules/register_moves.h"
+#include "rules/list_moves.h"
 
 #include <cassert>
 
@@ -15,15 +14,7 @@ void Generate(Position& position, Long mode, const SquareSet& starters) {
     GameTree& tree = position.Tree;
     CaptureTable& table = position.Captures;
     const RuleSet& rules = position.Rules;
-    assert(tree.Ply >= 0 && tree.Ply <= kMaxPly);
-    assert(tree.PlyFirstMove[tree.Ply] >= 0 && tree.PlyFirstMove[tree.Ply] < kMoveSlots);
-    tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
-
-    MoveWalk walk = WalkMoves<GeneralRules>(position, mode, starters, table, [&](Long from, Long to, bool promotes, bool free) {
-        RegisterMove(position, from, to, promotes ? kKing : 0, free);
-        return false;
-    });
-
+    const MoveWalk walk = ListMoves<GeneralRules>(position, mode, starters);
     if (walk == MoveWalk::LimitPassed) {
         tree.NextMoveSlot = tree.PlyFirstMove[tree.Ply];
     } else if (table.RowCount > 0) {

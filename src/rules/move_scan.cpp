@@ -7,9 +7,9 @@ namespace tavlon12 {
 
 bool GenerateMoves1(Position& position, Long mode) {
     CaptureTable& table = position.ScanCaptures; // a call during the search must not disturb the generator's own
-    SquareSet starters = CaptureStarters(position, GeneralRules(position));
-    MoveWalk walk =
-        WalkMoves<GeneralRules>(position, mode, starters, table, [](Long, Long, bool, bool free) { return free; });
+    const GeneralRules rules(position);
+    SquareSet starters = CaptureStarters(position, rules);
+    MoveWalk walk = WalkMoves(position, rules, mode, starters, table, [](Long, Long, bool, bool free) { return free; });
     if (walk != MoveWalk::Finished) return walk == MoveWalk::Stopped;
     return SelectCaptures(position, table, [](const CaptureRow&) { return true; });
 }

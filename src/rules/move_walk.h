@@ -147,16 +147,21 @@ template <typename Rules> Long CountQuietMoves(Position& position, const Rules& 
     return count;
 }
 
+/// Whether quiet moves are asked for beside the captures.
+template <typename Rules> bool WantsQuietMoves(const Rules& rules, Long mode) {
+    return mode > 0 || (mode == 0 && !rules.CapRequired());
+}
+
 /// Walks over all squares: quiet moves and placements to `onQuiet`, captures into the table. `captures` are the pieces
 /// that a capture may start from, as `CaptureStarters` gives them.
 template <typename Rules, typename OnQuiet>
-MoveWalk WalkMoves(Position& position, Long mode, const SquareSet& captures, CaptureTable& table, OnQuiet onQuiet) {
+MoveWalk WalkMoves(Position& position, const Rules& rules, Long mode, const SquareSet& captures, CaptureTable& table,
+                   OnQuiet onQuiet) {
     assert(SumsMatchBoard(position));
-    const Rules rules(position);
     ClearCaptures(table);
     SquareSet sources = captures;
     SquareSet quiet;
-    if (mode > 0 || (mode == 0 && !rules.CapRequired())) {
+    if (WantsQuietMoves(rules, mode)) {
         quiet = QuietStarters(position, rules);
         if (rules.CanContract()) quiet |= EmptySquares(position);
         sources |= quiet;

@@ -32,14 +32,13 @@ inline Long CaptureScore(const Position& position, Long from, Long to, const Cap
     return score + MemoryScore(position, from, to);
 }
 
-/// The next free slot of the list, with the sort score of the move that goes there. When the move does not count, the
-/// slot stays free.
-inline MoveRecord& AppendSlot(Position& position, Long sortScore, bool counts = true) {
-    GameTree& tree = position.Tree;
-    assert(tree.NextMoveSlot >= tree.PlyFirstMove[tree.Ply] && tree.NextMoveSlot < kMoveSlots);
-    const Long slot = tree.NextMoveSlot;
+/// The slot `next` of the list, with the sort score of the move that goes there; `next` goes on by one if the move
+/// counts.
+inline MoveRecord& AppendSlot(Position& position, Long& next, Long sortScore, bool counts = true) {
+    assert(next >= position.Tree.PlyFirstMove[position.Tree.Ply] && next < kMoveSlots);
+    const Long slot = next;
     if (slot < kMoveSlots - 1) {
-        tree.NextMoveSlot += counts;
+        next += counts;
     } else if (counts) {
         position.StopFlag = kStopCancel;
     }
@@ -48,17 +47,18 @@ inline MoveRecord& AppendSlot(Position& position, Long sortScore, bool counts = 
 }
 
 /// Appends a quiet move of the current ply, if its square is free.
-inline void RegisterMove(Position& position, Long from, Long to, Long promotes = 0, bool free = true) {
+inline void RegisterMove(Position& position, Long& next, Long from, Long to, Long promotes = 0, bool free = true) {
     assert(from == kOffBoard || IsLivePiece(position.Board[from]));
     assert(free == (position.Board[to] == kEmpty));
-    AppendSlot(position, MemoryScore(position, from, to), free) = {from, to, CapturePath(), promotes};
+    AppendSlot(position, next, MemoryScore(position, from, to), free) = {from, to, CapturePath(), promotes};
 }
 
 /// Appends a capture.
 inline void RegisterCaptureMove(Position& position, Long from, Long to, const CapturePath& captures,
                                 Long promotes = 0) {
     assert(captures.Count > 0 && captures.Count <= kMaxJumps && IsSquare(from) && IsSquare(to));
-    AppendSlot(position, CaptureScore(position, from, to, captures)) = {from, to, captures, promotes};
+    AppendSlot(position, position.Tree.NextMoveSlot, CaptureScore(position, from, to, captures)) = {from, to, captures,
+                                                                                                    promotes};
 }
 
 /// Appends a move that promotes, as a capture when `captures` is not empty.
@@ -66,7 +66,7 @@ inline void RegisterPromotion(Position& position, Long from, Long to, const Capt
     if (captures.Count != 0) {
         RegisterCaptureMove(position, from, to, captures, kKing);
     } else {
-        RegisterMove(position, from, to, kKing);
+        RegisterMove(position, position.Tree.NextMoveSlot, from, to, kKing);
     }
 }
 
