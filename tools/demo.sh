@@ -16,7 +16,7 @@ square=38
 list2_left=656
 list2_top=93
 
-need_programs Xvfb xdotool import
+need_programs Xvfb xdotool import tavlon12
 # A program folder of its own: the places above are those of the default settings.
 install_program "$work/bin"
 start_display

@@ -17,13 +17,16 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 1' INT TERM HUP
 
-# need_programs tool... : ends the script where one of these, or of our own two programs, is missing.
+# need_programs program... : ends the script where one of these is missing. Our own are looked for in the program folder.
 need_programs() {
-    local tool
-    for tool in "$@"; do
-        command -v "$tool" >/dev/null || fail "This script needs $tool (packages: ${display_packages[*]})."
+    local program
+    for program in "$@"; do
+        if [[ $program == tavlon12* ]]; then
+            [[ -x $bin/$program ]] || fail "There is no $program in $bin: cmake --build $build_dir --target $program"
+        else
+            command -v "$program" >/dev/null || fail "This script needs $program (packages: ${display_packages[*]})."
+        fi
     done
-    [[ -x $bin/tavlon12 && -x $bin/tavlon12-lab ]] || fail "There is no program in $bin: run ./play."
 }
 
 # install_program folder : copies the program with its data to a folder, without the settings that a player has made.

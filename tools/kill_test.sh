@@ -8,7 +8,7 @@ tools=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 . "$tools/display.sh"
 
 rounds=${1:-200}
-need_programs Xvfb xdotool
+need_programs Xvfb xdotool tavlon12 tavlon12-lab
 
 same() { cmp -s "$1" "$2"; }
 
