@@ -44,7 +44,7 @@ Long GenerateLegalMoves(Position& position) {
 
 Long CountLegalMoves(Position& position) {
     const GeneralRules rules(position);
-    if (!rules.CapRequired() || rules.JumpFriend() || rules.CanContract()) return GenerateLegalMoves(position);
+    if (rules.JumpFriend() || rules.CanContract()) return GenerateLegalMoves(position);
     const SquareSet starters = CaptureStarters(position, rules);
     if (starters.Any()) {
         Generate(position, 0, starters);

@@ -93,6 +93,27 @@ TEST(Limits, AFullListKeepsTheFirstMovesAndStops) {
     GenerateMoves(*position, 1);
     EXPECT_EQ(position->StopFlag, 0);
     EXPECT_EQ(MoveCount(tree), 11);
+
+    position = MakePosition(RuleSet(), "W: c3; B: d4 e5");
+    position->Tree.PlyFirstMove[0] = 999;
+    GenerateMoves(*position, 1); // its only step fits, and the blocked one asks for no room
+    EXPECT_EQ(position->StopFlag, 0);
+    EXPECT_EQ(MoveTexts(*position), "c3-b4");
+}
+
+TEST(Limits, WhatWasFoundBeforeIsForgotten) {
+    auto position = MakePosition(RulesWith("LastCap=1 | MaxCapMove=0 | CapRequired=0"), "W: c3; B: d4 f6");
+    GameTree& tree = position->Tree;
+    tree.TreeTo[tree.TreeIndex] = kFirstSquare + 3 * kBoardWidth + 3;
+    position->JumpLimit = 1;
+    ExpectLimit(*position, GeneratorFault::Kind::Work);
+
+    position->Fault = {};
+    position->StopFlag = 0;
+    position->JumpLimit = kRootJumps;
+    tree.TreeTo[tree.TreeIndex] = 0;
+    GenerateMoves(*position, 0);
+    EXPECT_EQ(MoveTexts(*position), "c3-b4 c3xg7(d4,f6)");
 }
 
 } // namespace
