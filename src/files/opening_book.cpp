@@ -193,14 +193,15 @@ std::optional<FileFailure> ReadTree(const Lines& lines, std::size_t& next, const
     return std::nullopt;
 }
 
-/// One of the candidates, each with the same chance; "" when there is none.
-std::string DrawCandidate(const std::vector<std::string>& candidates, const BookQuestion& question,
-                          std::mt19937& random) {
-    if (candidates.empty()) return "";
-    const std::string& chosen =
-        candidates[std::uniform_int_distribution<std::size_t>(0, candidates.size() - 1)(random)];
-    if (!IsFlipped(question)) return chosen;
-    return BookKey(Flipped(MoveOfKey(chosen, question.Rules)), BookNotation(question.Rules));
+/// Reads the tree and gives the candidates as moves on the board, which a flipped book is turned against.
+std::optional<FileFailure> ReadCandidates(const Lines& lines, std::size_t& next, const BookQuestion& question,
+                                          std::string_view path, BookAnswer& answer) {
+    if (auto failure = ReadTree(lines, next, question, path, answer)) return failure;
+    if (!IsFlipped(question)) return std::nullopt;
+    for (std::string& key : answer.BookCandidates) {
+        key = BookKey(Flipped(MoveOfKey(key, question.Rules)), BookNotation(question.Rules));
+    }
+    return std::nullopt;
 }
 
 // Names
@@ -234,13 +235,12 @@ Outcome<BookAnswer> AskBook(std::string_view bytes, const BookQuestion& question
     std::size_t next = FindTree(lines, question);
     std::string path = PathOf(question);
     BookAnswer answer;
-    if (auto failure = ReadTree(lines, next, question, path, answer)) return *failure;
-    if (question.WantMove) {
-        const std::string chosen = DrawCandidate(answer.BookCandidates, question, random);
-        if (!chosen.empty()) {
-            answer.Move = MoveOfKey(chosen, question.Rules);
-            path += (path.empty() ? "" : " ") + chosen;
-        }
+    if (auto failure = ReadCandidates(lines, next, question, path, answer)) return *failure;
+    if (question.WantMove && !answer.BookCandidates.empty()) {
+        std::uniform_int_distribution<std::size_t> draw(0, answer.BookCandidates.size() - 1); // the same chance for all
+        const std::string& chosen = answer.BookCandidates[draw(random)];
+        answer.Move = MoveOfKey(chosen, question.Rules);
+        path += (path.empty() ? "" : " ") + chosen;
     }
     const bool names = next < lines.size() && lines[next] == "names";
     if (auto failure = names ? ReadNames(lines, next + 1, path, answer) : std::nullopt) return *failure;
