@@ -59,9 +59,11 @@ std::optional<std::string> MakeRandomMove(Session& session) {
     const std::string key = UpperCase(DisplayMove(session, position.Moves[slot]).MoveTextKey);
     if (std::holds_alternative<Refusal>(InputMove(session, key))) return std::nullopt;
     InitGameTree(position);
+    UpdateDrawStatus(session);
     const RootValue root = EvaluateRoot(position, session.Search, WinnerByPosition(position));
     GenerateMoves(position, 1);
-    if (MoveCount(position.Tree) == 0 || root.Value == kWin) return std::nullopt;
+    const bool drawn = DrawRuleApplies(session, true); // kings alone are a draw whatever they can take
+    if (MoveCount(position.Tree) == 0 || root.Value == kWin || drawn) return std::nullopt;
     return key;
 }
 

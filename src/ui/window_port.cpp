@@ -20,6 +20,8 @@
 #include <QTime>
 #include <QUrl>
 
+#include <algorithm>
+
 #ifdef TAVLON12_HAVE_MULTIMEDIA
 #include <QSoundEffect>
 #endif
@@ -107,12 +109,17 @@ QWidget& WidgetOf(const CommandBar& bar, const SidePanel& panel, Control control
     return *bar.Toolbar1;
 }
 
+/// A range of nothing would be shown as work without an end.
+void SetRange(QProgressBar& bar, Long minimum, Long maximum) {
+    bar.setRange(minimum, std::max(minimum + 1, maximum));
+}
+
 void ConnectStatus(StatusPort& port, QMainWindow& window, const SidePanel& panel) {
     const auto status = [&panel](int number) { return panel.StatusPanels[static_cast<std::size_t>(number - 1)]; };
     port.SetStatusText = [status](int number, const std::string& text) { status(number)->setText(Shown(text)); };
     port.GetStatusText = [status](int number) { return BytesOf(status(number)->text()); };
     port.SetProgress = [&panel](Long value) { panel.Progress->setValue(value); };
-    port.SetProgressRange = [&panel](Long minimum, Long maximum) { panel.Progress->setRange(minimum, maximum); };
+    port.SetProgressRange = [&panel](Long minimum, Long maximum) { SetRange(*panel.Progress, minimum, maximum); };
     port.SetSearchLine = [&panel](const std::string& text) { panel.Labels[9]->setText(Shown(text)); };
     port.GetSearchLine = [&panel] { return BytesOf(panel.Labels[9]->text()); };
     port.SetStrengthLine = [&panel](const std::string& text) { panel.Labels[7]->setText(Shown(text)); };
@@ -253,8 +260,8 @@ void ConnectStudy(StudyPort& port, const WindowParts& parts) {
     port.OpenValues = [values](const std::vector<std::string>& orders) { values().Open(orders); };
     port.SetLabel = [values](const std::string& text) { values().State->setText(Shown(text)); };
     port.SetProgress = [values](Long value, Long maximum) {
-        values().Progress->setRange(0, maximum);
-        values().Progress->setValue(value);
+        SetRange(*values().Progress, 0, maximum);
+        values().Progress->setValue(maximum > 0 ? value : 1);
     };
     port.SetSearchLine = [values](const std::string& text) { values().SearchLine->setText(Shown(text)); };
     port.ShowValues = [values](const std::function<std::string(Long)>& table) { values().ShowTable(table); };

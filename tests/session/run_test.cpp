@@ -99,6 +99,20 @@ TEST(StartRules, RemoveMenAndPlayMoves) {
     }
 }
 
+TEST(StartRules, TheMovesPlayedEndBeforeADraw) {
+    SessionFixture fixture;
+    Session& game = fixture.Game;
+    game.Settings.KingVersusKing = 1;
+    game.Pos.Rules.RemoveMen = game.Pos.Rules.DoMoves = 1;
+    game.Pos.Rules.NumberMen = 200;
+    game.Pos.Rules.NumberMoves = 60;
+    for (Long round = 0; round < 20; ++round) {
+        fixture.Screen.Now += 1; // the seed of a game
+        NewGame(game);
+        EXPECT_EQ(game.Game.EndText, "") << round;
+    }
+}
+
 // PDN of other programs
 
 const std::string kTwoOpenings = "[Event \"A\"]\r\n\r\n1. 44-38 *\r\n\r\n[Event \"B\"]\r\n\r\n1. 44-38 25-31 *\r\n";

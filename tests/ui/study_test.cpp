@@ -104,6 +104,18 @@ private slots:
         QVERIFY(problems->findChild<QPlainTextEdit*>()->toPlainText().contains(QStringLiteral("k3-j4  Score:")));
     }
 
+    void APositionWithoutMovesIsStudiedAtOnce() {
+        GameWindow game;
+        game.Place("", "W: a1; B: b2 c3");
+        game.Game.Settings.PlayMode = kPlayerPlayer;
+        Trigger(game, Command::problems);
+        QVERIFY2(game.Window->Panel.Progress->maximum() > 0, "else it runs for ever");
+        Trigger(game, Command::plyvaluetable);
+        const auto* bar = game.Window->findChild<QDialog*>(QStringLiteral("frmPV"))->findChild<QProgressBar*>();
+        QVERIFY(bar->maximum() > 0);
+        QCOMPARE(bar->value(), bar->maximum());
+    }
+
     void ALongStudyCanBeCancelledAndTheProgramClosed() {
         for (const char* end : {"Command2", "close"}) {
             GameWindow game;
