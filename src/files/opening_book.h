@@ -29,7 +29,7 @@ struct BookQuestion {
 
 struct BookAnswer {
     bool InBook = false;                     ///< the game, which has begun, lies on a line of the book
-    std::vector<std::string> BookCandidates; ///< the moves on offer here, 11 at most, in the form of a book ("0913", "c3d4")
+    std::vector<std::string> BookCandidates; ///< the moves on offer here, 11 at most, as a book writes them ("0913")
     SquarePair Move;                         ///< the one chosen, when a move was wanted; `From` 0 for none
     std::string OpeningName;                 ///< status panel 3 shows it when no move was wanted
 };
