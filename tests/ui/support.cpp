@@ -30,11 +30,13 @@ void BoxWatcher::Look() {
 DialogUser::DialogUser(const char* name, std::function<void(QDialog&)> use) {
     connect(&Timer, &QTimer::timeout, this, [this, name, use] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr || !dialog->isVisible() || dialog->objectName() != QLatin1String(name)) return;
+        if (dialog == nullptr || !dialog->isActiveWindow() || dialog->objectName() != QLatin1String(name)) return;
         Timer.stop();
         Used = true;
         use(*dialog);
-        if (QTest::currentTestFailed()) dialog->reject();
+        if (!dialog->isVisible()) return;
+        if (!QTest::currentTestFailed()) QTest::qFail("the dialog was left open", __FILE__, __LINE__);
+        dialog->reject();
     });
     Timer.start(5);
 }

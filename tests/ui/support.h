@@ -55,7 +55,8 @@ private:
     bool Inside = false;
 };
 
-/// Runs `use` once a dialog of this name is open. A dialog in which a comparison has failed is closed.
+/// Runs `use` once a dialog of this name is open and has the keys. `use` must close it: one that is left open is a
+/// failure, and is closed.
 class DialogUser : public QObject {
 public:
     DialogUser(const char* name, std::function<void(QDialog&)> use);
