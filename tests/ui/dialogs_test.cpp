@@ -265,6 +265,7 @@ private slots:
         }
         QVERIFY(UseDialog(game, Command::mnu_Help_About, "frmAbout", [&](QDialog& dialog) {
             QCOMPARE(Find<QLabel>(dialog, "Label3").text(), "Version 1.13");
+            QVERIFY(Find(dialog, "cmdOK").hasFocus());
             click(dialog, "Label9");
             click(dialog, "Label10");
             ClickOn(dialog, "cmdOK");

@@ -67,12 +67,14 @@ void ShowAboutWindow(QWidget* parent, const AboutText& text, const OpenAddress& 
     window.setObjectName(QStringLiteral("frmAbout"));
     window.setWindowTitle(QStringLiteral(" About"));
     auto* buttons = new QDialogButtonBox;
-    AddButton(*buttons, "cmdOK", "OK", "Closes the window.", QDialogButtonBox::AcceptRole)->setDefault(true);
+    QPushButton* ok = AddButton(*buttons, "cmdOK", "OK", "Closes the window.", QDialogButtonBox::AcceptRole);
+    ok->setDefault(true);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &window, &QDialog::accept);
     QVBoxLayout layout(&window);
     layout.addWidget(MakeFrame(text, open));
     layout.addWidget(buttons);
     layout.setSizeConstraint(QLayout::SetFixedSize);
+    ok->setFocus(); // Enter closes the window, and opens no page
     RunCentred(window);
 }
 
