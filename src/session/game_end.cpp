@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace tavlon12 {
 
@@ -44,7 +45,7 @@ bool KingsRuleReached(const Position& position, Long more, Long movesAllowed) {
     const Long treeIndex = position.Tree.TreeIndex;
     Long from = treeIndex + 1;
     while (from > 1 && KingsOnly(position.PositionKeys[from - 2], more, 1)) --from;
-    return from < treeIndex && treeIndex - from + 2 > 2 * movesAllowed;
+    return from < treeIndex && treeIndex - from + 2 > 2 * std::int64_t{movesAllowed};
 }
 
 /// Later rules go before earlier ones.

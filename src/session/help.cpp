@@ -1,5 +1,6 @@
 #include "session/help.h"
 
+#include "session/program_files.h"
 #include "session/screen.h"
 
 namespace tavlon12 {
@@ -22,12 +23,14 @@ std::string ShownLink(const std::string& link) {
 
 void OpenRules(Session& session, const std::string& link) {
     if (!link.empty()) {
-        session.Port.Files.OpenDocument(link);
+        OpenLink(session, link);
         return;
     }
     const VariantState& variant = session.Variant;
     const RulesText text{" Rules for " + variant.VariantName, HelpText(variant), ShownLink(variant.Texts.HelpLink)};
-    ShowWindow(session, [&] { session.Port.Dialogs.ShowRules(text, session.Port.Files.OpenDocument); });
+    ShowWindow(session, [&] {
+        session.Port.Dialogs.ShowRules(text, [&](const std::string& shown) { OpenLink(session, shown); });
+    });
     session.Input.MovablesBoxed = false;
 }
 

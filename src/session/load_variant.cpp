@@ -16,6 +16,25 @@ std::optional<FileFailure> FailureOf(const std::filesystem::path& file) {
     return std::nullopt;
 }
 
+/// What a definition is read over: of the keys that it does not name some have their defaults, the others the values
+/// of the variant before it.
+RuleSet WithDefaults(RuleSet defined) {
+    const RuleSet defaults;
+    defined.MaxCapMove = defaults.MaxCapMove;
+    defined.MaxCapMoveK = defaults.MaxCapMoveK;
+    defined.MaxCapMoveKings = defaults.MaxCapMoveKings;
+    defined.ManCapKing = defaults.ManCapKing;
+    defined.CapRequired = defaults.CapRequired;
+    defined.KingCapMove = defaults.KingCapMove;
+    defined.MulJumps = defaults.MulJumps;
+    defined.BlackStarts = defaults.BlackStarts;
+    defined.WinAtPromo = defaults.WinAtPromo;
+    defined.KingWin = defaults.KingWin;
+    defined.PromoW = defaults.PromoW;
+    defined.PromoB = defaults.PromoB;
+    return defined;
+}
+
 /// The definition as a change of some rules, which keeps the values that it does not name.
 Outcome<VariantDefinition> ReadOver(const std::filesystem::path& file, const RuleSet& kept) {
     return ReadFileWith(file, [&](std::string_view bytes) { return ReadVariant(bytes, kept, {}, FirstLine::Key); });
@@ -27,6 +46,7 @@ void TakeRules(Position& position, RuleSet&& rules) {
     rules.PromoB = position.Rules.PromoB;
     position.Rules = std::move(rules);
     position.DirTable = DirectionsOf(position.Rules);
+    RecognizeBoardKind(position);
 }
 
 } // namespace
@@ -46,8 +66,9 @@ void AdoptVariant(Session& session, VariantDefinition&& definition) {
 
 std::optional<FileFailure> LoadVariant(Session& session, const std::filesystem::path& file) {
     const VariantState& variant = session.Variant;
-    auto definition = ReadFileWith(
-        file, [&](std::string_view bytes) { return ReadVariant(bytes, variant.DefinedRules, variant.Texts); });
+    auto definition = ReadFileWith(file, [&](std::string_view bytes) {
+        return ReadVariant(bytes, WithDefaults(variant.DefinedRules), variant.Texts);
+    });
     if (!definition) return definition.Failure();
     AdoptVariant(session, std::move(*definition));
     return std::nullopt;
@@ -63,7 +84,7 @@ std::optional<FileFailure> ReadVariantForDialog(Session& session, const std::str
     kept.PromoW = shown[0];
     kept.PromoB = shown[1];
     auto inForce = ReadOver(file, kept);
-    auto defined = ReadOver(file, variant.DefinedRules);
+    auto defined = ReadOver(file, WithDefaults(variant.DefinedRules));
     if (!inForce) return inForce.Failure();
     if (!defined) return defined.Failure();
 

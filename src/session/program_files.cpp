@@ -70,6 +70,13 @@ bool WriteProgramFile(Session& session, const std::filesystem::path& file, std::
     return !failure;
 }
 
+void OpenLink(Session& session, const std::string& link) {
+    const std::filesystem::path file = DataFile(session, link);
+    std::error_code error;
+    const bool found = std::filesystem::is_regular_file(file, error);
+    session.Port.Files.OpenDocument(found ? std::filesystem::absolute(file, error).string() : link);
+}
+
 void PlaySound(Session& session, std::string_view name) {
     if (session.Settings.UseSound != 1) return;
     session.Port.Files.PlaySound(DataFile(session, "sounds/" + std::string(name)));

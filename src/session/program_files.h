@@ -35,6 +35,9 @@ std::vector<std::string> SkinNames(const Session& session);
 /// Replaces a file of the program. On a failure, which is told in a message, the old file stays, and it returns false.
 bool WriteProgramFile(Session& session, const std::filesystem::path& file, std::string_view bytes);
 
+/// Opens what a definition links to: a file by its path under the program's folder, or an address.
+void OpenLink(Session& session, const std::string& link);
+
 /// Plays a wave file of the folder of sounds, under `UseSound`.
 void PlaySound(Session& session, std::string_view name);
 

@@ -16,28 +16,10 @@ namespace tavlon12 {
 
 namespace {
 
-/// The values that a definition which does not name them gets, and not those of the variant before it.
-void SetDefinedDefaults(RuleSet& defined) {
-    const RuleSet defaults;
-    defined.MaxCapMove = defaults.MaxCapMove;
-    defined.MaxCapMoveK = defaults.MaxCapMoveK;
-    defined.MaxCapMoveKings = defaults.MaxCapMoveKings;
-    defined.ManCapKing = defaults.ManCapKing;
-    defined.CapRequired = defaults.CapRequired;
-    defined.KingCapMove = defaults.KingCapMove;
-    defined.MulJumps = defaults.MulJumps;
-    defined.BlackStarts = defaults.BlackStarts;
-    defined.WinAtPromo = defaults.WinAtPromo;
-    defined.KingWin = defaults.KingWin;
-    defined.PromoW = defaults.PromoW;
-    defined.PromoB = defaults.PromoB;
-}
-
 bool BuildPosition(Session& session) {
     Position& position = session.Pos;
     PlaceClassicStart(position);
     session.Variant.VariantName = kDefaultVariant;
-    SetDefinedDefaults(session.Variant.DefinedRules);
     session.Game.RateableGame = true;
     if (auto failure = LoadVariant(session, VariantPath(session))) {
         std::cerr << failure->Message() << '\n';

@@ -225,7 +225,7 @@ struct VariantsEvents {
     std::function<void(VariantsForm&)> Random;
     /// True when all entries are good; otherwise `mark` has been called for the first that is not. `JumpFriend` and
     /// `NumberFriends` are taken only on request.
-    std::function<bool(const VariantsForm&, bool includeFriends, const std::function<void(VariantsBox)>& mark)> Apply;
+    std::function<bool(VariantsForm&, bool includeFriends, const std::function<void(VariantsBox)>& mark)> Apply;
     std::function<void()> OpenHelp;
 };
 

@@ -2,6 +2,7 @@
 
 #include "rules/rule_keys.h"
 #include "session/load_variant.h"
+#include "session/program_files.h"
 #include "session/screen.h"
 
 #include <algorithm>
@@ -90,9 +91,13 @@ PromotionLists ShownPromotions(VariantsForm& form) {
     return {SquaresOf(TextsOf(form, &RuleSet::PromoW)), SquaresOf(TextsOf(form, &RuleSet::PromoB))};
 }
 
+bool IsColourOpen(const RuleSet& rules) {
+    return rules.PiecesOnBlack != 2;
+}
+
 /// Flags and numbers. The box of a colour rule that does not apply keeps its value.
 void ShowNumbers(VariantsForm& form, const RuleSet& rules) {
-    form.ColourOpen = rules.PiecesOnBlack != 2;
+    form.ColourOpen = IsColourOpen(rules);
     for (const RuleKey& key : RuleKeys()) {
         const bool kept = &key == &ColourKey() && !form.ColourOpen && form.Values.contains(key.Name);
         if (IsNumber(key) && !kept) form.Values[key.Name] = {RuleValueText(rules, key)};
@@ -141,7 +146,7 @@ Wrong ApplyPromotions(RuleSet& rules, const VariantsForm& form) {
 }
 
 /// All of the four strings, or none when one of them has a word that is no direction.
-Wrong ApplyMovements(Position& position, const VariantsForm& form) {
+Wrong ApplyMovements(Position& position, VariantsForm& form) {
     RuleSet rules = position.Rules;
     for (const RuleKey& key : RuleKeys()) {
         const auto member = MemberOf<std::string>(key);
@@ -154,6 +159,8 @@ Wrong ApplyMovements(Position& position, const VariantsForm& form) {
     }
     position.Rules = std::move(rules);
     position.DirTable = DirectionsOf(position.Rules);
+    RecognizeBoardKind(position);
+    form.ColourOpen = IsColourOpen(position.Rules);
     return std::nullopt;
 }
 
@@ -188,6 +195,7 @@ bool VariantPicked(Session& session, VariantsForm& form, const std::string& name
 
 void FolderPicked(Session& session, VariantsForm& form, Long useClassic) {
     Long& inForce = session.Settings.UseClassic;
+    if (inForce == useClassic && form.UseClassic == useClassic) return; // the button that is on
     const Long before = std::exchange(inForce, useClassic);
     form.UseClassic = useClassic;
     form.Variants = FillVariantList(session);
@@ -221,7 +229,7 @@ void RandomRules(Session& session, VariantsForm& form) {
     ShowNumbers(form, rules);
 }
 
-bool ApplyVariant(Session& session, const VariantsForm& form, bool includeFriends,
+bool ApplyVariant(Session& session, VariantsForm& form, bool includeFriends,
                   const std::function<void(VariantsBox)>& mark) {
     Position& position = session.Pos;
     session.Variant.VariantName = form.Variant;
@@ -240,12 +248,12 @@ void EditVariants(Session& session) {
     events.PickFolder = [&](VariantsForm& form, Long useClassic) { FolderPicked(session, form, useClassic); };
     events.PickColour = [&](VariantsForm& form, bool on) { ColourPicked(session, form, on); };
     events.Random = [&](VariantsForm& form) { RandomRules(session, form); };
-    events.Apply = [&](const VariantsForm& form, bool includeFriends, const std::function<void(VariantsBox)>& mark) {
+    events.Apply = [&](VariantsForm& form, bool includeFriends, const std::function<void(VariantsBox)>& mark) {
         return ApplyVariant(session, form, includeFriends, mark);
     };
     events.OpenHelp = [&] {
         const std::string& link = session.Variant.Texts.HelpLink;
-        if (!link.empty()) session.Port.Files.OpenDocument(link);
+        if (!link.empty()) OpenLink(session, link);
     };
     session.Port.Dialogs.EditVariants(FormOfRules(session), events);
 }

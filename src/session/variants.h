@@ -18,7 +18,8 @@ VariantsForm FormOfRules(const Session& session);
 /// a message, the variant stays, and false comes back.
 bool VariantPicked(Session& session, VariantsForm& form, const std::string& name);
 
-/// The pick of a folder of variants, as `UseClassic` has it: the list shows it, and its first variant is picked.
+/// The pick of a folder of variants, as `UseClassic` has it: the list shows it, and its first variant is picked. The
+/// folder that the list shows already changes nothing.
 void FolderPicked(Session& session, VariantsForm& form, Long useClassic);
 
 /// The pick of the colour that is played on: the promotion squares move onto it.
@@ -29,7 +30,7 @@ void RandomRules(Session& session, VariantsForm& form);
 
 /// Takes the form into the rules in force. An entry that is none (a number out of range, no playing square, an unknown
 /// direction) is marked and told in a message, and false comes back: values copied before it stay.
-bool ApplyVariant(Session& session, const VariantsForm& form, bool includeFriends,
+bool ApplyVariant(Session& session, VariantsForm& form, bool includeFriends,
                   const std::function<void(VariantsBox)>& mark);
 
 } // namespace tavlon12

@@ -179,6 +179,8 @@ INSTANTIATE_TEST_SUITE_P(
                  "3 Kings versus 1 King"},
         DrawCase{"TwoKings", "TwoKings=1 | NumberKings2=5", "W: Ka1 Kh2; B: Kbb", [](UserSettings&) {}, 10,
                  "2 Kings versus 1 King"},
+        DrawCase{"TwoKingsForEver", "TwoKings=1 | NumberKings2=2000000000", "W: Ka1 Kh2; B: Kbb", [](UserSettings&) {},
+                 0, ""},
         DrawCase{"AManStopsTheCount", "TwoKings=1 | NumberKings2=5", "W: Ka1 e1 g1; B: Kbb", [](UserSettings&) {}, 0,
                  ""}),
     kNameOfCase);

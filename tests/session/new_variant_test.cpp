@@ -91,6 +91,35 @@ TEST(NewVariant, CancelKeepsWhatAPickHasRead) {
     EXPECT_EQ(fixture.Game.Variant.VariantFile, "Test");
 }
 
+TEST(VariantPicked, AFlagThatIsNotNamedStaysInForceAndIsDefinedByItsDefault) {
+    ProgramFolder folder;
+    folder.WriteVariant("A", "AntiMode=1\r\nKingWin=1\r\n");
+    WriteFile(folder.Path / "variants" / "B.ini", "Title\r\nEND\r\n");
+    SessionFixture fixture(folder.Path);
+    fixture.Screen.UseVariants = [](VariantsForm form, const VariantsEvents& events) {
+        for (const char* name : {"A", "B"}) events.PickVariant(form, name);
+    };
+    NewVariant(fixture.Game);
+    const RuleSet& rules = fixture.Pos->Rules;
+    const RuleSet& defined = fixture.Game.Variant.DefinedRules;
+    EXPECT_EQ(std::pair(rules.KingWin, defined.KingWin), std::pair(Byte{1}, Byte{0}));
+    EXPECT_EQ(std::pair(rules.AntiMode, defined.AntiMode), std::pair(Byte{1}, Byte{1}));
+    EXPECT_EQ(fixture.Screen.Texts[Control::Label8], "B (M)");
+}
+
+TEST(ApplyVariant, ASidewaysStepOpensAllSquares) {
+    SessionFixture fixture;
+    ASSERT_TRUE(ResetGame(fixture.Game));
+    VariantsForm form = FormOfRules(fixture.Game);
+    const auto apply = [&] { return ApplyVariant(fixture.Game, form, false, [](VariantsBox) {}); };
+    form.Values["WhiteManMovement"] = {"N;E;W", "N"};
+    EXPECT_TRUE(form.ColourOpen && apply());
+    EXPECT_FALSE(form.ColourOpen);
+    EXPECT_EQ(fixture.Pos->Rules.PiecesOnBlack, 2);
+    form.Values["PromoW"][0] = "ab";
+    EXPECT_TRUE(apply()) << "a light square";
+}
+
 TEST(NewVariant, BalanceIsThatOfTheSideThatBegins) {
     const std::string setup = "Setup=" + std::string(24, '0') + "1111" + std::string(80, '0') + "22\r\n";
     for (Long blackStarts : {0, 1}) {

@@ -252,7 +252,9 @@ private slots:
             ClickOn(link);
             QVERIFY(!link.font().underline());
         };
-        game.Game.Variant.Texts = {"<b>&Jump</b>", "a document", ""};
+        const std::filesystem::path document = game.Folder.Path / "docs" / "rules.html";
+        WriteFile(document, "");
+        game.Game.Variant.Texts = {"<b>&Jump</b>", "docs\\rules.html", ""};
         game.Key(Qt::Key_F1);
         for (const char* link : {"", "https://rules.example"}) {
             game.Game.Variant.Texts.HelpLink = link;
@@ -270,8 +272,9 @@ private slots:
             click(dialog, "Label10");
             ClickOn(dialog, "cmdOK");
         }));
-        QCOMPARE(opened, (std::vector<std::string>{"a document", "https://rules.example", "https://tavlon12.example",
-                                                   "mailto:tavlon12team@tavlon12.example"}));
+        QCOMPARE(opened,
+                 (std::vector<std::string>{document.string(), "https://rules.example", "https://tavlon12.example",
+                                           "mailto:tavlon12team@tavlon12.example"}));
     }
 };
 

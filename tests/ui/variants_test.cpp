@@ -214,6 +214,10 @@ private slots:
             ClickOn(dialog, "Option1");
             QVERIFY(IsOn(dialog, "Check3"));
             QVERIFY(Find(dialog, "Check3").isEnabled());
+            QTest::keyClick(&list, Qt::Key_End);
+            const QString last = list.currentText();
+            ClickOn(dialog, "Option1");
+            QCOMPARE(list.currentText(), last);
             dialog.activateWindow();
             QTest::keyClick(dialog.windowHandle(), Qt::Key_U, Qt::AltModifier);
             QTRY_COMPARE(list.currentText(), "Zoo");

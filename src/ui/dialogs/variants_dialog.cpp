@@ -497,12 +497,14 @@ void VariantsDialog::Grey() {
 
 bool VariantsDialog::Apply(bool includeFriends) {
     ReadForm();
-    return Events.Apply(Form, includeFriends, [this](VariantsBox box) {
+    const bool applied = Events.Apply(Form, includeFriends, [this](VariantsBox box) {
         EntryField* field = Fields.at(box.Key)[box.Index];
         field->setFocus();
         field->deselect();
         field->SetWrong(true);
     });
+    Grey();
+    return applied;
 }
 
 void VariantsDialog::Act(const std::function<void(VariantsForm&)>& procedure) {
