@@ -58,6 +58,11 @@ void GoOnAfterMove(Session& session, MovePath path) {
     }
 }
 
+/// An ended game takes no move.
+void ShowEndAgain(Session& session) {
+    session.Port.Status.SetStatusText(1, session.Game.EndText);
+}
+
 } // namespace
 
 void CommitHumanMove(Session& session, const MadeMove& made, MovePath path) {
@@ -93,7 +98,7 @@ void SubmitTypedMove(Session& session) {
     const std::string text = fields.GetText(Control::Text2);
     fields.SetText(Control::Text2, "");
     if (session.Game.GameOver) {
-        session.Port.Status.SetStatusText(1, session.Game.EndText);
+        ShowEndAgain(session);
         return;
     }
     const MoveAnswer answer = InputSquares(session, SquaresOfTypedText(session, text));
@@ -129,6 +134,10 @@ void ClickCandidateMove(Session& session) {
     if (candidate.From == kNotFilled) return;
     // The candidates are those of the computer's last move, which is taken back, or those of an analysis.
     const bool takesBack = session.Pos.Tree.TreeIndex > session.Thought.RootIndex;
+    if (!takesBack && session.Game.GameOver) {
+        ShowEndAgain(session);
+        return;
+    }
     if (takesBack) GoToMove(session, 1, true, false);
     const MoveAnswer answer = InputSquares(session, {candidate.From, candidate.To});
     if (const auto* refusal = std::get_if<Refusal>(&answer)) {

@@ -37,7 +37,10 @@ void ShowWithOptions(Session& session, const std::string& skinBefore) {
     if (session.Settings.SkinName != skinBefore) {
         session.Port.Board.LoadSkin();
         if (session.Quitting) return;
+        StatusPort& status = session.Port.Status;
+        const std::string shown = status.GetStatusText(1); // which the layout empties
         session.Port.Board.LayoutWindow();
+        status.SetStatusText(1, shown);
         DrawBoard(session, 0);
     }
     ShowStrengthLine(session);

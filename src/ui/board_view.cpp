@@ -202,7 +202,8 @@ void BoardView::mousePressEvent(QMouseEvent* event) {
         Game.Input.RightPressed = -1;
     }
     // The pointer may have come here without a move (a touch, a window that opened under it): a press follows a move.
-    if (event->position() != LastPoint) MoveTo(event->position());
+    // Behind the set-up menu presses wait for a move of the mouse.
+    if (event->position() != LastPoint && !Game.Input.AfterPopup) MoveTo(event->position());
     if (PressedView == -1) PressedView = ViewAt(event->position());
     if (PressedView != -1) SquareDown(PressedView, *button);
 }

@@ -66,7 +66,7 @@ QMenu* MakeSetupMenu(QMainWindow& window) {
         }
         QAction* action = menu->addAction(QLatin1String(line.Caption));
         action->setObjectName(QLatin1String(line.Name));
-        action->setCheckable(true);
+        action->setCheckable(line.Id != SetupEntry::ClearBoard);
         action->setData(static_cast<int>(line.Id));
     }
     return menu;

@@ -105,6 +105,7 @@ void MainWindow::LayoutWindow() {
     const QSize whole(geometry.Width, geometry.Height); // with the menu bar, from below which the places are counted
     const bool resized = size() != whole;
     setFixedSize(whole);
+    // A window of the same size stays where the user has moved it.
     if (QScreen* on = screen(); on != nullptr && resized) {
         QRect frame = frameGeometry();
         frame.moveCenter(on->availableGeometry().center());

@@ -104,6 +104,15 @@ TEST(Analysis, ShowsCandidatesThatCanBePlayed) {
     ClickCandidateMove(game);
     ASSERT_EQ(fixture.Screen.List(ListId::List1).Lines.size(), 2u) << "the move, and the computer's answer";
     EXPECT_EQ(fixture.Screen.List(ListId::List1).Lines[0], "   1. " + best);
+
+    AnalyzeCommand(game);
+    Resign(game);
+    const std::string end = fixture.Screen.Status[1];
+    fixture.Screen.Status[1] = "";
+    fixture.Screen.List(ListId::List3).Selected = 0;
+    ClickCandidateMove(game);
+    EXPECT_EQ(fixture.Pos->Tree.TreeIndex, 2) << "the game is over";
+    EXPECT_EQ(fixture.Screen.Status[1], end);
 }
 
 TEST(Analysis, SaysHowTheGameStands) {

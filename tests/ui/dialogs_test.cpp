@@ -198,6 +198,7 @@ private slots:
         GameWindow game;
         WriteFile(game.Folder.Path / "skins" / "Oak.ini", "dark_square=no.png\r\nEND\r\n");
         const QSize small = game.Window->size();
+        game.Window->Panel.StatusPanels[0]->setText(QStringLiteral("White moves"));
         QVERIFY(UseOptions(game, [&](QDialog& dialog) {
             Find<QTabWidget>(dialog, "tbsOptions").setCurrentIndex(1);
             auto& list = Find<QComboBox>(dialog, "Combo1");
@@ -210,6 +211,7 @@ private slots:
             QCOMPARE(game.Window->size(), small);
             QTest::keyClick(&dialog, Qt::Key_Escape);
         }));
+        QCOMPARE(game.Status(), "White moves");
         QVERIFY(game.Window->width() > small.width());
         QVERIFY(game.Boxes.Seen.empty());
     }

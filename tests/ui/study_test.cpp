@@ -70,6 +70,10 @@ private slots:
         SetUp(game, "j8", "mnu_PopUp_BlackKing");
         SetUp(game, "j8", "nothing");
         SetUp(game, "a1", "WhiteM");
+        // The pointer stands where the menu was: a press before it moves is none.
+        QTest::mouseClick(game.Window->Board, Qt::LeftButton, {},
+                          game.Window->Board->SquareRect(game.ViewOf("j8")).center());
+        QVERIFY(game.Boxes.Seen.empty());
         QCOMPARE(game.Cell("c3"), kMan);
         QCOMPARE(game.Cell("j8"), -kKing);
         QVERIFY(game.Window->Panel.Labels[8]->text().endsWith(QStringLiteral(" (M)")));
