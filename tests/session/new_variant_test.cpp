@@ -93,11 +93,12 @@ TEST(NewVariant, CancelKeepsWhatAPickHasRead) {
 
 TEST(VariantPicked, AFlagThatIsNotNamedStaysInForceAndIsDefinedByItsDefault) {
     ProgramFolder folder;
-    folder.WriteVariant("A", "AntiMode=1\r\nKingWin=1\r\n");
+    folder.WriteVariant("A", "AntiMode=1\r\nKingWin=1\r\nWhiteKingMovement=E E\r\n");
     WriteFile(folder.Path / "variants" / "B.ini", "Title\r\nEND\r\n");
     SessionFixture fixture(folder.Path);
     fixture.Screen.UseVariants = [](VariantsForm form, const VariantsEvents& events) {
         for (const char* name : {"A", "B"}) events.PickVariant(form, name);
+        EXPECT_FALSE(form.ColourOpen) << "kings move sideways";
     };
     NewVariant(fixture.Game);
     const RuleSet& rules = fixture.Pos->Rules;

@@ -218,6 +218,9 @@ private slots:
             const QString last = list.currentText();
             ClickOn(dialog, "Option1");
             QCOMPARE(list.currentText(), last);
+            Type(dialog, "Text2(0)", "N;W;E");
+            ClickOn(dialog, "Variantsapply");
+            QVERIFY(!Find(dialog, "Check3").isEnabled());
             dialog.activateWindow();
             QTest::keyClick(dialog.windowHandle(), Qt::Key_U, Qt::AltModifier);
             QTRY_COMPARE(list.currentText(), "Zoo");
