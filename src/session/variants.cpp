@@ -95,6 +95,18 @@ bool IsColourOpen(const RuleSet& rules) {
     return rules.PiecesOnBlack != 2;
 }
 
+/// The promotion squares in the form move onto the colour that is played on.
+void MovePromotions(VariantsForm& form, Byte piecesOnBlack) {
+    for (const RuleMember member : {RuleMember(&RuleSet::PromoW), RuleMember(&RuleSet::PromoB)}) {
+        for (std::string& text : TextsOf(form, member)) {
+            const Long square = SquareOfText(text);
+            if (square == 0) continue;
+            const Long moved = square + SquareColourShift(square, piecesOnBlack).Shift;
+            text = SquareNotation(moved, Padding::Blank, kAlgebraic);
+        }
+    }
+}
+
 /// Flags and numbers. The box of a colour rule that does not apply keeps its value.
 void ShowNumbers(VariantsForm& form, const RuleSet& rules) {
     form.ColourOpen = IsColourOpen(rules);
@@ -206,14 +218,7 @@ void FolderPicked(Session& session, VariantsForm& form, Long useClassic) {
 void ColourPicked(Session& session, VariantsForm& form, bool bottomLeftPlayed) {
     RuleSet& rules = session.Pos.Rules;
     rules.PiecesOnBlack = session.Variant.DefinedRules.PiecesOnBlack = bottomLeftPlayed ? 1 : 0;
-    for (const RuleMember member : {RuleMember(&RuleSet::PromoW), RuleMember(&RuleSet::PromoB)}) {
-        for (std::string& text : TextsOf(form, member)) {
-            const Long square = SquareOfText(text);
-            if (square == 0) continue;
-            const Long moved = square + SquareColourShift(square, rules.PiecesOnBlack).Shift;
-            text = SquareNotation(moved, Padding::Blank, kAlgebraic);
-        }
-    }
+    MovePromotions(form, rules.PiecesOnBlack);
 }
 
 void RandomRules(Session& session, VariantsForm& form) {
@@ -227,6 +232,7 @@ void RandomRules(Session& session, VariantsForm& form) {
         rules.*member = static_cast<Byte>(std::uniform_int_distribution(1, most)(random));
     }
     ShowNumbers(form, rules);
+    if (form.ColourOpen) MovePromotions(form, rules.PiecesOnBlack);
 }
 
 bool ApplyVariant(Session& session, VariantsForm& form, bool includeFriends,

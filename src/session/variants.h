@@ -25,7 +25,7 @@ void FolderPicked(Session& session, VariantsForm& form, Long useClassic);
 /// The pick of the colour that is played on: the promotion squares move onto it.
 void ColourPicked(Session& session, VariantsForm& form, bool bottomLeftPlayed);
 
-/// Draws flags and counts at random.
+/// Draws flags and counts at random. The promotion squares in the form move onto the colour that is drawn.
 void RandomRules(Session& session, VariantsForm& form);
 
 /// Takes the form into the rules in force. An entry that is none (a number out of range, no playing square, an unknown

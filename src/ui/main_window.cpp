@@ -68,10 +68,10 @@ void MainWindow::ConnectBoardMouse() {
 
 void MainWindow::ConnectPanel() {
     Panel.List1->Clicked = Panel.List1->Entered = [this] { RunInput(GoToSelectedLine); };
-    Panel.List2->Clicked = [this] {
+    Panel.List2->Clicked = Panel.List2->Entered = [this] {
         if (Panel.List2->currentRow() >= 0) RunInput(ClickLegalMove);
     };
-    Panel.List3->Clicked = [this] {
+    Panel.List3->Clicked = Panel.List3->Entered = [this] {
         if (Panel.List3->currentRow() >= 0) RunInput(ClickCandidateMove);
     };
     const auto submit = [this] { RunInput(SubmitTypedMove); };

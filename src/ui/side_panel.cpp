@@ -72,17 +72,19 @@ GameList* MakeList(QWidget* client, const QString& name, const QString& tip) {
 
 void MakeLists(SidePanel& panel, QWidget* client) {
     panel.List1 = MakeList(client, QStringLiteral("List1"),
-                           QStringLiteral("The game. A click goes to the position after the move."));
-    panel.List2 = MakeList(client, QStringLiteral("List2"), QStringLiteral("The legal moves. A click plays the move."));
-    panel.List3 = MakeList(client, QStringLiteral("List3"),
-                           QStringLiteral("The computer's candidates with their values. A click plays one instead."));
+                           QStringLiteral("The game. A click, or Enter, goes to the position after the move."));
+    panel.List2 = MakeList(client, QStringLiteral("List2"),
+                           QStringLiteral("The legal moves. A click, or Enter, plays the move."));
+    panel.List3 =
+        MakeList(client, QStringLiteral("List3"),
+                 QStringLiteral("The computer's candidates with their values. A click, or Enter, plays one instead."));
 }
 
 void MakeFields(SidePanel& panel, QWidget* client) {
     panel.Text2 = Named(new QLineEdit(client), QStringLiteral("Text2"));
     panel.Text2->setPlaceholderText(QStringLiteral("Type a move"));
     panel.Command1 = Named(new QPushButton(QStringLiteral("Move"), client), QStringLiteral("Command1"));
-    panel.Text1 = Named(new QPlainTextEdit(client), QStringLiteral("Text1"));
+    panel.Text1 = Named(new TextField(client), QStringLiteral("Text1"));
     panel.Text1->setPlaceholderText(QStringLiteral("Comment"));
     panel.Text1->setTabChangesFocus(true);
     panel.Text1->setStyleSheet(Framed("QPlainTextEdit", 0));
@@ -100,7 +102,7 @@ void MakeStatusPanels(SidePanel& panel, QStatusBar& statusBar) {
     statusBar.setObjectName(QStringLiteral("StatusBar1"));
     statusBar.setSizeGripEnabled(false);
     for (std::size_t i = 0; i < panel.StatusPanels.size(); ++i) {
-        QLabel* label = panel.StatusPanels[i] = Named(new QLabel, QStringLiteral("StatusPanel%1").arg(i + 1));
+        QLabel* label = panel.StatusPanels[i] = Named(new ShortLabel, QStringLiteral("StatusPanel%1").arg(i + 1));
         label->setTextFormat(Qt::PlainText);
         label->setContentsMargins(6, 0, 6, 2);
         statusBar.addWidget(label, i == 0 ? 1 : 0);

@@ -109,6 +109,11 @@ void PlyValueWindow::ShowTable(const std::function<std::string(Long)>& table) {
     Sort(Combo1->currentIndex());
 }
 
+void PlyValueWindow::reject() {
+    Command2->click();
+    QDialog::reject();
+}
+
 void PlyValueWindow::Sort(int order) {
     if (Table) Text1->setPlainText(Shown(Table(order)));
 }

@@ -27,6 +27,9 @@ public:
     QLabel* SearchLine;
     QProgressBar* Progress;
 
+    /// Esc or the title bar: what the window works on ends too.
+    void reject() override;
+
 private:
     void PrepareControls();
     void LayOut();

@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -31,6 +32,10 @@ void GameList::keyPressEvent(QKeyEvent* event) {
         return;
     }
     Entered();
+}
+
+void TextField::insertFromMimeData(const QMimeData* source) {
+    if (source != nullptr && source->hasText()) QPlainTextEdit::insertFromMimeData(source);
 }
 
 void ShortLabel::paintEvent(QPaintEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QSvgRenderer>
 
 #include <functional>
@@ -24,6 +25,16 @@ protected:
 
 private:
     bool PressCounts = false; ///< the button that is down may choose a line
+};
+
+/// A field of several lines. What is pasted or dropped is text or nothing: the toolkit's own field crashes when it is
+/// given nothing.
+class TextField : public QPlainTextEdit {
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+protected:
+    void insertFromMimeData(const QMimeData* source) override;
 };
 
 /// A label that ends a text too long for it in "...", and tells the whole in its tool tip.

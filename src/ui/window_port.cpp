@@ -220,7 +220,11 @@ void ConnectTime(TimePort& port, const Session& game, EventPump& pump) {
 }
 
 void ConnectFiles(FilePort& port, QMainWindow& window) {
-    port.ChooseFile = [&window](const FileQuestion& question) { return ChooseFile(&window, question); };
+    port.ChooseFile = [&window, folder = std::filesystem::path()](const FileQuestion& question) mutable {
+        const std::filesystem::path file = ChooseFile(&window, question, folder);
+        if (!file.empty()) folder = file.parent_path();
+        return file;
+    };
     port.PlaySound = [&window](const std::filesystem::path& file) { PlayWave(window, file); };
     port.OpenDocument = [](const std::string& address) {
         QDesktopServices::openUrl(QUrl::fromUserInput(Shown(address)));

@@ -247,6 +247,16 @@ TEST(ColourPicked, MovesThePromotionSquaresOntoTheColour) {
     EXPECT_EQ(form.Values.at("PromoB"), before.at("PromoB"));
 }
 
+TEST(RandomRules, CanBeTakenOver) {
+    SessionFixture fixture;
+    ASSERT_TRUE(ResetGame(fixture.Game));
+    VariantsForm form = FormOfRules(fixture.Game);
+    for (int round = 0; round < 20; ++round) {
+        RandomRules(fixture.Game, form);
+        EXPECT_TRUE(ApplyVariant(fixture.Game, form, true, [](VariantsBox) {}));
+    }
+}
+
 TEST(RandomRules, DrawsInItsOrder) {
     for (const char* rules : {"PiecesOnBlack=1", "PiecesOnBlack=2 | MulJumps=0 | NumberPieces=5"}) {
         SessionFixture fixture;

@@ -169,6 +169,8 @@ private slots:
                 QVERIFY(Find<QCheckBox>(dialog, box).isChecked());
                 QVERIFY(Find<QCheckBox>(dialog, "Check1").isChecked() != Find<QCheckBox>(dialog, "Check2").isChecked());
             }
+            QTest::keyClick(dialog.windowHandle(), Qt::Key_D, Qt::AltModifier);
+            QTRY_VERIFY(Find<QCheckBox>(dialog, "Check1").isChecked()); // its slider was grey
             QTest::keyClick(&dialog, Qt::Key_Escape);
         }));
     }

@@ -44,7 +44,7 @@ private slots:
         game.ClickButton("New Game");
         QCOMPARE(game.Boxes.Seen.size(), 1u); // whether to quit the game
         {
-            const DialogUser user = Choose(file);
+            const DialogUser user = Choose("club.tvl"); // where the last file was
             game.ClickButton("Open");
         }
         QCOMPARE(game.Lines(*game.Window->Panel.List1), lines);

@@ -31,7 +31,8 @@ private slots:
         QCOMPARE(game.Window->Panel.List2->count(), 11);
         game.Click(game.PointOf(*game.Window->Panel.List2, QPoint(20, 380)));
         QCOMPARE(game.Window->Panel.List1->count(), 1);
-        game.ClickLine(*game.Window->Panel.List2, 0);
+        QTest::keyClick(game.Window->Panel.List2, Qt::Key_Home);
+        QTest::keyClick(game.Window->Panel.List2, Qt::Key_Return);
         QCOMPARE(game.Window->Panel.List1->count(), 2);
     }
 

@@ -1,6 +1,7 @@
 #include "support.h"
 
 #include <QClipboard>
+#include <QMimeData>
 #include <QWindow>
 
 using namespace tavlon12;
@@ -118,6 +119,8 @@ private slots:
             auto* widget = game.Window->findChild<QWidget*>(QLatin1String(field));
             auto text = [&] { return widget->property(widget == game.Window->Panel.Text2 ? "text" : "plainText"); };
             game.Click(game.PointOf(*widget, QPoint(30, 10)));
+            QApplication::clipboard()->setMimeData(new QMimeData); // nothing to paste
+            game.Key(Qt::Key_V, Qt::ControlModifier);
             for (char letter : std::string("abc")) QTest::keyClick(game.Window->windowHandle(), letter);
             for (Qt::Key key : {Qt::Key_A, Qt::Key_C}) game.Key(key, Qt::ControlModifier);
             QCOMPARE(QApplication::clipboard()->text(), "abc");

@@ -27,13 +27,14 @@ QString EndingOf(const QString& filter) {
 
 } // namespace
 
-std::filesystem::path ChooseFile(QWidget* parent, const FileQuestion& question) {
-    QFileDialog dialog(parent, Shown(question.Title));
+std::filesystem::path ChooseFile(QWidget* parent, const FileQuestion& question, const std::filesystem::path& folder) {
+    QFileDialog dialog(parent, Shown(question.Title), QString::fromStdString(folder.string()));
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setNameFilters(FiltersOf(question.Filter));
     dialog.setAcceptMode(question.ToSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::AnyFile);            // the game answers a name that does not exist itself
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the game asks itself, and adds to a file of games
+    if (question.ToSave) dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Save in:"));
     const auto follow = [&dialog](const QString& filter) { dialog.setDefaultSuffix(EndingOf(filter)); };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     follow(dialog.nameFilters().value(0));

@@ -335,6 +335,8 @@ void OptionsDialog::AddSlider(FrameGrid& grid, const OptionControl& control) {
         places->addWidget(mark, 1);
     }
     QLabel* label = *control.Label != '\0' ? LabelOf(control, slider) : nullptr;
+    // The key of the label turns the slider on, which is grey while it is off.
+    if (LastSwitch != nullptr) LastSwitch->setShortcut(QKeySequence::mnemonic(Text(setting.Caption)));
     grid.AddSlider(LastSwitch, label, *slider, *value, *marks);
     LastSwitch = nullptr;
 }

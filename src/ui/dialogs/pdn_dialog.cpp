@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* kColumns[] = {"Event", "Date",  "Black", "White",    "Result",
                                     "Site",  "Setup", "Eco",   "BlackElo", "WhiteElo"};
-constexpr int kColumnWidths[] = {150, 80, 120, 120, 70, 110, 50, 50, 65, 65};
+constexpr int kWidestColumn = 120;
 
 /// The rows of the chooser as the toolkit asks for them.
 class GamesModel : public QAbstractTableModel {
@@ -65,9 +65,13 @@ QTreeView* MakeList(QSortFilterProxyModel& proxy) {
     list->setAllColumnsShowFocus(true);
     list->header()->setSortIndicator(-1, Qt::AscendingOrder);
     list->setSortingEnabled(true);
-    for (int column = 0; column < static_cast<int>(std::size(kColumnWidths)); ++column) {
-        list->setColumnWidth(column, kColumnWidths[column]);
+    // The event takes what the others leave: it alone may be long.
+    for (int column = 1; column < static_cast<int>(std::size(kColumns)); ++column) {
+        list->resizeColumnToContents(column);
+        list->setColumnWidth(column, std::min(list->columnWidth(column), kWidestColumn));
     }
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     return list;
 }
 
@@ -107,7 +111,7 @@ std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& choose
     QDialog dialog(parent);
     dialog.setObjectName(QStringLiteral("dlgPDN"));
     dialog.setWindowTitle(Shown(chooser.Title));
-    dialog.resize(860, 480);
+    dialog.resize(960, 480);
 
     GamesModel games(chooser);
     QSortFilterProxyModel proxy;

@@ -454,7 +454,10 @@ void VariantsDialog::ShowList() {
 
 void VariantsDialog::ShowForm() {
     for (const auto& [key, fields] : Fields) {
-        for (std::size_t i = 0; i < fields.size(); ++i) fields[i]->setText(Shown(Form.Values.at(key)[i]));
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            fields[i]->setText(Shown(Form.Values.at(key)[i]));
+            fields[i]->setCursorPosition(0); // of a long text its start is seen
+        }
     }
     for (const VariantControl& control : kControls) {
         if (control.Label != nullptr) continue;
