@@ -66,9 +66,11 @@ QColor LineColour() {
 }
 
 QString Framed(const char* widget, int radius) {
-    return QStringLiteral("%1 { background: %2; border: 1px solid %3; border-radius: %4px; }")
+    return QStringLiteral("%1 { background: %2; border: 1px solid %3; border-radius: %4px; }"
+                          "%1:focus { border-color: %5; }")
         .arg(QLatin1String(widget), kPaper.name(), kLine.name())
-        .arg(radius);
+        .arg(radius)
+        .arg(kAccent.name());
 }
 
 QString ProgressStyle() {

@@ -19,7 +19,8 @@ QFont FontOfSize(int pixels, bool fixedPitch = false);
 /// The colour of frames and of the lines between groups.
 QColor LineColour();
 
-/// The style sheet of a kind of widget as paper with a thin frame that is whole at any scale factor.
+/// The style sheet of a kind of widget as paper with a thin frame that is whole at any scale factor,
+/// and darker while the keys go there.
 QString Framed(const char* widget, int radius);
 
 /// The style sheet of the progress bar.

@@ -16,9 +16,14 @@ QString Spoken(std::string_view caption) {
     return Text(caption).remove(QLatin1Char('&')).remove(QLatin1Char(':')).trimmed();
 }
 
-// On a screen that is too small the title bar stays in reach.
 void RunCentred(QDialog& dialog) {
     dialog.adjustSize();
+    RunCentred(dialog, dialog.size());
+}
+
+// On a screen that is too small the title bar stays in reach.
+void RunCentred(QDialog& dialog, const QSize& size) {
+    dialog.resize(size);
     QRect place(QPoint(), dialog.size());
     place.moveCenter(dialog.screen()->geometry().center());
     const QRect usable = dialog.screen()->availableGeometry();

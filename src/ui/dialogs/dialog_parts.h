@@ -9,8 +9,10 @@
 
 namespace tavlon12 {
 
-/// Shows a dialog in the middle of the screen and waits until it is closed.
+/// Shows a dialog in the middle of the screen, as large as its controls ask for or of a size, and waits until it is
+/// closed.
 void RunCentred(QDialog& dialog);
+void RunCentred(QDialog& dialog, const QSize& size);
 
 QString Text(std::string_view text);
 

@@ -1,5 +1,6 @@
 #include "ui/dialogs/pdn_dialog.h"
 
+#include "ui/dialogs/dialog_parts.h"
 #include "ui/dialogs/line_list.h"
 #include "ui/shown_text.h"
 
@@ -21,6 +22,7 @@ namespace {
 constexpr const char* kColumns[] = {"Event", "Date",  "Black", "White",    "Result",
                                     "Site",  "Setup", "Eco",   "BlackElo", "WhiteElo"};
 constexpr int kWidestColumn = 120;
+constexpr QSize kSize(960, 480);
 
 /// The rows of the chooser as the toolkit asks for them.
 class GamesModel : public QAbstractTableModel {
@@ -111,7 +113,6 @@ std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& choose
     QDialog dialog(parent);
     dialog.setObjectName(QStringLiteral("dlgPDN"));
     dialog.setWindowTitle(Shown(chooser.Title));
-    dialog.resize(960, 480);
 
     GamesModel games(chooser);
     QSortFilterProxyModel proxy;
@@ -119,10 +120,13 @@ std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& choose
     QTreeView* list = MakeList(proxy);
     QComboBox* variants = MakeVariants(chooser);
     QLineEdit* find = MakeFind();
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* ok = AddButton(*buttons, "OKButton", "OK", "Opens the game.", QDialogButtonBox::AcceptRole);
+    AddButton(*buttons, "CancelButton", "Cancel", "Opens no game.", QDialogButtonBox::RejectRole);
+    ok->setDefault(true);
     LayOut(dialog, find, list, variants, buttons);
 
-    const auto follow = [&] { buttons->button(QDialogButtonBox::Ok)->setEnabled(list->currentIndex().isValid()); };
+    const auto follow = [&] { ok->setEnabled(list->currentIndex().isValid()); };
     const auto selectFirst = [&] { list->setCurrentIndex(proxy.index(0, 0)); };
     QObject::connect(find, &QLineEdit::textChanged, &dialog, [&](const QString& text) {
         proxy.setFilterFixedString(text);
@@ -135,7 +139,8 @@ std::optional<PdnChoice> ChoosePdnGame(QWidget* parent, const PdnChooser& choose
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     selectFirst();
     follow();
-    if (dialog.exec() != QDialog::Accepted || !list->currentIndex().isValid()) return std::nullopt;
+    RunCentred(dialog, kSize);
+    if (dialog.result() != QDialog::Accepted || !list->currentIndex().isValid()) return std::nullopt;
     return PdnChoice{proxy.mapToSource(list->currentIndex()).row() + 1, variants->currentIndex()};
 }
 
