@@ -276,10 +276,16 @@ def draw_text(rules):
     return text + "The options of the program can add draws by repetition and by moves without progress."
 
 
+def thinking_text(rules):
+    if words(rules, "WhiteManMovement", False):
+        return ""
+    return "It follows every capture to its end, and here every move is one. Give it ten seconds or more for a move (Options)."
+
+
 def help_paragraphs(entry, rules):
     titled = [("", entry["special"]), ("Start: ", setup_text(rules)), ("Men: ", men_text(rules)), ("Kings: ", king_text(rules)),
               ("Captures: ", capture_text(rules)), ("Promotion: ", promotion_text(rules)), ("Aim: ", aim_text(rules)),
-              ("Draws: ", draw_text(rules)), ("Origin: ", entry["origin"] + ".")]
+              ("Draws: ", draw_text(rules)), ("Computer: ", thinking_text(rules)), ("Origin: ", entry["origin"] + ".")]
     return [title + text for title, text in titled if text]
 
 
