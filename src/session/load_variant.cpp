@@ -16,20 +16,17 @@ std::optional<FileFailure> FailureOf(const std::filesystem::path& file) {
     return std::nullopt;
 }
 
-/// What a definition is read over: of the keys that it does not name some have their defaults, the others the values
-/// of the variant before it.
+/// The flags that a definition need not name: they have their defaults then, as the promotion squares have. Of the
+/// other keys the values of the variant before it stay.
+constexpr Byte RuleSet::*kDefaultedFlags[] = {&RuleSet::MaxCapMove, &RuleSet::MaxCapMoveK, &RuleSet::MaxCapMoveKings,
+                                              &RuleSet::ManCapKing, &RuleSet::CapRequired, &RuleSet::KingCapMove,
+                                              &RuleSet::MulJumps,   &RuleSet::BlackStarts, &RuleSet::WinAtPromo,
+                                              &RuleSet::KingWin};
+
+/// What a definition is read over.
 RuleSet WithDefaults(RuleSet defined) {
     const RuleSet defaults;
-    defined.MaxCapMove = defaults.MaxCapMove;
-    defined.MaxCapMoveK = defaults.MaxCapMoveK;
-    defined.MaxCapMoveKings = defaults.MaxCapMoveKings;
-    defined.ManCapKing = defaults.ManCapKing;
-    defined.CapRequired = defaults.CapRequired;
-    defined.KingCapMove = defaults.KingCapMove;
-    defined.MulJumps = defaults.MulJumps;
-    defined.BlackStarts = defaults.BlackStarts;
-    defined.WinAtPromo = defaults.WinAtPromo;
-    defined.KingWin = defaults.KingWin;
+    for (const auto flag : kDefaultedFlags) defined.*flag = defaults.*flag;
     defined.PromoW = defaults.PromoW;
     defined.PromoB = defaults.PromoB;
     return defined;
@@ -45,8 +42,7 @@ void TakeRules(Position& position, RuleSet&& rules) {
     rules.PromoW = position.Rules.PromoW;
     rules.PromoB = position.Rules.PromoB;
     position.Rules = std::move(rules);
-    position.DirTable = DirectionsOf(position.Rules);
-    RecognizeBoardKind(position);
+    AdoptMovements(position);
 }
 
 } // namespace

@@ -170,8 +170,7 @@ Wrong ApplyMovements(Position& position, VariantsForm& form) {
         rules.*member = halves[1].empty() ? halves[0] : halves[0] + " " + halves[1];
     }
     position.Rules = std::move(rules);
-    position.DirTable = DirectionsOf(position.Rules);
-    RecognizeBoardKind(position);
+    AdoptMovements(position);
     form.ColourOpen = IsColourOpen(position.Rules);
     return std::nullopt;
 }

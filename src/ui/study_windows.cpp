@@ -110,7 +110,7 @@ void PlyValueWindow::ShowTable(const std::function<std::string(Long)>& table) {
 }
 
 void PlyValueWindow::reject() {
-    Command2->click();
+    Command2->click(); // grey, and without effect, when the table is complete
     QDialog::reject();
 }
 
